@@ -1,0 +1,160 @@
+// Renders the pictures: reads an SVG from the resources, puts the tones of the palette in the place
+// of its placeholders and keeps the pixmap. May touch the application's palette and the toolkit's
+// pixmap cache, nothing else.
+#include "platform/controls/Icons.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+#include <algorithm>
+
+// The resources lie in a static library, where the linker drops what nothing refers to. The macro
+// must stand outside of every namespace.
+static void linkResources()
+{
+    Q_INIT_RESOURCE(zendova);
+}
+
+namespace {
+
+struct Tones
+{
+    QColor line;
+    QColor accent;
+    QColor bar;
+};
+
+QColor mix(const QColor &a, const QColor &b, float shareOfB)
+{
+    const auto channel = [shareOfB](float from, float to) { return from + (to - from) * shareOfB; };
+    return QColor::fromRgbF(channel(a.redF(), b.redF()), channel(a.greenF(), b.greenF()),
+                            channel(a.blueF(), b.blueF()));
+}
+
+// A warm accent, because menus and lists put a blue bar behind the picture that is chosen. A light
+// line tone tells a dark desktop, which needs the lighter of the two.
+QColor accentFor(const QColor &line)
+{
+    return line.lightnessF() > 0.5F ? QColor(0xff, 0xa0, 0x4d) : QColor(0xc2, 0x50, 0x0a);
+}
+
+Tones tonesFor(QIcon::Mode mode, const QColor &bar)
+{
+    const QPalette palette = QGuiApplication::palette();
+    const QColor line = palette.color(QPalette::Active, QPalette::ButtonText);
+    const QColor accent = accentFor(line);
+
+    if (mode == QIcon::Selected) {
+        const QColor selected = palette.color(QPalette::Active, QPalette::HighlightedText);
+        const QColor behind = palette.color(QPalette::Active, QPalette::Highlight);
+        return {selected, mix(selected, behind, 0.3F), bar};
+    }
+    if (mode == QIcon::Disabled) {
+        QColor faded = palette.color(QPalette::Disabled, QPalette::ButtonText);
+        // Some themes set one colour for all groups.
+        if (faded == line)
+            faded = mix(line, palette.color(QPalette::Active, QPalette::Button), 0.6F);
+        return {faded, mix(faded, accent, 0.3F), mix(faded, bar, 0.4F)};
+    }
+    return {line, accent, bar};
+}
+
+QByteArray readPicture(const QString &file)
+{
+    linkResources();
+    QFile picture(QStringLiteral(":/icons/") + file);
+    if (!picture.open(QIODevice::ReadOnly))
+        qWarning("The picture %s is missing", qPrintable(file));
+    return picture.readAll();
+}
+
+QPixmap render(const QString &file, const Tones &tones, const QSize &size)
+{
+    QByteArray svg = readPicture(file);
+    svg.replace("#000001", tones.line.name().toLatin1());
+    svg.replace("#000002", tones.accent.name().toLatin1());
+    svg.replace("#000003", tones.bar.name().toLatin1());
+
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    // Whole pixels for the square in the middle, so that strokes stay on the pixel grid.
+    const int side = std::min(size.width(), size.height());
+    const QRect square((size.width() - side) / 2, (size.height() - side) / 2, side, side);
+    QPainter painter(&pixmap);
+    QSvgRenderer(svg).render(&painter, square);
+    return pixmap;
+}
+
+class PictureEngine final : public QIconEngine
+{
+public:
+    explicit PictureEngine(const QString &file, const QColor &bar = Qt::black)
+        : file_(file), bar_(bar)
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatio();
+        QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        picture.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect, picture);
+    }
+
+    // The size is in device pixels.
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
+    {
+        if (size.isEmpty())
+            return {};
+        const Tones tones = tonesFor(mode, bar_);
+        const QString key = QStringLiteral("zendova/%1/%2x%3/%4%5%6")
+                                .arg(file_)
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(tones.line.name(), tones.accent.name(), tones.bar.name());
+        QPixmap picture;
+        if (!QPixmapCache::find(key, &picture)) {
+            picture = render(file_, tones, size);
+            QPixmapCache::insert(key, picture);
+        }
+        return picture;
+    }
+
+    QString key() const override { return QStringLiteral("zendova"); }
+    QIconEngine *clone() const override { return new PictureEngine(*this); }
+
+private:
+    QString file_;
+    QColor bar_;
+};
+
+} // namespace
+
+QIcon Icons::icon(const QString &imageKey)
+{
+    const auto row = std::ranges::find_if(pictures, [&](const Picture &picture) {
+        return imageKey == QLatin1StringView(picture.key);
+    });
+    return row == pictures.end() ? QIcon() : QIcon(new PictureEngine(QLatin1StringView(row->file)));
+}
+
+QIcon Icons::menuPicture(int number)
+{
+    if (number < 1 || number > static_cast<int>(menuPictureKeys.size()))
+        return {};
+    return icon(QLatin1StringView(menuPictureKeys[static_cast<std::size_t>(number - 1)]));
+}
+
+QIcon Icons::colorButton(const QColor &color)
+{
+    return QIcon(new PictureEngine(QStringLiteral("color.svg"), color));
+}
+
+QIcon Icons::application()
+{
+    return QIcon(new PictureEngine(QStringLiteral("zendova.svg")));
+}
