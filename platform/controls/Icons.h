@@ -2,6 +2,9 @@
 // on a grid of 16 by 16, drawn in two placeholder colours that are replaced when it is rendered:
 // #000001 by the line tone, #000002 by the accent. The Color button's has a third, #000003, for the
 // colour it shows. Knows no window and no command.
+//
+// Thin strokes are 1.001 wide in the files, along the middle of a row or column: strokes of one
+// device pixel or less are painted without their joins, and corners come out grey.
 #pragma once
 
 #include <QColor>
@@ -79,16 +82,23 @@ inline constexpr auto pictures = std::to_array<Picture>({
     {"About", "about.svg"},
 });
 
-/// The image keys of the menu pictures 1 to 22; picture n stands at n - 1.
+/// The image keys of the menu pictures 1 to 22; picture n stands at n - 1, and its file in
+/// `pictures`.
+// clang-format off
 inline constexpr std::array<const char *, 22> menuPictureKeys = {
-    "TextFile", "CustomMap", "Cut",     "Copy",    "Paste",   "Find",  "TBFormat", "FMapFormat",
-    "TBCopy",   "TBCut",     "FullScr", "TBPrint", "TBClear", "FB",    "KB",       "Opt",
-    "Help",     "Readme",    "Updates", "Home",    "Mail",    "About",
+    "TextFile", "CustomMap",
+    "Cut", "Copy", "Paste", "Find",
+    "TBFormat", "FMapFormat",
+    "TBCopy", "TBCut", "FullScr", "TBPrint", "TBClear", "FB", "KB", "Opt",
+    "Help", "Readme", "Updates", "Home", "Mail", "About",
 };
+// clang-format on
 
 /// The picture of an image key; a null icon for a key that is not in `pictures`. Icons made here
-/// read their file when they are first painted, and follow the application's palette: a widget
-/// that is painted again after a palette change shows the new colours.
+/// read their file when they are first painted, and follow the application's palette (`ButtonText`,
+/// its Disabled group, and `HighlightedText` for a selected row of a list): a widget that is
+/// painted again after a palette change shows the new colours. Crisp at multiples of 16 device
+/// pixels.
 QIcon icon(const QString &imageKey);
 
 /// The picture of menu picture `number`, 1 to 22; a null icon for any other number.

@@ -2,20 +2,23 @@
 // Touches the palette of the application and puts it back.
 #include "platform/controls/Icons.h"
 
-#include <QFile>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QHash>
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QSvgRenderer>
 #include <QTest>
+#include <QToolButton>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 const QColor lightFace(0xf0, 0xf0, 0xf0);
+const QColor lightLine(0x20, 0x20, 0x20);
 const QColor darkFace(0x2d, 0x2d, 0x2d);
+const QColor darkLine(0xe6, 0xe6, 0xe6);
 
 QPalette desktop(const QColor &face, const QColor &text, const QColor &faded)
 {
@@ -30,14 +33,12 @@ QPalette desktop(const QColor &face, const QColor &text, const QColor &faded)
 
 void useLightDesktop()
 {
-    QGuiApplication::setPalette(
-        desktop(lightFace, QColor(0x20, 0x20, 0x20), QColor(0xb0, 0xb0, 0xb0)));
+    QApplication::setPalette(desktop(lightFace, lightLine, QColor(0xb0, 0xb0, 0xb0)));
 }
 
 void useDarkDesktop()
 {
-    QGuiApplication::setPalette(
-        desktop(darkFace, QColor(0xe6, 0xe6, 0xe6), QColor(0x70, 0x70, 0x70)));
+    QApplication::setPalette(desktop(darkFace, darkLine, QColor(0x70, 0x70, 0x70)));
 }
 
 QImage imageOf(const QPixmap &pixmap)
@@ -52,23 +53,26 @@ QImage draw(const QIcon &icon, int size = 16, QIcon::Mode mode = QIcon::Normal)
     return imageOf(icon.pixmap(QSize(size, size), 1.0, mode));
 }
 
+QList<QColor> pixelsOf(const QImage &image)
+{
+    QList<QColor> pixels;
+    for (int i = 0; i < image.width() * image.height(); ++i)
+        pixels << image.pixelColor(i % image.width(), i / image.width());
+    return pixels;
+}
+
+qsizetype countOf(const QImage &image, const QColor &color)
+{
+    return pixelsOf(image).count(color);
+}
+
 // The share of pixels with any ink.
 double inkShare(const QImage &image)
 {
-    int inked = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            inked += qAlpha(image.pixel(x, y)) > 40 ? 1 : 0;
-    return double(inked) / (image.width() * image.height());
-}
-
-int countOf(const QImage &image, const QColor &color)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixelColor(x, y) == color ? 1 : 0;
-    return count;
+    const QList<QColor> pixels = pixelsOf(image);
+    const auto inked =
+        std::ranges::count_if(pixels, [](auto &pixel) { return pixel.alpha() > 40; });
+    return double(inked) / double(pixels.size());
 }
 
 // The contrast ratio of WCAG 2 between two opaque colours, 1 to 21.
@@ -90,10 +94,9 @@ double contrast(const QColor &a, const QColor &b)
 double leastToneContrast(const QImage &image, const QColor &face)
 {
     double least = 21;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (image.pixelColor(x, y).alpha() == 255)
-                least = std::min(least, contrast(image.pixelColor(x, y), face));
+    for (const QColor &pixel : pixelsOf(image))
+        if (pixel.alpha() == 255)
+            least = std::min(least, contrast(pixel, face));
     return least;
 }
 
@@ -105,15 +108,19 @@ class TestIcons : public QObject
 
 private slots:
     void init() { useLightDesktop(); }
-    void cleanupTestCase() { QGuiApplication::setPalette(QPalette()); }
+    void cleanupTestCase() { QApplication::setPalette(QPalette()); }
 
     void everyKeyHasAPicture_data();
     void everyKeyHasAPicture();
+    void straightStrokesAreCrisp_data();
+    void straightStrokesAreCrisp();
     void noTwoPicturesLookAlike();
     void menuPictures();
     void unknownIsNull();
     void colorButtonShowsTheColour_data();
     void colorButtonShowsTheColour();
+    void disabledShowsOnAThemeOfOneColour();
+    void shownButtonFollowsTheDesktop();
     void denseScreenGetsMorePixels();
     void paintsInTheMiddleOfAWideRectangle();
     void applicationIconKeepsItsColours();
@@ -151,6 +158,24 @@ void TestIcons::everyKeyHasAPicture()
     const QImage dark = draw(icon);
     QVERIFY(dark != light);
     QVERIFY(leastToneContrast(dark, darkFace) >= 3);
+}
+
+void TestIcons::straightStrokesAreCrisp_data()
+{
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"Opt", "KB", "TT", "VCLeft", "TBCopy", "Right", "FMap+", "FMapG"})
+        QTest::newRow(key) << key;
+}
+
+// Every pixel of a picture without curves and slants is painted whole or not at all.
+void TestIcons::straightStrokesAreCrisp()
+{
+    QFETCH(QString, key);
+    for (const int size : {16, 32}) {
+        const QList<QColor> pixels = pixelsOf(draw(Icons::icon(key), size));
+        const auto grey = [](auto &pixel) { return pixel.alpha() > 2 && pixel.alpha() < 253; };
+        QCOMPARE(std::ranges::count_if(pixels, grey), 0);
+    }
 }
 
 void TestIcons::noTwoPicturesLookAlike()
@@ -202,6 +227,31 @@ void TestIcons::colorButtonShowsTheColour()
     useDarkDesktop();
     QVERIFY(countOf(draw(icon), color) >= 24);
     QVERIFY(draw(icon) != draw(Icons::colorButton(QColor(255, 0, 0))));
+}
+
+void TestIcons::disabledShowsOnAThemeOfOneColour()
+{
+    QApplication::setPalette(desktop(darkFace, darkLine, darkLine));
+    const QImage disabled = draw(Icons::icon("Bold"), 16, QIcon::Disabled);
+    QCOMPARE(countOf(disabled, darkLine), 0);
+    QVERIFY(inkShare(disabled) > 0.08);
+}
+
+void TestIcons::shownButtonFollowsTheDesktop()
+{
+    QToolButton button;
+    button.setAutoRaise(true);
+    button.setIcon(Icons::icon("FMapG"));
+    button.setIconSize(QSize(16, 16));
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    QVERIFY(countOf(imageOf(button.grab()), lightLine) >= 48);
+
+    useDarkDesktop();
+    QTRY_VERIFY(countOf(imageOf(button.grab()), darkLine) >= 48);
+
+    button.setEnabled(false);
+    QCOMPARE(countOf(imageOf(button.grab()), darkLine), 0);
 }
 
 void TestIcons::denseScreenGetsMorePixels()
