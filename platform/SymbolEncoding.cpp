@@ -5,6 +5,7 @@
 #include "platform/CodePage.h"
 
 #include <QtEndian>
+#include <algorithm>
 #include <array>
 #include <map>
 #include <vector>
@@ -207,7 +208,7 @@ QByteArray writeCmap(const GlyphMap &glyphs)
 struct Table
 {
     quint32 tag;
-    QByteArray data;
+    QByteArrayView data;
 };
 
 quint32 checksum(QByteArrayView padded)
@@ -218,7 +219,7 @@ quint32 checksum(QByteArrayView padded)
     return sum;
 }
 
-QByteArray writeFont(quint32 version, std::vector<Table> tables)
+QByteArray writeFont(quint32 version, const std::vector<Table> &tables)
 {
     const auto count = static_cast<quint16>(tables.size());
     quint16 power = 0;
@@ -233,18 +234,19 @@ QByteArray writeFont(quint32 version, std::vector<Table> tables)
     QByteArray body;
     qsizetype adjustmentAt = -1;
     const qsizetype bodyAt = directoryHeaderSize + directoryEntrySize * count;
-    for (Table &table : tables) {
-        const auto length = static_cast<quint32>(table.data.size());
-        if (table.tag == tag("head") && length >= 12) {
-            table.data.replace(8, 4, QByteArray(4, '\0'));
+    for (const auto &[name, data] : tables) {
+        const auto length = static_cast<quint32>(data.size());
+        QByteArray padded = data.toByteArray();
+        padded.append((4 - length % 4) % 4, '\0');
+        if (name == tag("head") && length >= 12) {
+            padded.replace(8, 4, QByteArray(4, '\0'));
             adjustmentAt = bodyAt + body.size() + 8;
         }
-        table.data.append((4 - length % 4) % 4, '\0');
-        append(font, table.tag);
-        append(font, checksum(table.data));
+        append(font, name);
+        append(font, checksum(padded));
         append(font, static_cast<quint32>(bodyAt + body.size()));
         append(font, length);
-        body += table.data;
+        body += padded;
     }
     font += body;
     if (adjustmentAt >= 0)
@@ -269,7 +271,6 @@ std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face)
 
     std::vector<Table> tables;
     quint64 copied = 0;
-    bool mapped = false;
     const quint64 count = reader.u16(directory + 4);
     for (quint64 i = 0; i < count; ++i) {
         const quint64 entry = directory + directoryHeaderSize + i * directoryEntrySize;
@@ -279,19 +280,14 @@ std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face)
         if (reader.failed() || !data || (copied += data->size()) > 2 * reader.size())
             return std::nullopt;
         // A signature is of no use on changed data.
-        if (name == tag("DSIG"))
-            continue;
-        if (name != tag("cmap")) {
-            tables.push_back({name, data->toByteArray()});
-            continue;
-        }
-        const auto glyphs = readSymbolGlyphs(*data);
-        if (mapped || !glyphs)
-            return std::nullopt;
-        tables.push_back({name, writeCmap(*glyphs)});
-        mapped = true;
+        if (name != tag("DSIG"))
+            tables.push_back({name, *data});
     }
-    if (!mapped || reader.failed())
+    const auto cmap = std::ranges::find(tables, tag("cmap"), &Table::tag);
+    const auto glyphs = cmap == tables.end() ? std::nullopt : readSymbolGlyphs(cmap->data);
+    if (!glyphs)
         return std::nullopt;
-    return writeFont(version, std::move(tables));
+    const QByteArray ownCmap = writeCmap(*glyphs);
+    cmap->data = ownCmap;
+    return writeFont(version, tables);
 }
