@@ -1,0 +1,86 @@
+// Code page 1252 by its one irregular stretch, 80 to 9F hex, and the fitting of other text to it.
+#include "platform/CodePage.h"
+
+#include <QList>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int firstIrregular = 0x80;
+
+/// Codes 80 to 9F hex; all others are the characters of the same number.
+constexpr std::array<char16_t, 32> irregular = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+/// What stands for a character in the page: itself, or what is left of its decomposition without
+/// the accents. Taken step by step, so that "ǖ" becomes "ü" and not "u". Empty if there is nothing.
+QString spelling(char32_t character)
+{
+    if (const auto code = CodePage::toCode(character))
+        return CodePage::toUnicode(*code);
+    QString result;
+    for (const char32_t part : QChar::decomposition(character).toUcs4()) {
+        if (QChar::isMark(part))
+            continue;
+        const QString partSpelling = spelling(part);
+        if (partSpelling.isEmpty())
+            return {};
+        result += partSpelling;
+    }
+    return result;
+}
+
+} // namespace
+
+QChar CodePage::toUnicode(quint8 code)
+{
+    const unsigned place = code - unsigned(firstIrregular);
+    return place < irregular.size() ? QChar(irregular[place]) : QChar(code);
+}
+
+std::optional<quint8> CodePage::toCode(char32_t character)
+{
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF))
+        return static_cast<quint8>(character);
+    const auto found = std::ranges::find(irregular, character);
+    if (found == irregular.end())
+        return std::nullopt;
+    return static_cast<quint8>(firstIrregular + (found - irregular.begin()));
+}
+
+QString CodePage::fromBytes(QByteArrayView bytes)
+{
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::ranges::transform(bytes, text.begin(),
+                           [](char byte) { return toUnicode(static_cast<quint8>(byte)); });
+    return text;
+}
+
+QByteArray CodePage::toBytes(QStringView text)
+{
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        bytes += static_cast<char>(toCode(text[i].unicode()).value_or('?'));
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i;
+    }
+    return bytes;
+}
+
+QString CodePage::fit(QStringView text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const char32_t character :
+         text.toString().normalized(QString::NormalizationForm_C).toUcs4()) {
+        if (QChar::isMark(character) && !result.isEmpty())
+            continue;
+        const QString fitting = spelling(character);
+        result += fitting.isEmpty() ? QStringLiteral("?") : fitting;
+    }
+    return result;
+}

@@ -1,0 +1,486 @@
+// Reads fontconfig's rows (one a face), groups them by family, picks the few that the toolkit is to
+// know from the start, and adds others to the toolkit when they are asked for.
+#include "platform/FontCatalog.h"
+
+#include "platform/SymbolEncoding.h"
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QStringList>
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <set>
+#include <tuple>
+
+namespace {
+
+FontCatalog *currentCatalog = nullptr;
+
+template<typename T, void (*destroy)(T *)>
+struct Destroyer
+{
+    void operator()(T *object) const { destroy(object); }
+};
+using Config = std::unique_ptr<FcConfig, Destroyer<FcConfig, FcConfigDestroy>>;
+using Pattern = std::unique_ptr<FcPattern, Destroyer<FcPattern, FcPatternDestroy>>;
+using LangSet = std::unique_ptr<FcLangSet, Destroyer<FcLangSet, FcLangSetDestroy>>;
+using StrSet = std::unique_ptr<FcStrSet, Destroyer<FcStrSet, FcStrSetDestroy>>;
+using StrList = std::unique_ptr<FcStrList, Destroyer<FcStrList, FcStrListDone>>;
+
+/// Languages, one for each script that a file name may be written in; the last is that of emoji.
+constexpr auto scriptLanguages = std::to_array<const char *>(
+    {"en",    "vi",    "ru", "el", "ar", "he", "th", "hi",      "bn", "pa",
+     "gu",    "or",    "ta", "te", "kn", "ml", "si", "my",      "lo", "km",
+     "zh-cn", "zh-tw", "ja", "ko", "ka", "hy", "am", "und-zsye"});
+
+constexpr auto genericFamilies = std::to_array<const char *>({"sans-serif", "serif", "monospace"});
+
+const FcChar8 *bytes(const char *text)
+{
+    return reinterpret_cast<const FcChar8 *>(text);
+}
+
+QString textOf(const FcPattern *row, const char *object, int place = 0)
+{
+    FcChar8 *text = nullptr;
+    if (FcPatternGetString(row, object, place, &text) != FcResultMatch)
+        return {};
+    return QString::fromUtf8(reinterpret_cast<const char *>(text));
+}
+
+int numberOf(const FcPattern *row, const char *object, int otherwise)
+{
+    int number = otherwise;
+    return FcPatternGetInteger(row, object, 0, &number) == FcResultMatch ? number : otherwise;
+}
+
+bool flagOf(const FcPattern *row, const char *object)
+{
+    FcBool flag = FcFalse;
+    return FcPatternGetBool(row, object, 0, &flag) == FcResultMatch && flag == FcTrue;
+}
+
+int weightOf(const FcPattern *row)
+{
+    return numberOf(row, FC_WEIGHT, FC_WEIGHT_REGULAR);
+}
+
+bool isSlanted(const FcPattern *row)
+{
+    return numberOf(row, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN;
+}
+
+bool isScalable(const FcPattern *row)
+{
+    return flagOf(row, FC_SCALABLE);
+}
+
+int fontTypeOf(const FcPattern *row)
+{
+    FcChar8 *format = nullptr;
+    if (FcPatternGetString(row, FC_FONTFORMAT, 0, &format) == FcResultMatch &&
+        qstrcmp(reinterpret_cast<const char *>(format), "TrueType") == 0)
+        return TRUETYPE_FONTTYPE;
+    return isScalable(row) ? DEVICE_FONTTYPE : RASTER_FONTTYPE;
+}
+
+/// The first English name, or the first of any language.
+QString familyNameOf(const FcPattern *row)
+{
+    FcChar8 *language = nullptr;
+    for (int i = 0; FcPatternGetString(row, FC_FAMILYLANG, i, &language) == FcResultMatch; ++i)
+        if (qstrncmp(reinterpret_cast<const char *>(language), "en", 2) == 0)
+            return textOf(row, FC_FAMILY, i);
+    return textOf(row, FC_FAMILY);
+}
+
+/// The toolkit takes "Name [Maker]" for the family "Name" of a foundry, whatever the font says.
+bool looksLikeFoundry(const QString &name)
+{
+    const qsizetype open = name.indexOf(u'[');
+    return open >= 0 && name.lastIndexOf(u']') > open;
+}
+
+QString keyOf(const QString &family)
+{
+    return family.toCaseFolded();
+}
+
+/// The toolkit's number of the font, or -1 when the file cannot be read or is not what it says.
+int addSymbolFont(const QString &fileName, int face)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const auto font = symbolFontAsUnicode(file.readAll(), face);
+    return font ? QFontDatabase::addApplicationFontFromData(*font) : -1;
+}
+
+} // namespace
+
+/// The full configuration and its rows. The rows lie in fontconfig's mapped cache files and live as
+/// long as the configuration does.
+struct FontCatalog::Rows
+{
+    Config config{FcInitLoadConfigAndFonts()};
+    FcFontSet *set = config ? FcConfigGetFonts(config.get(), FcSetSystem) : nullptr;
+    std::vector<bool> inToolkit = std::vector<bool>(static_cast<std::size_t>(count()));
+
+    int count() const { return set ? set->nfont : 0; }
+    FcPattern *operator[](int row) const { return set->fonts[row]; }
+
+    /// The families that the configuration puts in the place of one, best first, the name itself
+    /// included.
+    QStringList configured(const QString &family) const
+    {
+        const Pattern pattern(FcPatternCreate());
+        FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.toUtf8().constData()));
+        FcConfigSubstitute(config.get(), pattern.get(), FcMatchPattern);
+        QStringList families;
+        for (int i = 0;; ++i) {
+            const QString name = textOf(pattern.get(), FC_FAMILY, i);
+            if (name.isEmpty())
+                return families;
+            families += name;
+        }
+    }
+
+    /// How far a face is from the wanted style, least is best. Width weighs most, so that no
+    /// narrow face stands in for a bold one; the kind of file decides between equal faces.
+    auto distance(int row, bool bold, bool italic) const
+    {
+        const FcPattern *face = set->fonts[row];
+        const int slant = numberOf(face, FC_SLANT, FC_SLANT_ROMAN);
+        return std::tuple(std::abs(numberOf(face, FC_WIDTH, FC_WIDTH_NORMAL) - FC_WIDTH_NORMAL),
+                          std::abs(slant - (italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN)),
+                          std::abs(weightOf(face) - (bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR)),
+                          -fontTypeOf(face), row);
+    }
+
+    /// The face that a style resolves to. `family` must not be empty.
+    int face(const std::vector<int> &family, bool bold, bool italic) const
+    {
+        return *std::ranges::min_element(family, {},
+                                         [&](int row) { return distance(row, bold, italic); });
+    }
+
+    /// The face, and where it is a bitmap its other sizes too.
+    std::vector<int> sizes(const std::vector<int> &family, int face) const
+    {
+        const FcPattern *chosen = set->fonts[face];
+        if (isScalable(chosen))
+            return {face};
+        std::vector<int> rows;
+        std::ranges::copy_if(family, std::back_inserter(rows), [&](int row) {
+            const FcPattern *other = set->fonts[row];
+            return !isScalable(other) && weightOf(other) == weightOf(chosen) &&
+                   isSlanted(other) == isSlanted(chosen) &&
+                   numberOf(other, FC_WIDTH, FC_WIDTH_NORMAL) ==
+                       numberOf(chosen, FC_WIDTH, FC_WIDTH_NORMAL);
+        });
+        return rows;
+    }
+
+    const FcLangSet *languages(int row) const
+    {
+        FcLangSet *languages = nullptr;
+        FcPatternGetLangSet(set->fonts[row], FC_LANG, 0, &languages);
+        return languages;
+    }
+
+    /// The family is written for this language or for another territory's kind of it.
+    bool speaks(int row, const FcChar8 *language) const
+    {
+        const FcLangSet *own = languages(row);
+        return own && FcLangSetHasLang(own, language) != FcLangDifferentLang;
+    }
+};
+
+FontCatalog::FontCatalog() : m_rows(std::make_unique<Rows>())
+{
+    Q_ASSERT(!currentCatalog);
+    currentCatalog = this;
+    readFamilies();
+    addReplacedFamilies();
+    useLeanConfiguration();
+}
+
+FontCatalog::~FontCatalog()
+{
+    currentCatalog = nullptr;
+}
+
+FontCatalog &FontCatalog::current()
+{
+    Q_ASSERT(currentCatalog);
+    return *currentCatalog;
+}
+
+void FontCatalog::readFamilies()
+{
+    const Rows &rows = *m_rows;
+    m_indexByName.reserve(rows.count());
+    for (int row = 0; row < rows.count(); ++row) {
+        // A variable font comes once as a whole, which is this, and once for each named style.
+        if (flagOf(rows[row], FC_VARIABLE))
+            continue;
+        const QString name = familyNameOf(rows[row]);
+        if (name.isEmpty())
+            continue;
+        auto found = m_indexByName.find(keyOf(name));
+        if (found == m_indexByName.end()) {
+            found = m_indexByName.insert(keyOf(name), static_cast<int>(m_families.size()));
+            m_families.push_back({name});
+            m_entries.emplace_back();
+        }
+        const auto index = static_cast<std::size_t>(*found);
+        m_entries[index].rows.push_back(row);
+        m_families[index].fontType = std::max(m_families[index].fontType, fontTypeOf(rows[row]));
+    }
+}
+
+std::optional<int> FontCatalog::indexOf(const QString &family) const
+{
+    const auto found = m_indexByName.find(keyOf(family));
+    return found == m_indexByName.end() ? std::nullopt : std::optional(*found);
+}
+
+const std::vector<int> &FontCatalog::rowsOf(const QString &family) const
+{
+    static const std::vector<int> none;
+    const auto index = indexOf(family);
+    return index ? m_entries[static_cast<std::size_t>(*index)].rows : none;
+}
+
+void FontCatalog::addReplacedFamilies()
+{
+    if (m_families.empty())
+        return;
+    QList<QStringList> generic;
+    for (const char *name : genericFamilies)
+        generic += m_rows->configured(QString::fromLatin1(name)).mid(0, 2);
+    for (const QString &name : {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
+                                QStringLiteral("Courier New")}) {
+        const QStringList candidates = m_rows->configured(name);
+        for (qsizetype i = 0; i < candidates.size() && !contains(name); ++i) {
+            // From here on the list is what any unknown name would be given.
+            if (generic.contains(candidates.mid(i, 2)))
+                break;
+            const auto found = indexOf(candidates[i]);
+            if (!found)
+                continue;
+            const auto index = static_cast<std::size_t>(*found);
+            m_indexByName.insert(keyOf(name), static_cast<int>(m_families.size()));
+            m_families.push_back({name, m_families[index].fontType});
+            m_entries.push_back({m_entries[index].rows, {}});
+        }
+    }
+}
+
+/// The installed families that stand for a generic one, best first.
+std::vector<int> FontCatalog::installedFor(const char *generic) const
+{
+    std::vector<int> installed;
+    for (const QString &name : m_rows->configured(QString::fromLatin1(generic)))
+        if (const auto index = indexOf(name))
+            installed.push_back(*index);
+    if (!installed.empty())
+        return installed;
+    // A full match looks at every face, so it is for configurations that name no installed family.
+    const Pattern pattern(FcPatternCreate());
+    FcPatternAddString(pattern.get(), FC_FAMILY, bytes(generic));
+    FcConfigSubstitute(m_rows->config.get(), pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    FcResult result = FcResultNoMatch;
+    const Pattern match(FcFontMatch(m_rows->config.get(), pattern.get(), &result));
+    if (match)
+        if (const auto index = indexOf(familyNameOf(match.get())))
+            installed.push_back(*index);
+    return installed;
+}
+
+/// Regular and bold of the generic families. The user's language comes before the order of the
+/// configuration, as in a match.
+std::vector<int> FontCatalog::textRows() const
+{
+    const StrSet locale(FcGetDefaultLangs());
+    const StrList languages(FcStrListCreate(locale.get()));
+    const FcChar8 *language = FcStrListNext(languages.get());
+    std::vector<int> chosen;
+    for (const char *generic : genericFamilies) {
+        const std::vector<int> installed = installedFor(generic);
+        if (installed.empty())
+            continue;
+        const auto speaking = std::ranges::find_if(installed, [&](int index) {
+            return language && m_rows->speaks(rowsAt(index).front(), language);
+        });
+        const std::vector<int> &faces =
+            rowsAt(speaking == installed.end() ? installed.front() : *speaking);
+        for (const bool bold : {false, true})
+            std::ranges::copy(m_rows->sizes(faces, m_rows->face(faces, bold, false)),
+                              std::back_inserter(chosen));
+    }
+    return chosen;
+}
+
+/// A face for each script that the given rows lack, so that file names and the like can be read.
+/// At most one row a script, whatever the number of families.
+std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows) const
+{
+    const LangSet missing(FcLangSetCreate());
+    for (const char *script : scriptLanguages)
+        FcLangSetAdd(missing.get(), bytes(script));
+    const auto strikeOut = [&](int row) {
+        for (const char *script : scriptLanguages)
+            if (const FcLangSet *own = m_rows->languages(row);
+                own && FcLangSetHasLang(own, bytes(script)) == FcLangEqual)
+                FcLangSetDel(missing.get(), bytes(script));
+    };
+    std::ranges::for_each(textRows, strikeOut);
+
+    std::vector<int> chosen;
+    const auto addIfUseful = [&](int index) {
+        const int row = rowsAt(index).front();
+        const FcLangSet *own = m_rows->languages(row);
+        if (!own || !isScalable((*m_rows)[row]) ||
+            FcLangSetCompare(own, missing.get()) != FcLangEqual)
+            return;
+        chosen.push_back(m_rows->face(rowsAt(index), false, false));
+        strikeOut(row);
+    };
+    std::ranges::for_each(installedFor(genericFamilies.front()), addIfUseful);
+    for (int index = 0; index < static_cast<int>(m_families.size()); ++index)
+        addIfUseful(index);
+    return chosen;
+}
+
+/// The user's rules without the user's font folders, and the text fonts.
+void FontCatalog::useLeanConfiguration()
+{
+    Rows &rows = *m_rows;
+    QString aliases;
+    for (std::size_t i = 0; i < m_families.size(); ++i) {
+        if (!looksLikeFoundry(m_families[i].name))
+            continue;
+        // Asked for under this name, the toolkit finds no such family, asks fontconfig for another
+        // and takes the answer as it stands.
+        m_entries[i].toolkitName = QStringLiteral("Zendova family %1").arg(i);
+        aliases += QStringLiteral("<match target=\"pattern\"><test name=\"family\"><string>%1"
+                                  "</string></test><edit name=\"family\" mode=\"assign\" "
+                                  "binding=\"strong\"><string>%2</string></edit></match>")
+                       .arg(m_entries[i].toolkitName, m_families[i].name.toHtmlEscaped());
+    }
+    FcChar8 *file = FcConfigGetFilename(rows.config.get(), nullptr);
+    const QString rules = QString::fromLocal8Bit(reinterpret_cast<const char *>(file));
+    FcStrFree(file);
+    const QByteArray text =
+        QStringLiteral("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM "
+                       "\"urn:fontconfig:fonts.dtd\"><fontconfig>"
+                       "<include ignore_missing=\"yes\">%1</include><reset-dirs/>%2</fontconfig>")
+            .arg(rules.toHtmlEscaped(), aliases)
+            .toUtf8();
+
+    const Config lean(FcConfigCreate());
+    FcConfigParseAndLoadFromMemory(lean.get(), bytes(text.constData()), FcFalse);
+    // Else fontconfig would some day notice a changed font folder and load everything.
+    FcConfigSetRescanInterval(lean.get(), 0);
+    FcConfigBuildFonts(lean.get());
+    std::vector<int> chosen = textRows();
+    std::ranges::copy(scriptRows(chosen), std::back_inserter(chosen));
+    FcFontSet *fonts = FcConfigGetFonts(lean.get(), FcSetSystem);
+    for (const int row : chosen) {
+        if (!fonts || rows.inToolkit[static_cast<std::size_t>(row)])
+            continue;
+        rows.inToolkit[static_cast<std::size_t>(row)] = true;
+        // The row itself, not its file: a file would be opened and all its characters counted.
+        FcFontSetAdd(fonts, FcPatternDuplicate(rows[row]));
+    }
+    FcConfigSetCurrent(lean.get());
+}
+
+FontTraits FontCatalog::traits(const QString &family) const
+{
+    const std::vector<int> &faces = rowsOf(family);
+    if (faces.empty())
+        return {};
+    const FcPattern *face = (*m_rows)[m_rows->face(faces, false, false)];
+    return {.weight = FcWeightToOpenType(weightOf(face)),
+            .italic = isSlanted(face),
+            .symbol = flagOf(face, FC_SYMBOL),
+            .fixedPitch = numberOf(face, FC_SPACING, FC_PROPORTIONAL) >= FC_MONO,
+            .scalable = isScalable(face)};
+}
+
+bool FontCatalog::builtInBold(const QString &family) const
+{
+    const std::vector<int> &faces = rowsOf(family);
+    return !faces.empty() && std::ranges::all_of(faces, [&](int row) {
+        return weightOf((*m_rows)[row]) >= FC_WEIGHT_DEMIBOLD;
+    });
+}
+
+bool FontCatalog::builtInItalic(const QString &family) const
+{
+    const std::vector<int> &faces = rowsOf(family);
+    return !faces.empty() &&
+           std::ranges::all_of(faces, [&](int row) { return isSlanted((*m_rows)[row]); });
+}
+
+QFont FontCatalog::font(const QString &family)
+{
+    QString name = family;
+    if (const auto index = indexOf(family)) {
+        Entry &entry = m_entries[static_cast<std::size_t>(*index)];
+        if (!entry.loaded) {
+            entry.loaded = true;
+            const QString known = load(entry.rows);
+            if (entry.toolkitName.isEmpty())
+                entry.toolkitName = known;
+        }
+        name = entry.toolkitName;
+    }
+    QFont font;
+    // As a list: in a single name the toolkit takes a comma for a separator.
+    font.setFamilies({name});
+    font.setStyleStrategy(QFont::NoFontMerging);
+    return font;
+}
+
+/// Gives the toolkit the faces that the four styles resolve to, unless it has them. Returns the
+/// family's name there: fontconfig's rules may have renamed what stands in the file.
+QString FontCatalog::load(const std::vector<int> &faces)
+{
+    Rows &rows = *m_rows;
+    const int regular = rows.face(faces, false, false);
+    QString name = familyNameOf(rows[regular]);
+    std::set<int> needed;
+    for (const bool bold : {false, true})
+        for (const bool italic : {false, true})
+            std::ranges::copy(rows.sizes(faces, rows.face(faces, bold, italic)),
+                              std::inserter(needed, needed.end()));
+    std::set<QString> added;
+    for (const int row : needed) {
+        if (rows.inToolkit[static_cast<std::size_t>(row)])
+            continue;
+        rows.inToolkit[static_cast<std::size_t>(row)] = true;
+        FcChar8 *path = nullptr;
+        FcPatternGetString(rows[row], FC_FILE, 0, &path);
+        const QString file = QFile::decodeName(reinterpret_cast<const char *>(path));
+        // The high half of the index is the named style of a variable font.
+        const int place = numberOf(rows[row], FC_INDEX, 0) & 0xFFFF;
+        int id = -1;
+        if (flagOf(rows[row], FC_SYMBOL))
+            id = addSymbolFont(file, place);
+        if (id < 0) {
+            if (!added.insert(file).second)
+                continue;
+            id = QFontDatabase::addApplicationFont(file);
+        }
+        const QStringList names = QFontDatabase::applicationFontFamilies(id);
+        if (row == regular && !names.isEmpty() && !names.contains(name, Qt::CaseInsensitive))
+            name = names.value(place, names.first());
+    }
+    return name;
+}

@@ -1,0 +1,96 @@
+// Every installed font family, read from fontconfig once, and the toolkit's fonts made from them.
+// The toolkit's own font database grows with the square of its families, so it is given a lean
+// configuration with the desktop's text fonts only, and any other family when it is first shown.
+// Knows no window and no list.
+#pragma once
+
+#include <QFont>
+#include <QHash>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// What kind of files a family has, in the flags of the design platform. A family with several
+/// kinds has the first of these that it has: TrueType, other outlines, bitmaps.
+enum FontType { RASTER_FONTTYPE = 1, DEVICE_FONTTYPE = 2, TRUETYPE_FONTTYPE = 4 };
+
+struct FontFamily
+{
+    QString name;
+    int fontType = RASTER_FONTTYPE;
+};
+
+/// What the face shown for "regular" is like. No font file is opened for it.
+struct FontTraits
+{
+    int weight = 400; ///< 1..1000, regular 400, bold 700
+    bool italic = false;
+    bool symbol = false; ///< Microsoft symbol encoding
+    bool fixedPitch = false;
+    bool scalable = true;
+};
+
+class FontCatalog
+{
+public:
+    /// Reads the fonts, by the user's configuration (FONTCONFIG_FILE is honoured), and makes the
+    /// lean configuration current. To be called before QGuiApplication. Never fails: a machine
+    /// without fonts or without a configuration gives an empty catalog.
+    FontCatalog();
+    ~FontCatalog();
+    FontCatalog(const FontCatalog &) = delete;
+    FontCatalog &operator=(const FontCatalog &) = delete;
+
+    /// The one catalog of the process, which must exist.
+    static FontCatalog &current();
+
+    /// One entry a family, in fontconfig's order, followed by those of Arial, Times New Roman and
+    /// Courier New that are not installed but that the configuration replaces by a family of their
+    /// own (not just by the common text font).
+    const std::vector<FontFamily> &families() const { return m_families; }
+
+    /// Case does not matter in a family name, here and below.
+    bool contains(const QString &family) const { return indexOf(family).has_value(); }
+
+    /// Of a family that is not there: the traits of a plain text font.
+    FontTraits traits(const QString &family) const;
+
+    /// The family has bold faces only (demibold and heavier), or slanted ones only.
+    bool builtInBold(const QString &family) const;
+    bool builtInItalic(const QString &family) const;
+
+    /// A font that shows this family and borrows no glyph from another, in the application's size.
+    /// Its files are given to the toolkit at the first call, so QGuiApplication must exist. The
+    /// font may name the family otherwise than the catalog does: never read a name back from it.
+    /// A family that is not there, or whose files cannot be read any more, shows in a text font.
+    QFont font(const QString &family);
+
+private:
+    struct Rows;
+    struct Entry
+    {
+        std::vector<int> rows; ///< the family's faces, by their place in fontconfig's list
+        QString toolkitName;
+        bool loaded = false;
+    };
+
+    std::optional<int> indexOf(const QString &family) const;
+    const std::vector<int> &rowsOf(const QString &family) const;
+    const std::vector<int> &rowsAt(int index) const
+    {
+        return m_entries[static_cast<std::size_t>(index)].rows;
+    }
+    void readFamilies();
+    void addReplacedFamilies();
+    std::vector<int> installedFor(const char *generic) const;
+    std::vector<int> textRows() const;
+    std::vector<int> scriptRows(const std::vector<int> &textRows) const;
+    void useLeanConfiguration();
+    QString load(const std::vector<int> &faces);
+
+    std::unique_ptr<Rows> m_rows;
+    std::vector<FontFamily> m_families;
+    std::vector<Entry> m_entries; ///< beside m_families
+    QHash<QString, int> m_indexByName;
+};
