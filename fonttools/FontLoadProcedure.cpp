@@ -24,7 +24,7 @@ LogicalFont logicalFontOf(const FontFamily &family, const FontTraits &traits)
 
 TextMetric textMetricOf(const FontFamily &family, const FontTraits &traits)
 {
-    const int pitch = (traits.fixedPitch ? 0 : 1) | (traits.scalable ? 2 : 0) |
+    const int pitch = (traits.fixedPitch ? 0 : 1) | (family.fontType != RASTER_FONTTYPE ? 2 : 0) |
                       (family.fontType == TRUETYPE_FONTTYPE ? 4 : 0);
     return {.tmWeight = traits.weight,
             .tmItalic = traits.italic,
@@ -79,8 +79,9 @@ void LoadFontList(FontList &list)
     FontLF.clear();
     FontTM.clear();
     const FontCatalog &catalog = FontCatalog::current();
-    for (const FontFamily &family : catalog.families()) {
-        const FontTraits traits = catalog.traits(family.name);
+    for (int i = 0; i < static_cast<int>(catalog.families().size()); ++i) {
+        const FontFamily &family = catalog.families()[static_cast<std::size_t>(i)];
+        const FontTraits traits = catalog.traits(i);
         FontEnumProc(logicalFontOf(family, traits), textMetricOf(family, traits), family.fontType,
                      list);
     }

@@ -13,6 +13,7 @@
 #include <fontconfig/fontconfig.h>
 #include <set>
 #include <tuple>
+#include <unordered_set>
 
 namespace {
 
@@ -162,6 +163,8 @@ struct FontCatalog::Rows
     /// The face that a style resolves to. `family` must not be empty.
     int face(const std::vector<int> &family, bool bold, bool italic) const
     {
+        if (family.size() == 1)
+            return family.front();
         return *std::ranges::min_element(family, {},
                                          [&](int row) { return distance(row, bold, italic); });
     }
@@ -229,9 +232,10 @@ void FontCatalog::readFamilies()
         const QString name = familyNameOf(rows[row]);
         if (name.isEmpty())
             continue;
-        auto found = m_indexByName.find(keyOf(name));
+        const QString key = keyOf(name);
+        auto found = m_indexByName.find(key);
         if (found == m_indexByName.end()) {
-            found = m_indexByName.insert(keyOf(name), static_cast<int>(m_families.size()));
+            found = m_indexByName.insert(key, static_cast<int>(m_families.size()));
             m_families.push_back({name});
             m_entries.emplace_back();
         }
@@ -301,33 +305,30 @@ std::vector<int> FontCatalog::installedFor(const char *generic) const
     return installed;
 }
 
-/// Regular and bold of the generic families. The user's language comes before the order of the
-/// configuration, as in a match.
-std::vector<int> FontCatalog::textRows() const
+/// Regular and bold of a generic family, out of those that stand for it. The user's language comes
+/// before the order of the configuration, as in a match.
+std::vector<int> FontCatalog::textRows(const std::vector<int> &installed) const
 {
+    if (installed.empty())
+        return {};
     const StrSet locale(FcGetDefaultLangs());
     const StrList languages(FcStrListCreate(locale.get()));
     const FcChar8 *language = FcStrListNext(languages.get());
-    std::vector<int> chosen;
-    for (const char *generic : genericFamilies) {
-        const std::vector<int> installed = installedFor(generic);
-        if (installed.empty())
-            continue;
-        const auto speaking = std::ranges::find_if(installed, [&](int index) {
-            return language && m_rows->speaks(rowsAt(index).front(), language);
-        });
-        const std::vector<int> &faces =
-            rowsAt(speaking == installed.end() ? installed.front() : *speaking);
-        for (const bool bold : {false, true})
-            std::ranges::copy(m_rows->sizes(faces, m_rows->face(faces, bold, false)),
-                              std::back_inserter(chosen));
-    }
+    const auto speaking = std::ranges::find_if(installed, [&](int index) {
+        return language && m_rows->speaks(rowsAt(index).front(), language);
+    });
+    const std::vector<int> &faces =
+        rowsAt(speaking == installed.end() ? installed.front() : *speaking);
+    std::vector<int> chosen = m_rows->sizes(faces, m_rows->face(faces, false, false));
+    std::ranges::copy(m_rows->sizes(faces, m_rows->face(faces, true, false)),
+                      std::back_inserter(chosen));
     return chosen;
 }
 
 /// A face for each script that the given rows lack, so that file names and the like can be read.
-/// At most one row a script, whatever the number of families.
-std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows) const
+/// At most one row a script, whatever the number of families; `preferred` ones are tried first.
+std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
+                                         const std::vector<int> &preferred) const
 {
     const LangSet missing(FcLangSetCreate());
     for (const char *script : scriptLanguages)
@@ -341,16 +342,18 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows) const
     std::ranges::for_each(textRows, strikeOut);
 
     std::vector<int> chosen;
+    // What once was of no use stays so, and most families speak the same languages as another.
+    std::unordered_set<FcChar32> seen;
     const auto addIfUseful = [&](int index) {
         const int row = rowsAt(index).front();
         const FcLangSet *own = m_rows->languages(row);
-        if (!own || !isScalable((*m_rows)[row]) ||
+        if (!own || !seen.insert(FcLangSetHash(own)).second ||
             FcLangSetCompare(own, missing.get()) != FcLangEqual)
             return;
         chosen.push_back(m_rows->face(rowsAt(index), false, false));
         strikeOut(row);
     };
-    std::ranges::for_each(installedFor(genericFamilies.front()), addIfUseful);
+    std::ranges::for_each(preferred, addIfUseful);
     for (int index = 0; index < static_cast<int>(m_families.size()); ++index)
         addIfUseful(index);
     return chosen;
@@ -387,8 +390,14 @@ void FontCatalog::useLeanConfiguration()
     // Else fontconfig would some day notice a changed font folder and load everything.
     FcConfigSetRescanInterval(lean.get(), 0);
     FcConfigBuildFonts(lean.get());
-    std::vector<int> chosen = textRows();
-    std::ranges::copy(scriptRows(chosen), std::back_inserter(chosen));
+    std::vector<int> chosen, sansSerif;
+    for (const char *generic : genericFamilies) {
+        const std::vector<int> installed = installedFor(generic);
+        std::ranges::copy(textRows(installed), std::back_inserter(chosen));
+        if (sansSerif.empty())
+            sansSerif = installed;
+    }
+    std::ranges::copy(scriptRows(chosen, sansSerif), std::back_inserter(chosen));
     FcFontSet *fonts = FcConfigGetFonts(lean.get(), FcSetSystem);
     for (const int row : chosen) {
         if (!fonts || rows.inToolkit[static_cast<std::size_t>(row)])
@@ -400,17 +409,13 @@ void FontCatalog::useLeanConfiguration()
     FcConfigSetCurrent(lean.get());
 }
 
-FontTraits FontCatalog::traits(const QString &family) const
+FontTraits FontCatalog::traits(int index) const
 {
-    const std::vector<int> &faces = rowsOf(family);
-    if (faces.empty())
-        return {};
-    const FcPattern *face = (*m_rows)[m_rows->face(faces, false, false)];
+    const FcPattern *face = (*m_rows)[m_rows->face(rowsAt(index), false, false)];
     return {.weight = FcWeightToOpenType(weightOf(face)),
             .italic = isSlanted(face),
             .symbol = flagOf(face, FC_SYMBOL),
-            .fixedPitch = numberOf(face, FC_SPACING, FC_PROPORTIONAL) >= FC_MONO,
-            .scalable = isScalable(face)};
+            .fixedPitch = numberOf(face, FC_SPACING, FC_PROPORTIONAL) >= FC_MONO};
 }
 
 bool FontCatalog::builtInBold(const QString &family) const

@@ -28,7 +28,6 @@ struct FontTraits
     bool italic = false;
     bool symbol = false; ///< Microsoft symbol encoding
     bool fixedPitch = false;
-    bool scalable = true;
 };
 
 class FontCatalog
@@ -53,8 +52,8 @@ public:
     /// Case does not matter in a family name, here and below.
     bool contains(const QString &family) const { return indexOf(family).has_value(); }
 
-    /// Of a family that is not there: the traits of a plain text font.
-    FontTraits traits(const QString &family) const;
+    /// `index` is a place in families().
+    FontTraits traits(int index) const;
 
     /// The family has bold faces only (demibold and heavier), or slanted ones only.
     bool builtInBold(const QString &family) const;
@@ -84,8 +83,9 @@ private:
     void readFamilies();
     void addReplacedFamilies();
     std::vector<int> installedFor(const char *generic) const;
-    std::vector<int> textRows() const;
-    std::vector<int> scriptRows(const std::vector<int> &textRows) const;
+    std::vector<int> textRows(const std::vector<int> &installed) const;
+    std::vector<int> scriptRows(const std::vector<int> &textRows,
+                                const std::vector<int> &preferred) const;
     void useLeanConfiguration();
     QString load(const std::vector<int> &faces);
 

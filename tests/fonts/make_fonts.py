@@ -98,7 +98,7 @@ def symbol_cmap(names):
 
 
 def build(family, number, codes=ALL, style="Regular", symbol=False, cff=False, blank_space=True,
-          character_of=to_unicode):
+          character_of=to_unicode, japanese=None):
     bits = glyph_bits(number, codes, blank_space)
     glyphs = postscript_glyphs(bits) if cff else true_type_glyphs(bits)
     names = [".notdef"] + sorted(name for name in glyphs if name != ".notdef")
@@ -114,7 +114,8 @@ def build(family, number, codes=ALL, style="Regular", symbol=False, cff=False, b
     builder.setupHorizontalMetrics(
         {name: (ADVANCE, left_bearing(bits.get(name, 0))) for name in names})
     builder.setupHorizontalHeader(ascent=ASCENT, descent=-DESCENT)
-    builder.setupNameTable({"familyName": family, "styleName": style,
+    families = {"en": family, "ja": japanese} if japanese else family
+    builder.setupNameTable({"familyName": families, "styleName": style,
                             "fullName": f"{family} {style}", "psName": post_script_name,
                             "uniqueFontIdentifier": f"{family} {style}", "version": "1.0"},
                            mac=False)
@@ -207,5 +208,6 @@ save_variable("variable.ttf")
 save_collection([build("Zt First", 17, PLAIN), build("Zt Second", 18, PLAIN)], "pair.ttc")
 save(build("Zt Cyrillic", 21, range(256), character_of=lambda code: 0x400 + code),
      "cyrillic.ttf")
+save(build("Zt Twin", 22, PLAIN, japanese="Zt \u53cc\u5b50"), "twin.ttf")
 whole = (HERE / "latin.ttf").read_bytes()
 (HERE / "damaged.ttf").write_bytes(whole[:200])
