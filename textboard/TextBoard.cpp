@@ -1,0 +1,393 @@
+// The board's edit control: counting CR LF, the limit at every way in, one font for all. The
+// document holds one character for a line end, so positions are converted here and nowhere else.
+#include "textboard/TextBoard.h"
+
+#include "platform/CodePage.h"
+
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr std::array alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+
+/// Brings text into the code page, every kind of line end as one LF.
+QString fitted(QStringView text)
+{
+    QString lines;
+    lines.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+            continue;
+        const bool lineEnd =
+            c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+        lines += lineEnd ? QChar(u'\n') : c;
+    }
+    return CodePage::fit(lines);
+}
+
+/// Cuts fitted text to a number of characters, a line end counting two.
+QString firstOf(const QString &text, int room)
+{
+    qsizetype end = 0;
+    for (; end < text.size(); ++end) {
+        room -= text[end] == u'\n' ? 2 : 1;
+        if (room < 0)
+            break;
+    }
+    return text.left(end);
+}
+
+QString withLineEnds(QString raw, QLatin1StringView lineEnd)
+{
+    return raw.replace(QChar(QChar::ParagraphSeparator), lineEnd);
+}
+
+/// Ctrl is held, and not as a part of AltGr.
+bool isCommand(const QKeyEvent &event)
+{
+    return (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+}
+
+bool isRedo(const QKeyEvent &event)
+{
+    return event.matches(QKeySequence::Redo) ||
+           (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Y);
+}
+
+/// The Edit commands own the clipboard's keys, and the window's commands the letters with Ctrl, of
+/// which the toolkit takes some for deleting to the end of a line and the like.
+bool belongsToWindow(const QKeyEvent &event)
+{
+    if (isRedo(event) || event.matches(QKeySequence::Undo))
+        return false;
+    if (event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Copy) ||
+        event.matches(QKeySequence::Paste) || event.matches(QKeySequence::SelectAll))
+        return true;
+    return isCommand(event) && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+}
+
+QKeyEvent withText(const QKeyEvent &event, Qt::KeyboardModifiers modifiers, const QString &text)
+{
+    return QKeyEvent(event.type(), event.key(), modifiers, event.nativeScanCode(),
+                     event.nativeVirtualKey(), event.nativeModifiers(), text, event.isAutoRepeat(),
+                     static_cast<quint16>(event.count()), event.device());
+}
+
+} // namespace
+
+TextBoard::TextBoard(QWidget *parent, FontFactory factory)
+    : QPlainTextEdit(parent)
+    , m_factory(std::move(factory))
+    , m_face{.font = font()}
+    , m_fontName(font().family())
+    , m_fontSize(QFontInfo(font()).pointSizeF())
+{
+    if (!m_factory)
+        m_factory = [](const QString &name) { return BoardFont{.font = QFont(name)}; };
+    setAccessibleName(QStringLiteral("TextBoard"));
+    setTabChangesFocus(true);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    applyFont();
+
+    // The document also says that its contents changed at the end of an edit that did nothing; only
+    // what told a place before is a change.
+    connect(document(), &QTextDocument::contentsChange, this, [this] { m_changed |= !m_silent; });
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (std::exchange(m_changed, false))
+            emit Change();
+    });
+}
+
+// Text and selection
+
+int TextBoard::TextLength() const
+{
+    // The document counts each block's end as one character, that of the last block included.
+    return document()->characterCount() - 1 + document()->blockCount() - 1;
+}
+
+QString TextBoard::Text() const
+{
+    // The raw text: the plain one has blanks in place of code 160.
+    return withLineEnds(document()->toRawText(), QLatin1StringView("\r\n"));
+}
+
+void TextBoard::setText(const QString &text)
+{
+    {
+        const QScopedValueRollback silent(m_silent, true);
+        setPlainText(firstOf(fitted(text), MaxLength()));
+    }
+    emit Change();
+}
+
+QString TextBoard::SelText() const
+{
+    return withLineEnds(textCursor().selectedText(), QLatin1StringView("\r\n"));
+}
+
+void TextBoard::setSelText(const QString &text)
+{
+    insertWhatFits(text);
+}
+
+int TextBoard::SelStart() const
+{
+    return toText(textCursor().selectionStart());
+}
+
+void TextBoard::setSelStart(int start)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(toDocument(start));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+int TextBoard::SelLength() const
+{
+    const QTextCursor cursor = textCursor();
+    return toText(cursor.selectionEnd()) - toText(cursor.selectionStart());
+}
+
+void TextBoard::setSelLength(int length)
+{
+    const int start = SelStart();
+    const int end = start + std::clamp(length, 0, TextLength() - start);
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionStart());
+    cursor.setPosition(toDocument(end), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+int TextBoard::toText(int documentPosition) const
+{
+    return documentPosition + document()->findBlock(documentPosition).blockNumber();
+}
+
+int TextBoard::toDocument(int position) const
+{
+    int first = 0;
+    int last = document()->blockCount() - 1;
+    while (first < last) {
+        const int middle = (first + last + 1) / 2;
+        if (document()->findBlockByNumber(middle).position() + middle <= position)
+            first = middle;
+        else
+            last = middle - 1;
+    }
+    const QTextBlock block = document()->findBlockByNumber(first);
+    return block.position() +
+           std::clamp(position - first - block.position(), 0, block.length() - 1);
+}
+
+int TextBoard::room() const
+{
+    return MaxLength() - TextLength() + SelLength();
+}
+
+/// Says whether nothing had to be left out.
+bool TextBoard::insertWhatFits(const QString &text)
+{
+    const QString whole = fitted(text);
+    const QString part = firstOf(whole, room());
+    if (!part.isEmpty() || whole.isEmpty()) {
+        insertPlainText(part);
+        ensureCursorVisible();
+    }
+    return part.size() == whole.size();
+}
+
+// Ways in from the user
+
+bool TextBoard::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = static_cast<const QKeyEvent &>(*event);
+        const bool redo = isRedo(key);
+        if (redo || belongsToWindow(key)) {
+            event->setAccepted(redo);
+            return redo;
+        }
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void TextBoard::keyPressEvent(QKeyEvent *event)
+{
+    if (belongsToWindow(*event)) {
+        event->ignore();
+        return;
+    }
+    if (isRedo(*event)) {
+        redo();
+        return;
+    }
+    if (event->matches(QKeySequence::InsertParagraphSeparator) ||
+        event->matches(QKeySequence::InsertLineSeparator)) {
+        // Without Shift, which would make a line end that is no character of the code page.
+        QKeyEvent enter = withText(*event, event->modifiers() & ~Qt::ShiftModifier, event->text());
+        if (room() >= 2)
+            QPlainTextEdit::keyPressEvent(&enter);
+        return;
+    }
+    const QString text = isCommand(*event) ? QString() : CodePage::fit(event->text());
+    // The soft hyphen, code 173, is the one character of the code page that counts as not printing
+    // and yet can be typed.
+    const bool prints = !text.isEmpty() && (text[0].isPrint() || text[0] == QChar::SoftHyphen);
+    if (!prints) {
+        QPlainTextEdit::keyPressEvent(event);
+    } else if (text.size() <= room()) {
+        QKeyEvent typed = withText(*event, event->modifiers(), text);
+        QPlainTextEdit::keyPressEvent(&typed);
+        event->setAccepted(typed.isAccepted());
+    }
+}
+
+void TextBoard::keyReleaseEvent(QKeyEvent *event)
+{
+    QPlainTextEdit::keyReleaseEvent(event);
+    if (!event->isAutoRepeat())
+        emit KeyUp();
+}
+
+void TextBoard::mouseReleaseEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    emit MouseUp();
+}
+
+void TextBoard::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString whole = fitted(event->commitString());
+    const int replaced = std::max(0, event->replacementLength());
+    const QString part = firstOf(whole, room() + replaced);
+    const bool left = part.isEmpty() && !whole.isEmpty();
+    QInputMethodEvent commit(event->preeditString(), event->attributes());
+    commit.setCommitString(part, left ? 0 : event->replacementStart(), left ? 0 : replaced);
+
+    // The document reports each step of a composition as a change of its contents.
+    const int before = TextLength();
+    {
+        const QScopedValueRollback silent(m_silent, true);
+        QPlainTextEdit::inputMethodEvent(&commit);
+    }
+    event->setAccepted(commit.isAccepted());
+    if (!part.isEmpty() || TextLength() != before)
+        emit Change();
+}
+
+void TextBoard::dropEvent(QDropEvent *event)
+{
+    m_dropWasCut = false;
+    QPlainTextEdit::dropEvent(event);
+    // Where the text was dragged from it must stay if not all of it arrived here.
+    if (m_dropWasCut) {
+        const bool copies = event->possibleActions().testFlag(Qt::CopyAction);
+        event->setDropAction(copies ? Qt::CopyAction : Qt::IgnoreAction);
+        event->accept();
+    }
+}
+
+void TextBoard::insertFromMimeData(const QMimeData *source)
+{
+    m_dropWasCut = !insertWhatFits(source->text());
+}
+
+QMimeData *TextBoard::createMimeDataFromSelection() const
+{
+    auto mime = std::make_unique<QMimeData>();
+    mime->setText(withLineEnds(textCursor().selectedText(), QLatin1StringView("\n")));
+    return mime.release();
+}
+
+// Font, colour, alignment
+
+void TextBoard::setFontName(const QString &name)
+{
+    if (name == m_fontName)
+        return;
+    m_fontName = name;
+    m_face = m_factory(name);
+    applyFont();
+}
+
+void TextBoard::setFontSize(double points)
+{
+    if (points <= 0)
+        return;
+    m_fontSize = points;
+    applyFont();
+}
+
+void TextBoard::setFontBold(bool on)
+{
+    m_bold = on;
+    applyFont();
+}
+
+void TextBoard::setFontItalic(bool on)
+{
+    m_italic = on;
+    applyFont();
+}
+
+void TextBoard::setFontUnderline(bool on)
+{
+    m_underline = on;
+    applyFont();
+}
+
+void TextBoard::setFontStrikethru(bool on)
+{
+    m_strikethru = on;
+    applyFont();
+}
+
+void TextBoard::applyFont()
+{
+    // Each property is set even to the value that it has: one that isn't would follow the parent's.
+    QFont font = m_face.font;
+    font.setPointSizeF(m_fontSize);
+    font.setWeight(m_bold && !m_face.builtInBold ? QFont::Bold : font.weight());
+    font.setStyle(m_italic && !m_face.builtInItalic ? QFont::StyleItalic : font.style());
+    font.setUnderline(m_underline);
+    font.setStrikeOut(m_strikethru);
+    // A glyph that the font lacks is shown as missing, never borrowed from another font.
+    font.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(font.styleStrategy() | QFont::NoFontMerging));
+    setFont(font);
+}
+
+QColor TextBoard::ForeColor() const
+{
+    return palette().color(QPalette::Active, QPalette::Text);
+}
+
+void TextBoard::setForeColor(const QColor &color)
+{
+    QPalette colors = palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        colors.setColor(group, QPalette::Text, color);
+    setPalette(colors);
+}
+
+void TextBoard::setAlignment(int alignment)
+{
+    if (alignment == m_alignment || alignment < 0 || alignment >= std::ssize(alignments))
+        return;
+    m_alignment = alignment;
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(Qt::AlignAbsolute | alignments[static_cast<std::size_t>(alignment)]);
+    document()->setDefaultTextOption(option);
+}

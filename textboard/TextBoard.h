@@ -1,0 +1,126 @@
+// The edit control of the board: plain text in one font, one colour and one alignment, in the
+// characters of the code page and never longer than its limit. It knows no window; what a name of a
+// font stands for is asked from the function that its owner hands in.
+#pragma once
+
+#include <QFont>
+#include <QPlainTextEdit>
+#include <functional>
+
+/// What stands behind the name of a font.
+struct BoardFont
+{
+    QFont font;                 ///< size and styles are the board's affair
+    bool builtInBold = false;   ///< the family has no upright weight: it always shows bold
+    bool builtInItalic = false; ///< the family always shows slanted
+};
+
+/// Positions and lengths are characters of the text, counted from 0. A line end is CR LF, two
+/// characters, in everything that is given out; CR LF, a lone CR and a lone LF are all taken in as
+/// one line end. A position between CR and LF means the one before the line end, one outside the
+/// text the nearer end of the text.
+///
+/// What comes in, typed, composed, dropped, pasted or set by code, is brought into the code page,
+/// and what goes beyond `MaxLength` is left out without a word, never half a line end. A key whose
+/// character doesn't fit changes nothing. Every code from 0 to 255 except CR and LF survives from
+/// setting to getting.
+class TextBoard : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    /// Gives the font for a name, called once for each change of the name.
+    using FontFactory = std::function<BoardFont(const QString &name)>;
+
+    explicit TextBoard(QWidget *parent = nullptr, FontFactory factory = {});
+
+    /// The most characters that the text can have.
+    static constexpr int MaxLength() { return 61440; }
+
+    /// The number of characters, without walking over the text.
+    int TextLength() const;
+
+    QString Text() const;
+    /// Replaces the whole text; the caret goes to its start and undo begins anew. `Change` comes
+    /// also if the text is the same as before.
+    void setText(const QString &text);
+
+    QString SelText() const;
+    /// Replaces the selection, or inserts at the caret, with as many characters as fit, can be
+    /// undone, and leaves the caret behind them and in view. The selection stays if not even one
+    /// character of a text that isn't empty fits.
+    void setSelText(const QString &text);
+
+    /// The start of the selection, or the caret if there is none.
+    int SelStart() const;
+    /// Puts the caret there, drops the selection and scrolls the caret into view.
+    void setSelStart(int start);
+    int SelLength() const;
+    /// Selects this many characters from `SelStart` on, as far as there are any; the caret is at
+    /// their end.
+    void setSelLength(int length);
+
+    QString FontName() const { return m_fontName; }
+    void setFontName(const QString &name);
+    /// Points; a size that isn't above 0 is left out.
+    double FontSize() const { return m_fontSize; }
+    void setFontSize(double points);
+    /// On if it was set, and also if the font has no other form.
+    bool FontBold() const { return m_bold || m_face.builtInBold; }
+    void setFontBold(bool on);
+    bool FontItalic() const { return m_italic || m_face.builtInItalic; }
+    void setFontItalic(bool on);
+    bool FontUnderline() const { return m_underline; }
+    void setFontUnderline(bool on);
+    bool FontStrikethru() const { return m_strikethru; }
+    void setFontStrikethru(bool on);
+    QColor ForeColor() const;
+    void setForeColor(const QColor &color);
+    /// 0 left, 1 right, 2 centre; other numbers change nothing.
+    int Alignment() const { return m_alignment; }
+    void setAlignment(int alignment);
+
+signals:
+    /// The text was changed, by the user or by code; comes before the change returns, and not for
+    /// fonts, colours, the selection or a composition that is not committed yet.
+    void Change();
+    void KeyUp();
+    void MouseUp();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    QMimeData *createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    // These go round the limit, the code page or the line ends.
+    using QPlainTextEdit::appendHtml;
+    using QPlainTextEdit::appendPlainText;
+    using QPlainTextEdit::insertPlainText;
+    using QPlainTextEdit::setPlainText;
+    using QPlainTextEdit::toPlainText;
+
+    int toDocument(int position) const;
+    int toText(int documentPosition) const;
+    int room() const;
+    bool insertWhatFits(const QString &text);
+    void applyFont();
+
+    FontFactory m_factory;
+    BoardFont m_face;
+    QString m_fontName;
+    double m_fontSize;
+    bool m_bold = false;
+    bool m_italic = false;
+    bool m_underline = false;
+    bool m_strikethru = false;
+    int m_alignment = 0;
+    bool m_silent = false;  ///< what the document reports now is no change of the text
+    bool m_changed = false; ///< the document reported a change that `Change` has yet to tell
+    bool m_dropWasCut = false;
+};
