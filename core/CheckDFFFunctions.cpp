@@ -1,0 +1,45 @@
+// The file system tests, asked anew at each call, and the notices that tell their outcome.
+#include "core/CheckDFFFunctions.h"
+
+#include <QFileInfo>
+
+bool CheckFile(const QString &Path)
+{
+    return QFileInfo(Path).exists() && !QFileInfo(Path).isDir();
+}
+
+bool CheckFolder(const QString &Path)
+{
+    return QFileInfo(Path).isDir();
+}
+
+int CheckDrive(const QString &Drive)
+{
+    return Drive.isEmpty() ? 0 : 2;
+}
+
+SplitPath SplitAtLastSeparator(const QString &Path)
+{
+    const qsizetype cut = Path.lastIndexOf(u'/') + 1;
+    return {.Folder = Path.left(cut), .Name = Path.mid(cut)};
+}
+
+QString PathNotice(const QString &Path)
+{
+    const auto [Folder, Name] = SplitAtLastSeparator(Path);
+    const QString Drive = Folder.left(2);
+    switch (CheckDrive(Drive)) {
+    case 0:
+        return QStringLiteral("\r\r\r\rDrive ") + Drive + QStringLiteral(" does not exist.");
+    case 1:
+        return QStringLiteral("\r\r\r\rThere is no disk in Drive ") + Drive;
+    default:
+        break;
+    }
+    if (!CheckFolder(Folder))
+        return QStringLiteral("\r\rFolder\r\r") + Folder + QStringLiteral("\r\rdoes not exist.");
+    if (!CheckFile(Path))
+        return QStringLiteral("\r\rFile '") + Name + QStringLiteral("'\r\rdoes not exist in\r\r") +
+               Folder;
+    return {};
+}

@@ -1,0 +1,314 @@
+// The controls of the main window: one row each with its parent and its place in twips, and their
+// creation in the order of the rows. What the controls do is connected at the end; the procedures
+// stand in the files of their topics.
+#include "core/Zendova.h"
+
+#include "platform/FontCatalog.h"
+#include "platform/SysInfo.h"
+#include "platform/controls/BandBar.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/TextBoard.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+struct ControlRow
+{
+    const char *Name;
+    const char *Parent;
+    TwipRect Place;       ///< within the parent; of no use for the content of a band
+    const char *Tag = ""; ///< tooltip that the ToolTips toggle switches
+};
+
+constexpr TwipRect InBand;
+
+constexpr ControlRow Controls[] = {
+    {"CoolBarCM", "Client", {105, 0, 11415, 390}},
+    {"TBFContainer", "CoolBarCM", InBand},
+    {"FontLabel", "TBFContainer", {45, 45, 960, 240}},
+    {"FontNameCombo", "TBFContainer", {1035, 0, 5010, 330}},
+    {"FSZContainer", "CoolBarCM", InBand},
+    {"FontSizeLabel", "FSZContainer", {45, 30, 840, 240}},
+    {"FontSizeNumber", "FSZContainer", {900, 30, 240, 240}, "Font Size (Click to Change)"},
+    {"FontSizeEdit", "FSZContainer", {900, 0, 270, 285}, "Enter font size"},
+    {"FontSizeSlider", "FSZContainer", {1170, 15, 945, 270}},
+    {"CoolBarTB", "Client", {2145, 375, 9375, 390}},
+    {"TBPContainer", "CoolBarTB", InBand},
+    {"NoOfChars", "TBPContainer", {45, 60, 600, 240}, "Number of Characters on TextBoard"},
+    {"ProgressBack", "TBPContainer", {720, 85, 900, 150}, "Percentage of TextBoard Filled"},
+    {"ProgressFore", "TBPContainer", {720, 85, 900, 150}},
+    {"PercFilled", "TBPContainer", {1710, 60, 495, 240}, "Percentage of TextBoard Filled"},
+    {"ViewsContainer", "Client", {105, 375, 2010, 3765}},
+    {"ZSzContainer", "ViewsContainer", {0, -90, 2010, 2460}},
+    {"ViewsTB", "ZSzContainer", {30, 120, 1920, 330}},
+    {"TextZoom", "ZSzContainer", {0, 450, 2010, 2010}, "Zoom View Area"},
+    {"CVAContainer", "ViewsContainer", {0, 2310, 2010, 1485}},
+    {"ZoomSizeLabel", "CVAContainer", {30, 135, 1005, 240}},
+    {"ZoomSizeNumber", "CVAContainer", {1065, 135, 255, 240}, "Zoom Size (Click to Change)"},
+    {"ZoomSizeEdit", "CVAContainer", {1050, 105, 300, 285}, "Enter zoom size"},
+    {"ZoomSizeSlider", "CVAContainer", {1335, 135, 675, 270}},
+    {"CVACover", "CVAContainer", {0, 420, 2010, 720}, "Code View Area"},
+    {"ASCLabel", "CVAContainer", {1080, 480, 450, 180}},
+    {"AscCode", "CVAContainer", {1560, 480, 420, 180}},
+    {"HexLabel", "CVAContainer", {1080, 675, 450, 180}},
+    {"HexCode", "CVAContainer", {1560, 675, 420, 180}},
+    {"OctLabel", "CVAContainer", {1080, 870, 450, 180}},
+    {"OctCode", "CVAContainer", {1560, 870, 420, 180}},
+    {"BinLabel", "CVAContainer", {60, 585, 1005, 180}},
+    {"BinCode", "CVAContainer", {60, 765, 1005, 180}},
+    {"KVACover", "CVAContainer", {0, 1140, 2010, 315}, "Keystroke View Area"},
+    {"KSLabel", "CVAContainer", {30, 1185, 975, 240}},
+    {"KS", "CVAContainer", {1065, 1185, 945, 240}},
+    {"TextBoard", "Client", {2145, 735, 9375, 3405}},
+    {"SplitBar", "Client", {105, 4140, 11370, 30}, "Pull FontMap Up/Down"},
+    {"FMapContainer", "Client", {90, 4170, 11415, 3690}},
+    {"CharButton", "FMapContainer", {0, 0, 11415, 3690}},
+    {"clbFontMap", "FMapContainer", {0, -15, 11415, 390}},
+    {"pbxSetFMapSize", "clbFontMap", {0, 0, 2505, 360}},
+    {"MapSizeLabel", "pbxSetFMapSize", {30, 60, 855, 240}},
+    {"lblSetFMapSizeNumber",
+     "pbxSetFMapSize",
+     {915, 60, 270, 240},
+     "FontMap Size (Click to Change)"},
+    {"tbxSetFMapSizeNumber", "pbxSetFMapSize", {915, 45, 270, 285}, "Enter FontMap size"},
+    {"sldSetFMapSize", "pbxSetFMapSize", {1215, 45, 1230, 270}},
+    {"pbxCFMName", "clbFontMap", {0, 0, 4350, 360}},
+    {"lblCFMName", "pbxCFMName", {0, 60, 4350, 240}, "Currently loaded Custom FontMap file name"},
+    {"LLVContainer", "Client", {90, 7860, 5775, 315}},
+    {"SampleText0", "LLVContainer", {60, 60, 5700, 240}},
+    {"SampleText1", "LLVContainer", {45, 45, 5700, 240}},
+    {"StatBar", "Client", {9600, 7875, 1920, 300}},
+};
+
+const ControlRow &rowOf(const char *name)
+{
+    const auto row = std::ranges::find_if(
+        Controls, [name](const ControlRow &r) { return qstrcmp(r.Name, name) == 0; });
+    Q_ASSERT(row != std::end(Controls));
+    return *row;
+}
+
+/// Places of the 224 cells at size 1: neighbours share 15 twips, one pixel.
+std::vector<TwipRect> designCells()
+{
+    constexpr double side = 420;
+    constexpr double pitch = 405;
+    constexpr double firstTop = 375;
+    std::vector<TwipRect> places;
+    for (int cell = 0; cell < CellCount; ++cell)
+        places.push_back({.Left = pitch * (cell % MapColumns),
+                          .Top = firstTop + pitch * (cell / MapColumns),
+                          .Width = side,
+                          .Height = side});
+    return places;
+}
+
+} // namespace
+
+template<class Widget, class... Arguments>
+Widget *Zendova::Make(const char *name, Arguments &&...arguments)
+{
+    const ControlRow &row = rowOf(name);
+    auto *control = new Widget(std::forward<Arguments>(arguments)..., Control(row.Parent));
+    Adopt(control, name);
+    return control;
+}
+
+void Zendova::Adopt(QWidget *control, const char *name)
+{
+    const ControlRow &row = rowOf(name);
+    control->setObjectName(row.Name);
+    control->setProperty("Tag", QString::fromLatin1(row.Tag));
+    ControlsByName.insert(row.Name, control);
+    if (row.Place != InBand)
+        Form.place(control, row.Place);
+}
+
+QWidget *Zendova::Control(const QString &Name) const
+{
+    QWidget *control = ControlsByName.value(Name);
+    Q_ASSERT(control);
+    return control;
+}
+
+NumberSlider *Zendova::MakeNumberSlider(const NumberSliderNames &names, int least, int most,
+                                        bool badTextCountsZero)
+{
+    auto *slider = new NumberSlider(Control(rowOf(names.Slider).Parent), least, most,
+                                    badTextCountsZero ? NumberSlider::NoNumber::CountsZero
+                                                      : NumberSlider::NoNumber::Ignored);
+    Adopt(slider->slider(), names.Slider);
+    Adopt(slider->number(), names.Number);
+    Adopt(slider->edit(), names.Edit);
+    slider->slider()->setToolTip(names.ToolTip);
+    connect(slider, &NumberSlider::Finished, this, [this] { TextBoard->setFocus(); });
+    return slider;
+}
+
+QLabel *Zendova::MakeLabel(const char *name, const QString &text, Qt::Alignment alignment)
+{
+    auto *label = Make<QLabel>(name, text);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    return label;
+}
+
+void Zendova::CreateControls()
+{
+    Client = new QWidget(this);
+    Client->setObjectName("Client");
+    ControlsByName.insert("Client", Client);
+    setCentralWidget(Client);
+    CreateToolbars();
+
+    const TwipScale scale = Form.scale();
+    CoolBarCM = Make<BandBar>("CoolBarCM", scale);
+    TBFContainer = Make<QWidget>("TBFContainer");
+    FontLabel = MakeLabel("FontLabel", "Font Name:", Qt::AlignLeft);
+    FontNameCombo = Make<FontCombo>("FontNameCombo");
+    FontNameCombo->setToolTip("Select a Font");
+    FSZContainer = Make<QWidget>("FSZContainer");
+    FontSizeLabel = MakeLabel("FontSizeLabel", "Font Size:", Qt::AlignLeft);
+    FontSizeSlider = MakeNumberSlider(
+        {"FontSizeSlider", "FontSizeNumber", "FontSizeEdit", "Set Font Size"}, 8, 36, false);
+    CoolBarCM->addBand(LoadSaveTB, 945);
+    CoolBarCM->addBand(TBFContainer, 6240);
+    CoolBarCM->addBand(FSZContainer, 2310);
+    CoolBarCM->addBand(ZndvDefTB, 1230);
+
+    CoolBarTB = Make<BandBar>("CoolBarTB", scale);
+    TBPContainer = Make<QWidget>("TBPContainer");
+    NoOfChars = MakeLabel("NoOfChars", "0", Qt::AlignRight);
+    ProgressBack = Make<QFrame>("ProgressBack");
+    ProgressBack->setFrameStyle(QFrame::Box | QFrame::Plain);
+    ProgressFore = MakeLabel("ProgressFore", {}, Qt::AlignLeft);
+    ProgressFore->setAutoFillBackground(true);
+    ProgressFore->hide();
+    PercFilled = MakeLabel("PercFilled", "0%", Qt::AlignLeft);
+    CoolBarTB->addBand(TBOperationsTB, 1920);
+    CoolBarTB->addBand(TextEditTB, 1575);
+    CoolBarTB->addBand(FontFormatTB, 2055);
+    CoolBarTB->addBand(TextAlignTB, 1230);
+    CoolBarTB->addBand(TBPContainer, 2880);
+
+    CreateViews();
+
+    TextBoard = new ::TextBoard(Client, [](const QString &name) {
+        FontCatalog &catalog = FontCatalog::current();
+        return BoardFont{.font = catalog.font(name),
+                         .builtInBold = catalog.builtInBold(name),
+                         .builtInItalic = catalog.builtInItalic(name)};
+    });
+    Adopt(TextBoard, "TextBoard");
+
+    auto *split = Make<QFrame>("SplitBar");
+    split->setFrameStyle(QFrame::HLine | QFrame::Raised);
+    split->setCursor(Qt::SplitVCursor);
+    split->installEventFilter(this);
+    SplitBar = split;
+
+    CreateMap();
+
+    LLVContainer = Make<QWidget>("LLVContainer");
+    SampleText[0] =
+        MakeLabel("SampleText0", " \u00B7 every character of every font", Qt::AlignLeft);
+    SampleText[1] = MakeLabel("SampleText1", SampleText[0]->text(), Qt::AlignLeft);
+    StatBar = Make<QWidget>("StatBar");
+    auto *panels = new QHBoxLayout(StatBar);
+    panels->setContentsMargins(0, 0, 0, 0);
+    panels->setSpacing(2);
+    for (const char *text : {"NUM", "CAPS", "SCRL"}) {
+        auto *panel = new QLabel(text, StatBar);
+        panel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+        panel->setAlignment(Qt::AlignCenter);
+        panel->setEnabled(false);
+        panels->addWidget(panel);
+    }
+    ConnectControls();
+}
+
+void Zendova::CreateViews()
+{
+    ViewsContainer = Make<QWidget>("ViewsContainer");
+    ZSzContainer = Make<QWidget>("ZSzContainer");
+    ViewsTB->setParent(ZSzContainer);
+    Adopt(ViewsTB, "ViewsTB");
+    TextZoom = new CharCells(1, 1, ZSzContainer);
+    Adopt(TextZoom, "TextZoom");
+    TextZoom->setScale(Form.scale());
+    TextZoom->setPlaces({{0, 0, 2010, 2010}});
+    CVAContainer = Make<QWidget>("CVAContainer");
+    MakeLabel("ZoomSizeLabel", "Zoom Size:", Qt::AlignLeft);
+    ZoomSizeSlider = MakeNumberSlider(
+        {"ZoomSizeSlider", "ZoomSizeNumber", "ZoomSizeEdit", "Set Zoom Size"}, 8, 72, true);
+    ZoomSizeSlider->slider()->setPageStep(5);
+    for (const char *cover : {"CVACover", "KVACover"})
+        Make<QFrame>(cover)->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    MakeLabel("ASCLabel", "Dec:", Qt::AlignLeft);
+    AscCode = MakeLabel("AscCode", {}, Qt::AlignLeft);
+    MakeLabel("HexLabel", "Hex:", Qt::AlignLeft);
+    HexCode = MakeLabel("HexCode", {}, Qt::AlignLeft);
+    MakeLabel("OctLabel", "Oct:", Qt::AlignLeft);
+    OctCode = MakeLabel("OctCode", {}, Qt::AlignLeft);
+    MakeLabel("BinLabel", "Bin", Qt::AlignHCenter);
+    BinCode = MakeLabel("BinCode", {}, Qt::AlignHCenter);
+    MakeLabel("KSLabel", "Keystroke:", Qt::AlignLeft);
+    KS = MakeLabel("KS", {}, Qt::AlignLeft);
+    KS->setTextFormat(Qt::PlainText);
+}
+
+void Zendova::CreateMap()
+{
+    FMapContainer = Make<QWidget>("FMapContainer");
+    CharButton = new CharCells(CellCount, MapColumns, FMapContainer);
+    Adopt(CharButton, "CharButton");
+    CharButton->setScale(Form.scale());
+    CharButton->setPlaces(designCells());
+    clbFontMap = Make<BandBar>("clbFontMap", Form.scale());
+    pbxSetFMapSize = Make<QWidget>("pbxSetFMapSize");
+    MakeLabel("MapSizeLabel", "Map Size:", Qt::AlignLeft);
+    sldSetFMapSize = MakeNumberSlider(
+        {"sldSetFMapSize", "lblSetFMapSizeNumber", "tbxSetFMapSizeNumber", "Set FontMap Size"}, 1,
+        32, true);
+    // The window follows the size, so it must not run away from under the thumb.
+    sldSetFMapSize->slider()->setTracking(false);
+    sldSetFMapSize->showNumber("0");
+    pbxSetFMapSize->setFixedSize(Form.scale().toPixels(Form.rect(pbxSetFMapSize)).size());
+    pbxCFMName = Make<QWidget>("pbxCFMName");
+    lblCFMName = MakeLabel("lblCFMName", {}, Qt::AlignLeft);
+    FillMapToolbars();
+    clbFontMap->addBand(tlbCustFMap, 1635);
+    clbFontMap->addBand(tlbCFMapFmt, 5310);
+    clbFontMap->addBand(tlbCFMapName, 4470);
+}
+
+void Zendova::ConnectControls()
+{
+    connect(FontNameCombo, &FontCombo::Click, this, &Zendova::FontNameCombo_Click);
+    connect(FontNameCombo, &FontCombo::CharacterKey, this, &Zendova::FontNameCombo_KeyPress);
+    connect(FontSizeSlider, &NumberSlider::ValueChanged, this, &Zendova::FontSizeSlider_Change);
+    connect(FontSizeSlider, &NumberSlider::Scrolled, this, [this](int value) {
+        FontSizeSlider->showNumber(QString::number(value));
+        TextBoard->setFocus();
+    });
+    connect(ZoomSizeSlider, &NumberSlider::ValueChanged, this, &Zendova::SetZoomSize);
+    connect(ZoomSizeSlider, &NumberSlider::Scrolled, this, [this] { TextBoard->setFocus(); });
+    connect(sldSetFMapSize, &NumberSlider::Scrolled, this,
+            [this](int value) { sldSetFMapSize->showNumber(QString::number(value)); });
+    connect(sldSetFMapSize, &NumberSlider::ValueChanged, this, &Zendova::sldSetFMapSize_Change);
+    connect(CharButton, &CharCells::MouseDown, this, &Zendova::CharButton_MouseDown);
+    connect(CharButton, &CharCells::MouseMove, this, &Zendova::CharButton_MouseMove);
+    connect(TextBoard, &::TextBoard::Change, this, &Zendova::TextBoard_Change);
+    connect(TextBoard, &::TextBoard::KeyUp, this, &Zendova::SyncEditCommands);
+    connect(TextBoard, &::TextBoard::MouseUp, this, &Zendova::SyncEditCommands);
+    connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
+}

@@ -1,0 +1,6 @@
+// Width of the display: the one figure of the screen on which start-up, the map's size limit and
+// the defaults of a first run depend.
+#pragma once
+
+/// Width of the current display mode in pixels, cut to 16 bits as a signed number.
+int Display();

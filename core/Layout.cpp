@@ -1,0 +1,183 @@
+// The window's size and the areas in it, all in twips: how they follow the map's size, how the
+// split bar moves the map, and on which side the views stand. The cells themselves are the map's
+// topic.
+#include "core/Zendova.h"
+
+#include "core/Display.h"
+#include "fontmap/MapSize.h"
+#include "platform/SysInfo.h"
+#include "platform/controls/BandBar.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/NumberSlider.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/TextBoard.h"
+
+#include <QLayout>
+#include <QMouseEvent>
+#include <cmath>
+
+namespace {
+
+// The outer size of the window counts a frame and title of these pixels, which are not ours to
+// draw.
+constexpr int FrameAcross = 8;
+constexpr int FrameDown = 46;
+
+/// Topmost place of the split bar, in pixels.
+constexpr int MinSplitPixels = 276;
+
+/// What the window needs below the map and above the work area's edge, in pixels.
+constexpr int BelowMap = 72;
+
+} // namespace
+
+void Zendova::SetFormSize(double Width, double Height)
+{
+    const bool changed = Width != OuterWidth || Height != OuterHeight;
+    OuterWidth = Width;
+    OuterHeight = Height;
+    const TwipScale &scale = Form.scale();
+    Client->setFixedSize(scale.across(Width) - FrameAcross, scale.down(Height) - FrameDown);
+    layout()
+        ->activate(); // the window takes its new size now, not at the next turn of the event loop
+    if (changed)
+        Form_Resize();
+}
+
+double Zendova::FormLeft() const
+{
+    return pos().x() * Form.scale().X;
+}
+
+double Zendova::FormTop() const
+{
+    return pos().y() * Form.scale().Y;
+}
+
+void Zendova::SetFormPosition(double Left, double Top)
+{
+    move(Form.scale().across(Left), Form.scale().down(Top));
+}
+
+void Zendova::AdoptScale()
+{
+    const TwipScale scale = SysInfo::current().scale();
+    if (scale == Form.scale())
+        return;
+    Form.setScale(scale);
+    for (BandBar *bar : {CoolBarCM, CoolBarTB, clbFontMap})
+        bar->setScale(scale);
+    for (CharCells *cells : {CharButton, TextZoom})
+        cells->setScale(scale);
+    SetFormSize(OuterWidth, OuterHeight);
+}
+
+void Zendova::Form_Resize()
+{
+    if (ScreenWidth == Display()) {
+        if (MapResizing) {
+            Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
+            Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
+            Form.setWidth(TextBoard,
+                          OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * TwipsX);
+            Form.setWidth(CoolBarTB, Form.width(TextBoard));
+            Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
+        }
+        if (FirstActivate)
+            Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
+        Form.setTop(LLVContainer, Form.top(FMapContainer) + Form.height(FMapContainer));
+        Form.setTop(StatBar, Form.top(LLVContainer));
+    } else {
+        ScreenWidth = Display();
+        ComputeMaxMapSize();
+        pbxSetFMapSize->setVisible(MaxMapSize > 1);
+        if (SizeIndex > MaxMapSize) {
+            sldSetFMapSize->setValue(MaxMapSize);
+            SizeIndex = sldSetFMapSize->value();
+        }
+        if (SplitIsDown())
+            ResetSplit(SizeIndex - 1);
+    }
+    UpdateMapCommands(2);
+}
+
+void Zendova::SetViewsSide(const QString &Side)
+{
+    const bool left = Side == "L";
+    ViewsTB->button("VCLeft")->setChecked(left);
+    ViewsTB->button("VCRight")->setChecked(!left);
+    const double boardLeft = (left ? 143 : 7) * TwipsX;
+    Form.setLeft(CoolBarTB, boardLeft);
+    Form.setLeft(TextBoard, boardLeft);
+    Form.setLeft(ViewsContainer,
+                 left ? 7 * TwipsX : boardLeft + Form.width(TextBoard) + 2 * TwipsX);
+}
+
+bool Zendova::SplitIsDown() const
+{
+    return Form.top(SplitBar) > MinSplitPixels * TwipsY;
+}
+
+double Zendova::LowestSplit() const
+{
+    return SysInfo::current().WorkAreaHeight() - Form.height(FMapContainer) - BelowMap * TwipsY;
+}
+
+void Zendova::SplitBar_MouseMove(double Y)
+{
+    const double target = Form.top(SplitBar) + Y - 2 * TwipsY;
+    if (target < MinSplitPixels * TwipsY || target > LowestSplit())
+        return;
+    // Very small moves are left alone, so that the bar does not jitter.
+    if (std::abs(std::lround(target - Form.top(SplitBar))) <= 2)
+        return;
+    MoveSplit(target);
+}
+
+void Zendova::MoveSplit(double target)
+{
+    const double delta = std::round(target - Form.top(SplitBar));
+    Form.setHeight(TextBoard, Form.height(TextBoard) + delta);
+    Form.setTop(FMapContainer, Form.top(FMapContainer) + delta);
+    Form.setTop(LLVContainer, Form.top(LLVContainer) + delta);
+    Form.setTop(StatBar, Form.top(StatBar) + delta);
+    SetFormSize(OuterWidth, OuterHeight + delta);
+    Form.setTop(SplitBar, Form.top(SplitBar) + delta);
+}
+
+void Zendova::SplitBar_MouseUp()
+{
+    UpdateMapCommands(2);
+    TextBoard->setFocus();
+}
+
+void Zendova::SplitBar_DblClick()
+{
+    if (SplitIsDown())
+        ResetSplit(SizeIndex - 1);
+    else if (LowestSplit() > Form.top(SplitBar))
+        MoveSplit(LowestSplit());
+    TextBoard->setFocus();
+}
+
+bool Zendova::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != SplitBar)
+        return QMainWindow::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseMove: {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->buttons() & Qt::LeftButton)
+            SplitBar_MouseMove(mouse->position().y() * TwipsY);
+        return true;
+    }
+    case QEvent::MouseButtonRelease:
+        SplitBar_MouseUp();
+        return true;
+    case QEvent::MouseButtonDblClick:
+        SplitBar_DblClick();
+        return true;
+    default:
+        return QMainWindow::eventFilter(watched, event);
+    }
+}

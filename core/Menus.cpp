@@ -1,0 +1,248 @@
+// The menus of the main window: one row an item. An item without a command is there and disabled.
+// Check marks that are not toggles of their own are copied when a menu opens, from the buttons and
+// the board; nothing updates them in between.
+#include "core/Zendova.h"
+
+#include "core/GlobalDeclarations.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/TextBoard.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <array>
+
+namespace {
+
+using Command = void (Zendova::*)();
+
+enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Hidden = 4 };
+
+struct MenuRow
+{
+    int Depth; ///< 0 for a menu of the bar; a row is a submenu if the next one is deeper
+    const char *Name;
+    const char *Caption;
+    const char *Key = "";
+    Command Handler = nullptr; ///< for a menu: what runs as it opens
+    QAction *Zendova::*Item = nullptr;
+    int Flags = Plain;
+};
+
+constexpr const char *Line = "-";
+
+constexpr MenuRow Rows[] = {
+    {0, "ItemFile", "&File"},
+    {1, "FileTF", "&Text File"},
+    {2, "FileLoad", "&Load Text from File...", "Ctrl+L"},
+    {2, "FileSave", "&Save Text in File...", "Ctrl+S"},
+    {1, "FileSep1", Line},
+    {1, "FileCFM", "Custom Font&Map"},
+    {2, "FileCFMLoad", "&Load..."},
+    {2, "FileCFMNew", "&New..."},
+    {2, "FileCFMEdit", "&Edit..."},
+    {2, "FileCFMUnld", "&Unload"},
+    {1, "FileSep4", Line},
+    {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
+
+    {0, "ItemEdit", "&Edit"},
+    {1, "EditCut", "Cu&t", "Ctrl+X"},
+    {1, "EditCopy", "&Copy", "Ctrl+C"},
+    {1, "EditPaste", "&Paste", "Ctrl+V"},
+    {1, "EditDelete", "&Delete", "Ctrl+D"},
+    {1, "EditSep1", Line},
+    {1, "EditSelectAll", "Select &All", "Ctrl+A"},
+    {1, "EditSep2", Line},
+    {1, "EditFind", "&Find...", "Ctrl+F"},
+    {1, "EditFindAgain", "Find A&gain", "F3"},
+
+    {0, "ItemView", "&Views", "", &Zendova::ItemView_Click},
+    {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom,
+     CheckedAtDesign},
+    {1, "ViewCode", "&Code View", "", &Zendova::ViewCode_Click, &Zendova::ViewCode,
+     CheckedAtDesign},
+    {1, "ViewKS", "&Keystroke View", "", &Zendova::ViewKS_Click, &Zendova::ViewKS, CheckedAtDesign},
+    {1, "ViewSep", Line},
+    {1, "ViewAll", "&All Views", "", &Zendova::ViewAll_Click, &Zendova::ViewAll, CheckedAtDesign},
+
+    {0, "ItemFormat", "F&ormat", "", &Zendova::ItemFormat_Click},
+    {1, "FormatTB", "&TextBoard"},
+    {2, "FormatFont", "&Font...", "", &Zendova::FormatFont_Click, &Zendova::FormatFont},
+    {2, "FormatSep1", Line},
+    {2, "FFontBold", "&Bold Font", "Ctrl+B", &Zendova::FFontBold_Click, &Zendova::FFontBold,
+     CheckedAtDesign},
+    {2, "FFontItalic", "&Italic Font", "Ctrl+I", &Zendova::FFontItalic_Click, &Zendova::FFontItalic,
+     CheckedAtDesign},
+    {2, "FormatSep2", Line},
+    {2, "FFontUnderline", "&Underline Font", "Ctrl+U", &Zendova::FFontUnderline_Click,
+     &Zendova::FFontUnderline, CheckedAtDesign},
+    {2, "FFontStrikethrough", "Stri&kethrough Font", "Ctrl+K", &Zendova::FFontStrikethrough_Click,
+     &Zendova::FFontStrikethrough, CheckedAtDesign},
+    {2, "FFontColor", "Font C&olor...", "", &Zendova::ShowColorPicker, &Zendova::FFontColor},
+    {2, "FormatSep3", Line},
+    {2, "AlignLeft", "&Left Align Text", "", &Zendova::AlignLeft_Click, &Zendova::AlignLeft,
+     CheckedAtDesign},
+    {2, "AlignCenter", "&Center Text", "", &Zendova::AlignCenter_Click, &Zendova::AlignCenter,
+     CheckedAtDesign},
+    {2, "AlignRight", "&Right Align Text", "", &Zendova::AlignRight_Click, &Zendova::AlignRight,
+     CheckedAtDesign},
+    {1, "FormatFM", "Font&Map"},
+    {2, "FMSmaller", "&Smaller", "", &Zendova::FMSmaller_Click, &Zendova::FMSmaller},
+    {2, "FMLarger", "&Larger", "", &Zendova::FMLarger_Click, &Zendova::FMLarger},
+    {2, "FMRealign", "&Realign", "", &Zendova::FMRealign_Click, &Zendova::FMRealign},
+    {2, "FormatSep4", Line},
+    {2, "FMFColor", "&Font Color..."},
+    {2, "FMBColor", "&Background Color..."},
+    {2, "FormatSep5", Line},
+    {2, "FMHiLite", "&Mouse Highlight", "", &Zendova::FMHiLite_Click, &Zendova::FMHiLite,
+     Checkable},
+    {2, "FormatSep6", Line},
+    {2, "FMBorders", "Show &Grid", "", &Zendova::FMBorders_Click, &Zendova::FMBorders,
+     CheckedAtDesign},
+
+    {0, "ItemTools", "&Tools"},
+    {1, "ToolsCopy", "&Copy TextBoard to Clipboard"},
+    {1, "ToolsCut", "Cu&t TextBoard to Clipboard"},
+    {1, "ToolsFS", "&View TextBoard Full Screen..."},
+    {1, "ToolsPrint", "&Print TextBoard Contents..."},
+    {1, "ToolsClear", "&Unload TextBoard Contents"},
+    {1, "ToolsSep1", Line},
+    {1, "ToolsFB", "&Browse Fonts..."},
+    {1, "ToolsKB", "View &Keyboard Layout..."},
+    {1, "ToolsSep2", Line},
+    {1, "ToolsOpt", "Default &Options..."},
+
+    {0, "ItemDisplay", "To&ggles", "", &Zendova::ItemDisplay_Click},
+    {1, "OptLoadTD", "&Load .TXT Files with TextBoard Defaults", "", &Zendova::NoFurtherAction,
+     &Zendova::OptLoadTD, CheckedAtDesign},
+    {1, "OptUnloadTD", "&Restore TextBoard Defaults after Unload", "", &Zendova::NoFurtherAction,
+     &Zendova::OptUnloadTD, CheckedAtDesign},
+    {1, "DisplaySep1", Line},
+    {1, "OptPosVC", "&Position Views"},
+    {2, "VCOnL", "On &Left", "", &Zendova::VCOnL_Click, &Zendova::VCOnL, CheckedAtDesign},
+    {2, "VCOnR", "On &Right", "", &Zendova::VCOnR_Click, &Zendova::VCOnR, CheckedAtDesign},
+    {1, "DisplaySep2", Line},
+    {1, "DisplayCD", "Display \"Text Cut/Copied to Clipboard\" &Confirmation", "",
+     &Zendova::NoFurtherAction, &Zendova::DisplayCD, CheckedAtDesign},
+    {1, "DisplayOW", "Display TextBoard &Overwrite Warning", "", &Zendova::NoFurtherAction,
+     &Zendova::DisplayOW, CheckedAtDesign},
+    {1, "DisplayEW", "Display \"Discard Text and Exit?\" &Warning", "", &Zendova::NoFurtherAction,
+     &Zendova::DisplayEW, CheckedAtDesign},
+    {1, "DisplaySep3", Line},
+    {1, "DisplayCS", "Use FontMap Color Scheme in &Dialogs", "", &Zendova::DisplayCS_Click,
+     &Zendova::DisplayCS, CheckedAtDesign},
+    {1, "DisplaySep4", Line},
+    {1, "DisplayTT", "Show &ToolTips", "", &Zendova::DisplayTT_Click, &Zendova::DisplayTT,
+     CheckedAtDesign},
+
+    {0, "ItemHelp", "&Help"},
+    {1, "HelpReadme", "Open &Readme File"},
+    {1, "HelpSep1", Line},
+    {1, "HelpCheckUpd", "Check for &Updates..."},
+    {1, "HelpVisit", "Visit Zendova &Home Page..."},
+    {1, "HelpFeedback", "&E-Mail Zendova Feedback..."},
+    {1, "HelpSep2", Line},
+    {1, "HelpAbout", "&About..."},
+};
+
+} // namespace
+
+void Zendova::CreateMenus()
+{
+    constexpr int Deepest = 3;
+    std::array<QMenu *, Deepest> open{};
+    for (std::size_t i = 0; i < std::size(Rows); ++i) {
+        const MenuRow &row = Rows[i];
+        const auto depth = static_cast<std::size_t>(row.Depth);
+        QMenu *parent = depth ? open[depth - 1] : nullptr;
+        const bool isMenu = i + 1 < std::size(Rows) && Rows[i + 1].Depth > row.Depth;
+        if (isMenu) {
+            QMenu *menu = parent ? parent->addMenu(row.Caption) : menuBar()->addMenu(row.Caption);
+            menu->setObjectName(row.Name);
+            if (row.Handler)
+                connect(menu, &QMenu::aboutToShow, this, row.Handler);
+            open[depth] = menu;
+            continue;
+        }
+        if (row.Caption == Line) {
+            parent->addSeparator()->setObjectName(row.Name);
+            continue;
+        }
+        QAction *item = parent->addAction(row.Caption);
+        item->setObjectName(row.Name);
+        item->setShortcut(QKeySequence(row.Key));
+        item->setCheckable(row.Flags & Checkable);
+        item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
+        item->setEnabled(row.Handler != nullptr);
+        if (row.Handler)
+            connect(item, &QAction::triggered, this, row.Handler);
+        if (row.Item)
+            this->*row.Item = item;
+    }
+    FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
+}
+
+void Zendova::ItemView_Click()
+{
+    ViewAll->setChecked(ViewZoom->isChecked() && ViewCode->isChecked() && ViewKS->isChecked());
+}
+
+void Zendova::ItemFormat_Click()
+{
+    FFontBold->setChecked(TextBoard->FontBold());
+    FFontItalic->setChecked(TextBoard->FontItalic());
+    FFontUnderline->setChecked(TextBoard->FontUnderline());
+    FFontStrikethrough->setChecked(TextBoard->FontStrikethru());
+    FFontBold->setEnabled(FontFormatTB->button("Bold")->isEnabled());
+    FFontItalic->setEnabled(FontFormatTB->button("Italic")->isEnabled());
+    FFontUnderline->setEnabled(FontFormatTB->button("Underline")->isEnabled());
+    FFontStrikethrough->setEnabled(FontFormatTB->button("Strikethrough")->isEnabled());
+    AlignLeft->setChecked(TextAlignTB->button("AlignLeft")->isChecked());
+    AlignCenter->setChecked(TextAlignTB->button("CenterText")->isChecked());
+    AlignRight->setChecked(TextAlignTB->button("AlignRight")->isChecked());
+}
+
+void Zendova::ItemDisplay_Click()
+{
+    VCOnR->setChecked(ViewsTB->button("VCRight")->isChecked());
+    VCOnL->setChecked(ViewsTB->button("VCLeft")->isChecked());
+}
+
+void Zendova::NoFurtherAction()
+{
+    // The check mark is the state; whoever needs it reads the mark.
+}
+
+void Zendova::DisplayCS_Click()
+{
+    ColorSchemeOn = DisplayCS->isChecked();
+}
+
+void Zendova::DisplayTT_Click()
+{
+    ToolTipsOn = DisplayTT->isChecked();
+    SetToolTips();
+}
+
+void Zendova::VCOnL_Click()
+{
+    ChooseViewsSide(VCOnL, "L");
+}
+
+void Zendova::VCOnR_Click()
+{
+    ChooseViewsSide(VCOnR, "R");
+}
+
+void Zendova::ChooseViewsSide(QAction *item, const QString &side)
+{
+    // The toolkit has flipped the mark by now: one that was set already is set again, and that is
+    // all.
+    if (!item->isChecked()) {
+        item->setChecked(true);
+        return;
+    }
+    VCPosition = side;
+    SetViewsSide(VCPosition);
+}

@@ -1,0 +1,121 @@
+// The message dialog: an area of fixed size, one or two buttons and the box that silences a
+// warning.
+#include "core/Message.h"
+
+#include "core/GlobalDeclarations.h"
+#include "core/Zendova.h"
+#include "platform/SysInfo.h"
+#include "platform/controls/CharCells.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+constexpr TwipRect ClientSize = {0, 0, 5475, 2310};
+constexpr TwipRect FirstPlace = {2790, 1950, 1290, 330};
+constexpr TwipRect SecondPlace = {4140, 1950, 1290, 330};
+
+} // namespace
+
+void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Title, bool ShowCheck,
+             int DefaultButton)
+{
+    MsgResult = false;
+    MsgDontRepeat = false;
+    MsgOkMode = Buttons == "OK";
+    Zendova *main = Zendova::Instance();
+    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton,
+                   main && main->isVisible() ? main : nullptr);
+    dialog.exec();
+}
+
+Message::Message(const QString &MsgText, const QString &Buttons, const QString &Title,
+                 bool ShowCheck, int DefaultButton, QWidget *parent)
+    : QDialog(parent), Form(SysInfo::current().scale())
+{
+    createControls();
+    if (const Zendova *main = Zendova::Instance(); main && ColorSchemeOn) {
+        QPalette own = MessageArea->palette();
+        own.setColor(QPalette::WindowText, ToColor(main->TextZoom->ForeColor(0), palette()));
+        own.setColor(QPalette::Window, ToColor(main->TextZoom->BackColor(0), palette()));
+        MessageArea->setPalette(own);
+        MessageArea->setAutoFillBackground(true);
+    }
+    setWindowTitle(Title);
+    QString text = MsgText;
+    MessageArea->setText(text.replace('\r', '\n'));
+    MessageArea->setAccessibleName(MsgText.simplified());
+    setAccessibleDescription(MsgText.simplified());
+    if (Buttons == "OK") {
+        Button1->setText("Ok");
+        Form.place(Button1, SecondPlace);
+        Button2->hide();
+    } else if (Buttons == "YN") {
+        Button1->setText("Yes");
+        Button2->setText("No");
+    }
+    DisplayAgainCheck->setVisible(ShowCheck);
+    QPushButton *first = DefaultButton == 1 || Buttons == "OK" ? Button1 : Button2;
+    first->setDefault(true);
+    first->setFocus();
+    if (first == Button2) {
+        setTabOrder(Button2, Button1);
+        setTabOrder(Button1, DisplayAgainCheck);
+    }
+}
+
+void Message::createControls()
+{
+    setFixedSize(Form.scale().toPixels(ClientSize).size());
+    MessageArea = new QLabel(this);
+    MessageArea->setObjectName("MessageArea");
+    MessageArea->setTextFormat(Qt::PlainText);
+    MessageArea->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    MessageArea->setWordWrap(true);
+    MessageArea->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    Form.place(MessageArea, {15, 60, 5445, 1845});
+    Button1 = new QPushButton(this);
+    Button1->setObjectName("Button1");
+    Form.place(Button1, FirstPlace);
+    Button2 = new QPushButton(this);
+    Button2->setObjectName("Button2");
+    Form.place(Button2, SecondPlace);
+    DisplayAgainCheck = new QCheckBox("Do not display again", this);
+    DisplayAgainCheck->setObjectName("DisplayAgainCheck");
+    DisplayAgainCheck->setToolTip("Check not to display this message again");
+    Form.place(DisplayAgainCheck, {105, 1980, 2655, 270});
+
+    connect(Button1, &QPushButton::clicked, this, [this] {
+        MsgResult = true;
+        accept();
+    });
+    connect(Button2, &QPushButton::clicked, this, &QDialog::reject);
+    connect(DisplayAgainCheck, &QCheckBox::clicked, this,
+            [](bool checked) { MsgDontRepeat = checked; });
+    // A notice closes at any key of a character, before the button that has the focus takes it.
+    for (QWidget *control : {static_cast<QWidget *>(Button1), static_cast<QWidget *>(Button2),
+                             static_cast<QWidget *>(DisplayAgainCheck)})
+        control->installEventFilter(this);
+}
+
+bool Message::eventFilter(QObject *watched, QEvent *event)
+{
+    if (MsgOkMode && event->type() == QEvent::KeyPress &&
+        !static_cast<QKeyEvent *>(event)->text().isEmpty() &&
+        static_cast<QKeyEvent *>(event)->key() != Qt::Key_Tab) {
+        reject();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void Message::keyPressEvent(QKeyEvent *event)
+{
+    // A question has no answer under Esc; only its buttons and the close box end it.
+    if (!MsgOkMode && event->key() == Qt::Key_Escape)
+        return;
+    QDialog::keyPressEvent(event);
+}

@@ -1,0 +1,296 @@
+// The order of a run: start-up, first activation, the start-up file, a change of the display, the
+// question at the end and the tear-down. It calls the procedures of all other topics; the order of
+// the calls is the whole of its knowledge.
+#include "core/Zendova.h"
+
+#include "core/CheckDFFFunctions.h"
+#include "core/Display.h"
+#include "core/GlobalDeclarations.h"
+#include "core/Message.h"
+#include "core/RegistryFunctions.h"
+#include "core/SettingsDefaults.h"
+#include "platform/SysInfo.h"
+#include "platform/controls/BandBar.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/NumberSlider.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/TextBoard.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QWindow>
+#include <cmath>
+
+Zendova *Zendova::Shared = nullptr;
+
+namespace {
+
+constexpr int LeastScreenWidth = 800; // pixels
+
+constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
+
+void showScreenMessage()
+{
+    ZndvMsg("\rYour screen and/or font size is not adequate to run Zendova.\r\r"
+            "To run properly, Zendova needs at least 800x600 resolution\r"
+            " with Small Fonts or 1024x768 resolution with Large Fonts.\r\r"
+            "Please change your screen resolution and/or\r"
+            "font size accordingly and try again.",
+            "OK", ProductName + " Resource Initilalization Error", false, 1);
+}
+
+/// What a start-up file must end in, compared in capitals; no dot is asked for.
+enum class StartupFile { Map, Text, NotOurs };
+
+StartupFile kindOf(const QString &path)
+{
+    const QString extension = path.right(3).toUpper();
+    if (extension == "ZCM")
+        return StartupFile::Map;
+    if (extension == "ZUF" || extension == "TXT")
+        return StartupFile::Text;
+    return StartupFile::NotOurs;
+}
+
+} // namespace
+
+Zendova::Zendova(QString commandTail)
+    : TextFiles(u"MRU", 9)
+    , MapFiles(u"CFMRU", 5)
+    , Form(SysInfo::current().scale())
+    , CommandTail(std::move(commandTail))
+{
+    Q_ASSERT(!Shared);
+    Shared = this;
+    setObjectName("Zendova");
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    CreateControls();
+    CreateMenus();
+    SetFormSize(OuterWidth, OuterHeight);
+}
+
+Zendova::~Zendova()
+{
+    if (Shared == this)
+        Shared = nullptr;
+}
+
+void Zendova::Start()
+{
+    Form_Initialize();
+    Form_Load();
+    show();
+    SysInfo::current().follow(windowHandle());
+}
+
+void Zendova::Form_Initialize()
+{
+    // The family of the platform decides about its common controls; this toolkit has no such call.
+    static_assert(SysInfo::OSPlatform == 2 && SysInfo::OSVersion >= 5);
+}
+
+void Zendova::Form_Load()
+{
+    // Both names grow along the way and are whole only at the end; a message shown before shows
+    // them as far as they have come.
+    ProductName = "Z";
+    CreditLine = QChar(169);
+    LoadAborted = false;
+    CreditLine += " Z";
+
+    CaptureDesignLayout();
+    if (Display() < LeastScreenWidth) {
+        if (!FirstActivate)
+            close();
+        showScreenMessage();
+        LoadAborted = true;
+    }
+    if (LoadAborted)
+        EndProgram();
+    FirstActivate = true;
+    LoadSettings();
+    if (LoadAborted)
+        EndProgram();
+    FillDefaultMap();
+    SetToolbarImages();
+    CreditLine += ' ';
+    if (SizeIndex > 1) {
+        SetFontMapSize(SizeIndex - 1, true);
+        FMLarger->setEnabled(MaxMapSize != SizeIndex);
+        FMSmaller->setEnabled(true);
+    }
+    InitFonts();
+    if (LoadAborted)
+        EndProgram();
+    ApplyFontToAll();
+    if (LoadAborted)
+        EndProgram();
+    InitFontMapSizing();
+    CreditLine += "ork";
+    ApplyTextBoardSettings();
+    ApplyViewSettings();
+}
+
+void Zendova::CaptureDesignLayout()
+{
+    TwipsX = Form.scale().X;
+    TwipsY = std::round(Form.scale().Y);
+    TBLimit = TextBoard->MaxLength();
+    ProgressWidth = Form.width(ProgressBack);
+    TextChanged = false;
+    DefaultsApplied = false;
+    EdgeMargin = Form.left(SplitBar);
+    ScreenWidth = Display();
+    ForeColor = TextZoom->ForeColor(0);
+    BackColor = TextZoom->BackColor(0);
+    ColorSampleText();
+    ProductName += 'e';
+    CreditLine += 'e';
+}
+
+void Zendova::ApplyViewSettings()
+{
+    ZoomViewSet(ViewZoom->isChecked());
+    CodeViewSet(ViewCode->isChecked());
+    KeystrokeViewSet(ViewKS->isChecked());
+    SetZoomSize(ZoomSizeSlider->value());
+    SetViewsSide(VCPosition);
+    const bool foreDiffers = TextZoom->ForeColor(0) != ForeColor;
+    const bool backDiffers = TextZoom->BackColor(0) != BackColor;
+    if (foreDiffers || backDiffers)
+        ApplyFontMapColors(foreDiffers, ForeColor, backDiffers, BackColor);
+    ColorSchemeOn = DisplayCS->isChecked();
+    UpdateMapCommands(1);
+    tlbCFMapFmt->button("FMapH")->setChecked(FMHiLite->isChecked());
+    SetCellBorders(FMBorders->isChecked() ? 1 : 0);
+    tlbCFMapFmt->button("FMapG")->setChecked(FMBorders->isChecked());
+    if (FirstActivate)
+        UpdateProgressBar();
+    SetToolTips();
+    SetTabOrder();
+    CreditLine += 's';
+}
+
+bool Zendova::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Show:
+        Form_Resize();
+        break;
+    case QEvent::WindowActivate:
+        Form_Activate();
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::event(event);
+}
+
+void Zendova::Form_Activate()
+{
+    if (!FirstActivate)
+        return;
+    for (QLabel *label : SampleText)
+        label->setText(CreditLine + label->text());
+    setWindowTitle(ProductName + VersionSuffix);
+    TextBoard->setFocus();
+    if (const std::optional<QString> path = GetCommandLine()) {
+        if (kindOf(*path) == StartupFile::NotOurs)
+            ZndvMsg("\r\r\rFiles with extension '" + path->right(3).toUpper() + "' are not valid " +
+                        ProductName + " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
+                    "OK", ProductName + " Startup File Load Error", false, 1);
+    }
+    FirstActivate = false;
+}
+
+std::optional<QString> Zendova::GetCommandLine()
+{
+    QString path = CommandTail;
+    if (path.isEmpty() && InitMap)
+        path = InitMapPath;
+    if (path.startsWith('"'))
+        path.remove(0, 1);
+    if (path.endsWith('"'))
+        path.chop(1);
+    if (path.isEmpty())
+        return std::nullopt;
+    if (const QString notice = PathNotice(path); !notice.isEmpty()) {
+        ZndvMsg(notice, "OK", ProductName + " Startup File Load Error", false, 1);
+        return std::nullopt;
+    }
+    return path;
+}
+
+void Zendova::FileExit_Click()
+{
+    close();
+}
+
+void Zendova::closeEvent(QCloseEvent *event)
+{
+    if (Unloaded) {
+        event->accept();
+        return;
+    }
+    if (!Form_QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    Form_Unload();
+    event->accept();
+}
+
+bool Zendova::Form_QueryUnload()
+{
+    if (!DisplayEW->isChecked() || TextBoard->TextLength() == 0)
+        return true;
+    if (isMinimized())
+        showNormal();
+    ZndvMsg("\r\r\r\rDiscard text on the TextBoard and Exit?", "YN", ProductName + " Exit Warning",
+            true, 2);
+    DisplayEW->setChecked(!MsgDontRepeat);
+    return MsgResult;
+}
+
+void Zendova::Form_Unload()
+{
+    Unloaded = true;
+    hide();
+    for (const QStringView name : {u"FMFPaletteRef", u"FMBPaletteRef", u"FMFColorIndex",
+                                   u"FMBColorIndex", u"FMFColorName", u"FMBColorName"})
+        RegDropValue(HKEY_CURRENT_USER, SettingsPath(u"Temp"), name);
+    RepairRan = false;
+    SaveLastSettings();
+    Shared = nullptr;
+}
+
+void Zendova::EndProgram()
+{
+    Shared = nullptr;
+    throw ProgramEnd();
+}
+
+void Zendova::SysInfo_DisplayChanged()
+{
+    if (Unloaded)
+        return;
+    if (Display() < LeastScreenWidth) {
+        if (!FirstActivate)
+            close();
+        showScreenMessage();
+        LoadAborted = true;
+    }
+    if (LoadAborted)
+        EndProgram();
+    DisplayEventSeen = true;
+    AdoptScale();
+    if (!isMinimized() && !isMaximized() && !isFullScreen()) {
+        const SysInfo &screen = SysInfo::current();
+        SetFormPosition(screen.WorkAreaWidth() / 2 - FormWidth() / 2,
+                        screen.WorkAreaHeight() / 2 - FormHeight() / 2);
+    }
+    InitFontMapSizing();
+    ViewsTB->update();
+}

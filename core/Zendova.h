@@ -1,0 +1,360 @@
+// The main window. It owns the run: its load event is the start-up, and it holds all state of the
+// board and the map. One class, because its procedures read and write each other's controls; each
+// topic has a file of its own, listed here in the order in which a run meets them.
+#pragma once
+
+#include "fontmap/CharInfo.h"
+#include "fonttools/FontLoadProcedure.h"
+#include "platform/ColorValue.h"
+#include "platform/controls/TwipForm.h"
+#include "textboard/RecentFiles.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <array>
+#include <optional>
+
+class BandBar;
+class CharCells;
+class FontCombo;
+class NumberSlider;
+class QAction;
+class QFrame;
+class QLabel;
+class QMenu;
+class QToolButton;
+class TextBoard;
+class Toolbar;
+
+/// Thrown by EndProgram: the process ends at once, without any further event of the window.
+struct ProgramEnd
+{
+};
+
+class Zendova : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// The command tail is everything behind the program's name, as one string.
+    explicit Zendova(QString commandTail);
+    ~Zendova() override;
+    /// The one instance, or null before its creation and after its unload.
+    static Zendova *Instance() { return Shared; }
+
+    // ---- core/Startup.cpp: the order of a run
+    // ----------------------------------------------------
+
+    /// Runs Form_Initialize and Form_Load and shows the window. Throws ProgramEnd where start-up
+    /// ends the program and ConversionError where a setting can't be converted.
+    void Start();
+    void Form_Initialize();
+    void Form_Load();
+    void Form_Activate();
+    /// False cancels the unload.
+    bool Form_QueryUnload();
+    void Form_Unload();
+    void FileExit_Click();
+    void SysInfo_DisplayChanged();
+    /// The start-up file's path after all checks, or nothing.
+    std::optional<QString> GetCommandLine();
+    void CaptureDesignLayout();
+    void ApplyViewSettings();
+    [[noreturn]] void EndProgram();
+
+    bool LoadAborted = false;
+    bool FirstActivate = false; ///< start-up runs, until the end of the first activation
+    bool RepairRan = false;
+    bool DefaultsApplied = false; ///< the store was just created or repaired
+    bool DisplayEventSeen = false;
+
+    // ---- core/Settings.cpp: reading, repairing and saving the settings
+    // ----------------------------
+
+    void LoadSettings();
+    /// The repair: defaults into memory, controls and store. "Ask" asks first, "Act" does not.
+    void InitSettings(const QString &Mode);
+    void ReadTextBoardDefaults();
+    void ReadLastSettings();
+    void CreateSettingsKeys();
+    void WriteCustomColorDefaults();
+    void WriteMiscDefaults();
+    void WriteDefaultSettings();
+    void SaveLastSettings();
+
+    QString LFLoadPath, LFSavePath, LMLoadPath, LMSavePath; ///< last folders of the file dialogs
+    QString VCPosition;                                     ///< "L" or "R": side of the views
+    bool InitMap = false;
+    QString InitMapPath;
+    double SavedFormHeight = 0; ///< twips, as the settings give them
+    double SavedFormWidth = 0;
+    RecentFiles TextFiles;
+    RecentFiles MapFiles;
+
+    // ---- core/Controls.cpp: the controls and their places
+    // -----------------------------------------
+
+    void CreateControls();
+    /// The control of a row of the table of controls, by its name.
+    QWidget *Control(const QString &Name) const;
+
+    TwipForm Form;
+    QWidget *Client = nullptr;
+    BandBar *CoolBarCM = nullptr;
+    QWidget *TBFContainer = nullptr;
+    QLabel *FontLabel = nullptr;
+    FontCombo *FontNameCombo = nullptr;
+    QWidget *FSZContainer = nullptr;
+    QLabel *FontSizeLabel = nullptr;
+    NumberSlider *FontSizeSlider = nullptr; ///< with FontSizeNumber and FontSizeEdit
+    BandBar *CoolBarTB = nullptr;
+    QWidget *TBPContainer = nullptr;
+    QLabel *NoOfChars = nullptr;
+    QFrame *ProgressBack = nullptr;
+    QLabel *ProgressFore = nullptr;
+    QLabel *PercFilled = nullptr;
+    ::TextBoard *TextBoard = nullptr;
+    QWidget *SplitBar = nullptr;
+    QWidget *FMapContainer = nullptr;
+    BandBar *clbFontMap = nullptr;
+    QWidget *pbxSetFMapSize = nullptr;
+    NumberSlider *sldSetFMapSize = nullptr; ///< with lblSetFMapSizeNumber and tbxSetFMapSizeNumber
+    QWidget *pbxCFMName = nullptr;
+    QLabel *lblCFMName = nullptr;
+    CharCells *CharButton = nullptr;
+    QWidget *ViewsContainer = nullptr;
+    QWidget *ZSzContainer = nullptr;
+    CharCells *TextZoom = nullptr;
+    QWidget *CVAContainer = nullptr;
+    NumberSlider *ZoomSizeSlider = nullptr; ///< with ZoomSizeNumber and ZoomSizeEdit
+    QLabel *AscCode = nullptr;
+    QLabel *HexCode = nullptr;
+    QLabel *OctCode = nullptr;
+    QLabel *BinCode = nullptr;
+    QLabel *KS = nullptr;
+    QWidget *LLVContainer = nullptr;
+    std::array<QLabel *, 2> SampleText{};
+    QWidget *StatBar = nullptr;
+
+    // ---- core/Layout.cpp: the window's size and the areas in it
+    // -----------------------------------
+
+    void Form_Resize();
+    /// "L" or "R".
+    void SetViewsSide(const QString &Side);
+    void SplitBar_MouseMove(double Y);
+    void SplitBar_MouseUp();
+    void SplitBar_DblClick();
+    /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
+    double FormWidth() const { return OuterWidth; }
+    double FormHeight() const { return OuterHeight; }
+    void SetFormSize(double Width, double Height);
+    /// Place of the window with its frame on the desktop, in twips.
+    double FormLeft() const;
+    double FormTop() const;
+    void SetFormPosition(double Left, double Top);
+    /// Takes the screen's twips per pixel over, if they have changed.
+    void AdoptScale();
+
+    double EdgeMargin = 105; ///< twips
+    int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
+
+    // ---- core/Menus.cpp: the menus
+    // ----------------------------------------------------------------
+
+    void CreateMenus();
+    void ItemFormat_Click();
+    void ItemView_Click();
+    void ItemDisplay_Click();
+    void NoFurtherAction();
+    void VCOnL_Click();
+    void VCOnR_Click();
+    void DisplayCS_Click();
+    void DisplayTT_Click();
+
+    QMenu *FormatFM = nullptr;
+    QAction *FileExit = nullptr;
+    QAction *ViewZoom = nullptr, *ViewCode = nullptr, *ViewKS = nullptr, *ViewAll = nullptr;
+    QAction *FormatFont = nullptr;
+    QAction *FFontBold = nullptr, *FFontItalic = nullptr;
+    QAction *FFontUnderline = nullptr, *FFontStrikethrough = nullptr, *FFontColor = nullptr;
+    QAction *AlignLeft = nullptr, *AlignCenter = nullptr, *AlignRight = nullptr;
+    QAction *FMSmaller = nullptr, *FMLarger = nullptr, *FMRealign = nullptr;
+    QAction *FMHiLite = nullptr, *FMBorders = nullptr;
+    QAction *OptLoadTD = nullptr, *OptUnloadTD = nullptr;
+    QAction *VCOnL = nullptr, *VCOnR = nullptr;
+    QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
+    QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+
+    // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
+    // --------------------
+
+    void CreateToolbars();
+    void SetToolbarImages();
+    void SetToolTips();
+
+    /// Sets a button's Enabled; a button whose command is not built stays off.
+    static void EnableButton(Toolbar *Bar, const QString &Key, bool On);
+
+    Toolbar *LoadSaveTB = nullptr, *ZndvDefTB = nullptr, *ViewsTB = nullptr;
+    Toolbar *TBOperationsTB = nullptr, *TextEditTB = nullptr;
+    Toolbar *FontFormatTB = nullptr, *TextAlignTB = nullptr;
+    Toolbar *tlbCustFMap = nullptr, *tlbCFMapFmt = nullptr, *tlbCFMapName = nullptr;
+
+    // ---- fontmap/FontMap.cpp: what the cells hold and how they look
+    // --------------------------------
+
+    void FillDefaultMap();
+    void CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At);
+    void ApplyFontMapColors(bool SetFore, ColorValue Fore, bool SetBack, ColorValue Back);
+    /// 1 for grid lines, 0 for none.
+    void SetCellBorders(int Style);
+    void FMHiLite_Click();
+    void FMBorders_Click();
+
+    CharInfoTable CharInfo;
+    int LastCell = 0;
+    ColorValue ForeColor = 0, BackColor = 0;
+    int ForeColorIndex = 0, BackColorIndex = 0;
+    QString ForeColorName, BackColorName;
+    int ForePaletteRef = 0, BackPaletteRef = 0;
+
+    // ---- fontmap/MapSizing.cpp: the size of the map
+    // ------------------------------------------------
+
+    void InitFontMapSizing();
+    /// Changes all cells by so many pixels a side, up or down.
+    void SetFontMapSize(int Steps, bool Grow);
+    /// Lays map, board and window out for the size Steps + 1.
+    void ResetSplit(int Steps);
+    /// 1: commands that depend on a loaded custom map; 2: on the size and the split bar.
+    void UpdateMapCommands(int Which);
+    void FMLarger_Click();
+    void FMSmaller_Click();
+    void FMRealign_Click();
+    void sldSetFMapSize_Change(int Value);
+    /// Computes MaxMapSize for the screen of now and brings the slider in line.
+    void ComputeMaxMapSize();
+    bool SplitIsDown() const; ///< the split bar stands below its topmost place
+
+    double TwipsX = 15, TwipsY = 15; ///< twips of one pixel; TwipsY in whole numbers
+    int SizeIndex = 0;               ///< from 1; 0 while no size is known
+    int MaxMapSize = 0;
+    bool MapResizing = false;
+    QString LoadedMapPath, LoadedMapName;
+
+    // ---- fontmap/Views.cpp: what is told of the character under the mouse
+    // --------------------------
+
+    void CharButton_MouseMove(int Index);
+    void ZoomViewSet(bool On);
+    void CodeViewSet(bool On);
+    void KeystrokeViewSet(bool On);
+    void ViewZoom_Click();
+    void ViewCode_Click();
+    void ViewKS_Click();
+    void ViewAll_Click();
+    void SetZoomSize(int Size);
+
+    // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
+    // ---------------------
+
+    void InitFonts();
+    /// Position in FontNameCombo of the item with the text TBFontName, or 0.
+    int FindCurrentFontIndex() const;
+    /// True if there is an item with exactly this text; TBFontIndex is then its position.
+    bool FindFontItem(const QString &FaceName);
+    void SelectFontByName(const QString &FaceName);
+    void FontNameCombo_Click();
+    void FontNameCombo_KeyPress(int Key);
+
+    class FontList FontList;
+
+    // ---- textboard/Statistics.cpp: the board's text and what shows its state
+    // ------------------------
+
+    void TextBoard_Change();
+    void UpdateProgressBar();
+    void SyncEditCommands();
+    void ApplyTextBoardSettings();
+    void SetTabOrder();
+
+    int TBLimit = 0;
+    bool TextChanged = false;
+    double ProgressWidth = 0; ///< twips
+    bool FindHasFocus = false;
+    QString LoadedFilePath, LoadedFileTitle;
+
+    // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
+    // -------------------------
+
+    void ApplyFontToAll();
+    void FontSizeSlider_Change(int Value);
+    void SetBold(int On);
+    void SetItalic(int On);
+    void SetUnderline(int On);
+    void SetStrikeout(int On);
+    /// 0 left, 1 right, 2 centre.
+    void SetAlignment(int Alignment);
+    void SetColorFromDialog(ColorValue Color);
+    void ShowColorPicker();
+    void FormatFont_Click();
+    void FFontBold_Click();
+    void FFontItalic_Click();
+    void FFontUnderline_Click();
+    void FFontStrikethrough_Click();
+    void AlignLeft_Click();
+    void AlignCenter_Click();
+    void AlignRight_Click();
+    /// Looks for the colour among the sixteen; found, TBColorIndex is its index.
+    bool FindColorIndex(ColorValue Color);
+
+    QString TBFontName;
+    int TBFontIndex = 0;
+    std::array<int, 4> TBStyle{}; ///< the wish for bold, italic, underline, strikeout
+    int TBColorIndex = 0;
+    QString TBColorName;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    template<class Widget, class... Arguments>
+    Widget *Make(const char *name, Arguments &&...arguments);
+    void Adopt(QWidget *control, const char *name);
+    QLabel *MakeLabel(const char *name, const QString &text, Qt::Alignment alignment);
+    struct NumberSliderNames
+    {
+        const char *Slider;
+        const char *Number;
+        const char *Edit;
+        const char *ToolTip;
+    };
+    NumberSlider *MakeNumberSlider(const NumberSliderNames &names, int least, int most,
+                                   bool badTextCountsZero);
+    void CreateViews();
+    void CreateMap();
+    void ConnectControls();
+    void FillMapToolbars();
+    void FirstRunPath();
+    void MoveSplit(double target);
+    double LowestSplit() const;
+    void ChooseViewsSide(QAction *item, const QString &side);
+    void ChooseAlignment(QAction *item, int alignment);
+    void SetStyle(int style, int on);
+    void ShowStylesInZoom();
+    void ToggleStyle(int style);
+    void RenewColorButton();
+    void RenewColorToolTip();
+    void ColorSampleText();
+    void EnableSizing(bool on);
+    QToolButton *StyleButton(int style) const;
+
+    static Zendova *Shared;
+    QString CommandTail;
+    bool Unloaded = false;
+    QHash<QString, QWidget *> ControlsByName;
+    double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
+};

@@ -1,0 +1,43 @@
+// The arithmetic of the map's size: how large it may get, and how large the window is at a size.
+// Values in, values out; lengths in twips.
+#pragma once
+
+#include "platform/Twips.h"
+
+namespace MapSize {
+
+/// Width of the main window at size 1 with its edge: what a screen must have beyond the size steps.
+constexpr double WindowWidthTwips = 11730;
+/// The window at size 1 in pixels, and what each further size adds to it.
+constexpr int WindowWidth = 780;
+constexpr int WindowHeight = 592;
+constexpr int StepAcross = 28;
+constexpr int StepDown = 8;
+
+/// Largest size that a screen of this width in pixels allows; 1 or less if the map can't be sized.
+constexpr int Largest(int screenWidth, double twipsX)
+{
+    // The conversion cuts towards zero, which is what is wanted.
+    return static_cast<int>((screenWidth * twipsX - WindowWidthTwips) / StepAcross / twipsX) + 1;
+}
+
+/// Outer width and height of the window in twips after this many steps above size 1.
+constexpr double FormWidth(int steps, const TwipScale &scale)
+{
+    return scale.X * (steps * StepAcross + WindowWidth);
+}
+constexpr double FormHeight(int steps, const TwipScale &scale)
+{
+    return scale.Y * (steps * StepDown + WindowHeight);
+}
+
+/// True if a screen lets the map be sized, nothing if the commands stay as they are.
+enum class Sizing { Off, On, AsItIs };
+constexpr Sizing SizingFor(int screenWidth, double twipsX)
+{
+    if (twipsX >= 15)
+        return screenWidth > 800 ? Sizing::On : Sizing::Off;
+    return screenWidth < 1025 ? Sizing::Off : Sizing::AsItIs;
+}
+
+} // namespace MapSize

@@ -1,0 +1,89 @@
+// The fonts of the system in the font picker of the main window: filling it once at start, and
+// finding and selecting a font in it. Positions count from 1.
+#include "core/Zendova.h"
+
+#include "core/GlobalDeclarations.h"
+#include "core/Message.h"
+#include "platform/controls/FontCombo.h"
+
+void Zendova::InitFonts()
+{
+    LoadFontList(FontList);
+    CreditLine += 'W';
+    bool found = false;
+    std::vector<FontCombo::Item> items;
+    items.reserve(static_cast<std::size_t>(FontCount));
+    for (int i = 0; i < FontCount; ++i) {
+        const QString &entry = FontList.entry(i);
+        const FontClass entryClass = fontClass(entry);
+        countFont(entryClass == FontClass::TrueType ? TTFontCount : SysFontCount);
+        const QString name = fontFaceName(entry);
+        items.push_back({.Text = name, .IconKey = fontIconKey(entryClass)});
+        if (!found && name == TBFontName) {
+            TBFontIndex = i + 1;
+            found = true;
+        }
+    }
+    FontNameCombo->setItems(std::move(items));
+    if (found) {
+        FontNameCombo->SelectItem(TBFontIndex);
+        return;
+    }
+    ZndvMsg("\r\rThe font last used by Zendova is unavailable.\r\rContinue Loading?\r\r"
+            "\u2022 Press Yes to load Zendova with a default font.\r"
+            "\u2022 Press No to terminate loading.",
+            "YN", "Zendova Font Initialization Error", false, 1);
+    if (MsgResult)
+        FontNameCombo->SelectItem(1);
+    else
+        LoadAborted = true;
+}
+
+int Zendova::FindCurrentFontIndex() const
+{
+    for (int position = 1; position <= FontCount; ++position)
+        if (FontNameCombo->ItemText(position) == TBFontName)
+            return position;
+    return 0;
+}
+
+bool Zendova::FindFontItem(const QString &FaceName)
+{
+    for (int position = 1; position <= FontCount; ++position) {
+        if (FontNameCombo->ItemText(position) == FaceName) {
+            TBFontIndex = position;
+            return true;
+        }
+    }
+    return false;
+}
+
+void Zendova::SelectFontByName(const QString &FaceName)
+{
+    for (int position = 1; position <= FontCount; ++position)
+        if (FontNameCombo->ItemText(position) == FaceName)
+            TBFontIndex = position;
+    FontNameCombo->SelectItem(TBFontIndex);
+    TBFontName = FontNameCombo->Text();
+}
+
+void Zendova::FontNameCombo_Click()
+{
+    if (FontNameCombo->Text() == TBFontName)
+        return;
+    ApplyFontToAll();
+    TBFontName = FontNameCombo->Text();
+    TBFontIndex = FontNameCombo->SelectedItem();
+}
+
+void Zendova::FontNameCombo_KeyPress(int Key)
+{
+    if (!isJumpKey(Key)) {
+        FontNameCombo->SelectItem(TBFontIndex);
+        return;
+    }
+    const auto text = [this](int i) { return FontNameCombo->ItemText(i + 1); };
+    if (const std::optional<int> match = FirstLetterMatch(FontCount, text, Key))
+        FontNameCombo->SelectItem(*match + 1);
+    FontNameCombo_Click();
+}

@@ -1,0 +1,175 @@
+// Painting and hit-testing of the cells. Glyphs are looked up in the font's own character map and
+// drawn by their index: no text layout, which would hide the soft hyphen and borrow from other
+// fonts.
+#include "platform/controls/CharCells.h"
+
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+CharCells::CharCells(int count, int columns, QWidget *parent)
+    : QWidget(parent), Cells(static_cast<std::size_t>(count)), Columns(columns), CellFont(font())
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void CharCells::setCaption(int index, const QString &caption)
+{
+    Cell &cell = at(index);
+    if (cell.Caption == caption)
+        return;
+    cell.Caption = caption;
+    update(cell.Pixels);
+}
+
+void CharCells::setColors(int index, ColorValue fore, ColorValue back)
+{
+    Cell &cell = at(index);
+    if (cell.ForeColor == fore && cell.BackColor == back)
+        return;
+    cell.ForeColor = fore;
+    cell.BackColor = back;
+    update(cell.Pixels);
+}
+
+void CharCells::setBorderStyle(int index, int style)
+{
+    Cell &cell = at(index);
+    if (cell.BorderStyle == style)
+        return;
+    cell.BorderStyle = style;
+    update(cell.Pixels);
+}
+
+void CharCells::setPlaces(const std::vector<TwipRect> &places)
+{
+    Q_ASSERT(places.size() == Cells.size());
+    for (std::size_t i = 0; i < Cells.size(); ++i) {
+        Cells[i].Place = places[i];
+        Cells[i].Pixels = Scale.toPixels(places[i]);
+    }
+    update();
+}
+
+void CharCells::setScale(const TwipScale &scale)
+{
+    Scale = scale;
+    for (Cell &cell : Cells)
+        cell.Pixels = Scale.toPixels(cell.Place);
+    update();
+}
+
+int CharCells::cellAt(const QPoint &point) const
+{
+    for (int index = count() - 1; index >= 0; --index)
+        if (at(index).Pixels.contains(point))
+            return index;
+    return -1;
+}
+
+void CharCells::setCellFont(const QFont &font)
+{
+    if (CellFont == font)
+        return;
+    CellFont = font;
+    Glyphs = QRawFont();
+    update();
+}
+
+QSize CharCells::sizeHint() const
+{
+    QRect all;
+    for (const Cell &cell : Cells)
+        all |= cell.Pixels;
+    return QSize(all.right() + 1, all.bottom() + 1);
+}
+
+void CharCells::paintEvent(QPaintEvent *event)
+{
+    if (!Glyphs.isValid())
+        Glyphs = QRawFont::fromFont(CellFont);
+    QPainter painter(this);
+    for (const Cell &cell : Cells)
+        if (event->rect().intersects(cell.Pixels))
+            paintCell(painter, cell);
+}
+
+void CharCells::paintCell(QPainter &painter, const Cell &cell)
+{
+    const QColor back = ToColor(cell.BackColor, palette());
+    const QColor fore = ToColor(cell.ForeColor, palette());
+    painter.fillRect(cell.Pixels, back);
+    if (!cell.Caption.isEmpty())
+        paintCaption(painter, cell, fore);
+    if (cell.BorderStyle == 1) {
+        // A line between the two colours of the cell reads as a grid on any pair of them.
+        constexpr double share = 0.3;
+        const auto between = [](float from, float to) { return from + (to - from) * float(share); };
+        painter.setPen(QColor::fromRgbF(between(back.redF(), fore.redF()),
+                                        between(back.greenF(), fore.greenF()),
+                                        between(back.blueF(), fore.blueF())));
+        painter.drawRect(cell.Pixels.adjusted(0, 0, -1, -1));
+    }
+}
+
+void CharCells::paintCaption(QPainter &painter, const Cell &cell, const QColor &color)
+{
+    QGlyphRun run;
+    run.setRawFont(Glyphs);
+    const QList<quint32> indexes = Glyphs.glyphIndexesForString(cell.Caption);
+    const QList<QPointF> advances = Glyphs.advancesForGlyphIndexes(indexes);
+    QList<QPointF> positions;
+    positions.reserve(indexes.size());
+    double width = 0;
+    for (const QPointF &advance : advances) {
+        positions.append(QPointF(width, 0));
+        width += advance.x();
+    }
+    run.setGlyphIndexes(indexes);
+    run.setPositions(positions);
+    const QRectF box = cell.Pixels;
+    // Whole pixels, so that every cell shows the same glyph alike.
+    const QPointF start(std::round(box.center().x() - width / 2),
+                        std::round(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
+    const bool spills = !box.contains(run.boundingRect().translated(start));
+    if (spills) {
+        painter.save();
+        painter.setClipRect(box, Qt::IntersectClip);
+    }
+    painter.setPen(color);
+    painter.drawGlyphRun(start, run);
+    const double thickness = std::max(1.0, Glyphs.lineThickness());
+    if (CellFont.underline())
+        painter.fillRect(
+            QRectF(start.x(), start.y() + Glyphs.underlinePosition(), width, thickness), color);
+    if (CellFont.strikeOut())
+        painter.fillRect(QRectF(start.x(), start.y() - Glyphs.ascent() / 3, width, thickness),
+                         color);
+    if (spills)
+        painter.restore();
+}
+
+void CharCells::mousePressEvent(QMouseEvent *event)
+{
+    if (const int index = cellAt(event->position().toPoint()); index >= 0)
+        emit MouseDown(index, event->button(), event->globalPosition().toPoint());
+}
+
+void CharCells::mouseMoveEvent(QMouseEvent *event)
+{
+    if (const int index = cellAt(event->position().toPoint()); index >= 0)
+        emit MouseMove(index);
+}
+
+bool CharCells::event(QEvent *event)
+{
+    // Presses in quick succession are presses: a fast typist with the mouse loses no character.
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        mousePressEvent(static_cast<QMouseEvent *>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}

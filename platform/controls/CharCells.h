@@ -1,0 +1,88 @@
+// The grid of character cells: each cell a place in twips, a caption, two colours and a border, all
+// painted by one widget. Knows characters and glyphs, no map and no board.
+#pragma once
+
+#include "platform/ColorValue.h"
+#include "platform/Twips.h"
+
+#include <QFont>
+#include <QRawFont>
+#include <QString>
+#include <QWidget>
+#include <vector>
+
+class CharCells : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// How many cells, and in how many columns they are counted, row by row.
+    CharCells(int count, int columns, QWidget *parent = nullptr);
+
+    int count() const { return static_cast<int>(Cells.size()); }
+    int columns() const { return Columns; }
+
+    // Everything of one cell, by its index from 0. A setter repaints that cell alone, and only if
+    // the value differs.
+    const QString &Caption(int index) const { return at(index).Caption; }
+    void setCaption(int index, const QString &caption);
+    ColorValue ForeColor(int index) const { return at(index).ForeColor; }
+    ColorValue BackColor(int index) const { return at(index).BackColor; }
+    void setColors(int index, ColorValue fore, ColorValue back);
+    /// 1 for a single line round the cell, 0 for none.
+    int BorderStyle(int index) const { return at(index).BorderStyle; }
+    void setBorderStyle(int index, int style);
+
+    /// Places of the cells in this widget, in twips; in pixels, neighbours share their border line.
+    const TwipRect &place(int index) const { return at(index).Place; }
+    void setPlaces(const std::vector<TwipRect> &places);
+    void setScale(const TwipScale &scale);
+    /// The cell's pixels in this widget.
+    QRect pixels(int index) const { return at(index).Pixels; }
+    /// The cell at a point of this widget, the later one where two overlap; -1 beside the grid.
+    int cellAt(const QPoint &point) const;
+
+    /// The font of all cells. It must not merge glyphs from other fonts.
+    void setCellFont(const QFont &font);
+    const QFont &cellFont() const { return CellFont; }
+
+    /// What a screen reader says of a cell besides its caption.
+    void setDescription(int index, const QString &text) { at(index).Description = text; }
+    const QString &description(int index) const { return at(index).Description; }
+
+    QSize sizeHint() const override;
+
+signals:
+    /// A mouse button went down on a cell; the position is the screen's.
+    void MouseDown(int index, Qt::MouseButton button, const QPoint &globalPosition);
+    /// The mouse moved over a cell.
+    void MouseMove(int index);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    struct Cell
+    {
+        TwipRect Place;
+        QRect Pixels;
+        QString Caption;
+        QString Description;
+        ColorValue ForeColor = SystemColorValue(8);
+        ColorValue BackColor = SystemColorValue(5);
+        int BorderStyle = 1;
+    };
+    const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
+    Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
+    void paintCell(QPainter &painter, const Cell &cell);
+    void paintCaption(QPainter &painter, const Cell &cell, const QColor &color);
+
+    std::vector<Cell> Cells;
+    int Columns;
+    TwipScale Scale;
+    QFont CellFont;
+    QRawFont Glyphs; ///< of CellFont, made when first painted
+};

@@ -1,0 +1,153 @@
+// The font dialog: list and search at the left, size, styles and colour at the right, the sample
+// below.
+#include "platform/controls/CmnDlg.h"
+
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPixmap>
+#include <QPushButton>
+#include <QSpinBox>
+
+FontDialog::FontDialog(const FontOffer &offer, const ChosenFont &choice, QWidget *parent)
+    : QDialog(parent), Offer(offer)
+{
+    setWindowTitle("Font");
+    createControls(choice);
+    selectFont(choice.Name);
+    connect(Names->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        if (!Name->hasFocus())
+            Name->setText(this->choice().Name);
+        showSample();
+    });
+    connect(Names, &QListView::doubleClicked, this, &QDialog::accept);
+    connect(Name, &QLineEdit::textEdited, this, &FontDialog::search);
+    connect(Size, &QSpinBox::valueChanged, this, &FontDialog::showSample);
+    connect(Color, &QComboBox::currentIndexChanged, this, &FontDialog::showSample);
+    for (QCheckBox *box : {Bold, Italic, Underline, Strikeout})
+        connect(box, &QCheckBox::toggled, this, &FontDialog::showSample);
+    showSample();
+    Name->setFocus();
+    Name->selectAll();
+}
+
+void FontDialog::createControls(const ChosenFont &choice)
+{
+    Name = new QLineEdit(choice.Name);
+    Names = new QListView;
+    Names->setModel(Offer.Fonts);
+    Names->setUniformItemSizes(true);
+    Names->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    Size = new QSpinBox;
+    Size->setRange(Offer.LeastSize, Offer.MostSize);
+    Size->setValue(qRound(choice.Size));
+    const auto box = [](const QString &text, bool checked) {
+        auto *made = new QCheckBox(text);
+        made->setChecked(checked);
+        return made;
+    };
+    Bold = box("&Bold", choice.Bold);
+    Italic = box("&Italic", choice.Italic);
+    Underline = box("&Underline", choice.Underline);
+    Strikeout = box("Stri&keout", choice.Strikeout);
+    Color = new QComboBox;
+    for (const NamedColor &color : Offer.Colors) {
+        QPixmap swatch(12, 12);
+        swatch.fill(ToColor(color.Value, palette()));
+        Color->addItem(swatch, color.Name, color.Value);
+    }
+    // A colour outside the offer is kept unless another is chosen.
+    if (Color->findData(choice.Color) < 0)
+        Color->addItem("Other", choice.Color);
+    Color->setCurrentIndex(Color->findData(choice.Color));
+    Sample = new QLabel("AaBbYyZz 123");
+    Sample->setAlignment(Qt::AlignCenter);
+    Sample->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    Sample->setFixedHeight(72);
+    Sample->setAutoFillBackground(true);
+    Sample->setBackgroundRole(QPalette::Base);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    const auto label = [](const QString &text, QWidget *of) {
+        auto *made = new QLabel(text);
+        made->setBuddy(of);
+        return made;
+    };
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(label("&Font:", Name), 0, 0);
+    grid->addWidget(Name, 1, 0);
+    grid->addWidget(Names, 2, 0, 8, 1);
+    grid->addWidget(label("&Size:", Size), 0, 1);
+    grid->addWidget(Size, 1, 1);
+    int row = 2;
+    for (QWidget *control : std::initializer_list<QWidget *>{Bold, Italic, Underline, Strikeout,
+                                                             label("&Color:", Color), Color})
+        grid->addWidget(control, row++, 1);
+    grid->setRowStretch(row, 1);
+    grid->addWidget(Sample, 10, 0, 1, 2);
+    grid->addWidget(buttons, 11, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    resize(440, 400);
+}
+
+void FontDialog::selectFont(const QString &name)
+{
+    const QModelIndexList found =
+        Offer.Fonts->match(Offer.Fonts->index(0, 0), Qt::DisplayRole, name, 1,
+                           Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (!found.isEmpty())
+        Names->setCurrentIndex(found.first());
+    Names->scrollTo(Names->currentIndex(), QAbstractItemView::PositionAtCenter);
+}
+
+void FontDialog::search(const QString &text)
+{
+    const QModelIndexList found =
+        Offer.Fonts->match(Offer.Fonts->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchStartsWith);
+    if (!found.isEmpty())
+        Names->setCurrentIndex(found.first());
+}
+
+void FontDialog::showSample()
+{
+    const ChosenFont now = choice();
+    QFont font = Offer.FontOf(now.Name);
+    font.setPointSizeF(now.Size);
+    font.setBold(now.Bold);
+    font.setItalic(now.Italic);
+    font.setUnderline(now.Underline);
+    font.setStrikeOut(now.Strikeout);
+    Sample->setFont(font);
+    QPalette own = palette();
+    own.setColor(QPalette::WindowText, ToColor(now.Color, palette()));
+    Sample->setPalette(own);
+}
+
+ChosenFont FontDialog::choice() const
+{
+    return {.Name = Names->currentIndex().data().toString(),
+            .Size = static_cast<double>(Size->value()),
+            .Bold = Bold->isChecked(),
+            .Italic = Italic->isChecked(),
+            .Underline = Underline->isChecked(),
+            .Strikeout = Strikeout->isChecked(),
+            .Color = Color->currentData().toInt()};
+}
+
+bool CmnDlg::ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice)
+{
+    FontDialog dialog(offer, choice, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    choice = dialog.choice();
+    return true;
+}

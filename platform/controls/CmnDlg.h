@@ -1,0 +1,83 @@
+// The desktop's common dialogs as the program uses them: initial values in, the choice out, and a
+// Cancel that says so. The font dialog is our own: the toolkit's lists only the fonts that the
+// toolkit holds.
+#pragma once
+
+#include "platform/ColorValue.h"
+
+#include <QDialog>
+#include <QFont>
+#include <QString>
+#include <functional>
+#include <span>
+
+class QAbstractItemModel;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QSpinBox;
+
+/// What the font dialog starts from and gives back.
+struct ChosenFont
+{
+    QString Name;
+    double Size = 0; ///< points
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+    bool Strikeout = false;
+    ColorValue Color = 0;
+};
+
+struct NamedColor
+{
+    QString Name;
+    ColorValue Value;
+};
+
+/// What the font dialog chooses from.
+struct FontOffer
+{
+    QAbstractItemModel *Fonts;                    ///< one row a font: icon and name
+    std::function<QFont(const QString &)> FontOf; ///< the font to show the sample in
+    std::span<const NamedColor> Colors;
+    int LeastSize; ///< points
+    int MostSize;
+};
+
+/// Chooses font, style, size, effects and colour, with a sample. A font can be looked for by
+/// typing.
+class FontDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    FontDialog(const FontOffer &offer, const ChosenFont &choice, QWidget *parent);
+    ChosenFont choice() const;
+
+private:
+    void createControls(const ChosenFont &choice);
+    void selectFont(const QString &name);
+    void search(const QString &text);
+    void showSample();
+
+    FontOffer Offer;
+    QLineEdit *Name = nullptr;
+    QListView *Names = nullptr;
+    QSpinBox *Size = nullptr;
+    QCheckBox *Bold = nullptr;
+    QCheckBox *Italic = nullptr;
+    QCheckBox *Underline = nullptr;
+    QCheckBox *Strikeout = nullptr;
+    QComboBox *Color = nullptr;
+    QLabel *Sample = nullptr;
+};
+
+namespace CmnDlg {
+
+/// Shows the font dialog. False, with the choice untouched, after Cancel.
+bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);
+
+} // namespace CmnDlg

@@ -1,0 +1,80 @@
+// A combo box over a plain table: ten thousand rows cost no items of their own.
+#include "platform/controls/FontCombo.h"
+
+#include "platform/controls/Icons.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QListView>
+
+namespace {
+
+class FontModel : public QAbstractListModel
+{
+public:
+    FontModel(std::vector<FontCombo::Item> items, QObject *parent)
+        : QAbstractListModel(parent), Items(std::move(items))
+    {
+    }
+
+    int rowCount(const QModelIndex &parent) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(Items.size());
+    }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        const FontCombo::Item &item = Items.at(static_cast<std::size_t>(index.row()));
+        switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+            return item.Text;
+        case Qt::DecorationRole:
+            return Icons::icon(item.IconKey);
+        default:
+            return {};
+        }
+    }
+
+private:
+    std::vector<FontCombo::Item> Items;
+};
+
+} // namespace
+
+FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
+{
+    // Neither the box nor its list looks at every row to find its size.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(10);
+    setMaxVisibleItems(20);
+    auto *list = new QListView(this);
+    list->setUniformItemSizes(true);
+    list->setLayoutMode(QListView::Batched);
+    setView(list);
+    setIconSize(QSize(16, 16));
+    connect(this, &QComboBox::activated, this, &FontCombo::Click);
+}
+
+void FontCombo::setItems(std::vector<Item> items)
+{
+    setModel(new FontModel(std::move(items), this));
+    setCurrentIndex(-1);
+}
+
+void FontCombo::SelectItem(int position)
+{
+    if (position >= 1 && position <= count())
+        setCurrentIndex(position - 1);
+}
+
+void FontCombo::keyPressEvent(QKeyEvent *event)
+{
+    const QString text = event->text();
+    const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    if (!command && !text.isEmpty() && text.at(0).isPrint()) {
+        emit CharacterKey(text.at(0).unicode());
+        return;
+    }
+    QComboBox::keyPressEvent(event);
+}

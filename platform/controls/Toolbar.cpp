@@ -1,0 +1,57 @@
+// Buttons that never take the focus: a click leaves the caret where the user types.
+#include "platform/controls/Toolbar.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+
+namespace {
+
+constexpr int ButtonSide = 22; // pixels: a picture of 16 and its frame
+constexpr int PictureSide = 16;
+
+} // namespace
+
+Toolbar::Toolbar(QWidget *parent) : QWidget(parent), Row(new QHBoxLayout(this))
+{
+    Row->setContentsMargins(0, 0, 0, 0);
+    Row->setSpacing(0);
+    Row->addStretch();
+}
+
+QToolButton *Toolbar::addButton(const QString &key, Kind kind)
+{
+    auto *button = new QToolButton(this);
+    button->setObjectName(key);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setCheckable(kind == Kind::Check);
+    button->setIconSize(QSize(PictureSide, PictureSide));
+    button->setFixedSize(ButtonSide, ButtonSide);
+    Row->insertWidget(Row->count() - 1, button);
+    Buttons.insert(key, button);
+    connect(button, &QToolButton::clicked, this, [this, key] { emit ButtonClick(key); });
+    return button;
+}
+
+void Toolbar::addSeparator()
+{
+    auto *line = new QFrame(this);
+    line->setFrameShape(QFrame::VLine);
+    line->setFrameShadow(QFrame::Sunken);
+    line->setFixedSize(8, ButtonSide - 6);
+    Row->insertWidget(Row->count() - 1, line);
+}
+
+void Toolbar::addPlaceholder(const QString &key, QWidget *container)
+{
+    container->setParent(this);
+    container->setProperty("key", key);
+    Row->insertWidget(0, container);
+}
+
+QToolButton *Toolbar::button(const QString &key) const
+{
+    QToolButton *found = Buttons.value(key);
+    Q_ASSERT(found);
+    return found;
+}

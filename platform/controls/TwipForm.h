@@ -1,0 +1,42 @@
+// The places of a window's controls in twips, and the one point where they become pixels. The
+// layout code reads and writes twips only.
+#pragma once
+
+#include "platform/Twips.h"
+
+#include <QHash>
+
+class QWidget;
+
+/// Holds each control's place relative to its parent. Controls must outlive the form's last use of
+/// them; reading a control that was never placed gives an empty place.
+class TwipForm
+{
+public:
+    explicit TwipForm(const TwipScale &scale) : Scale(scale) {}
+
+    const TwipScale &scale() const { return Scale; }
+    /// Takes another density and moves every control to its pixels.
+    void setScale(const TwipScale &scale);
+
+    void place(QWidget *control, const TwipRect &rect);
+    TwipRect rect(const QWidget *control) const { return Places.value(control).Rect; }
+
+    double left(const QWidget *control) const { return rect(control).Left; }
+    double top(const QWidget *control) const { return rect(control).Top; }
+    double width(const QWidget *control) const { return rect(control).Width; }
+    double height(const QWidget *control) const { return rect(control).Height; }
+    void setLeft(QWidget *control, double twips);
+    void setTop(QWidget *control, double twips);
+    void setWidth(QWidget *control, double twips);
+    void setHeight(QWidget *control, double twips);
+
+private:
+    struct Placed
+    {
+        QWidget *Control = nullptr;
+        TwipRect Rect;
+    };
+    TwipScale Scale;
+    QHash<const QWidget *, Placed> Places;
+};

@@ -1,0 +1,265 @@
+// Font, size, styles, colour and alignment: set for the board as a whole, never for a part of its
+// text. Name and size reach the map too. Formatting is no change of the text.
+#include "core/Zendova.h"
+
+#include "core/GlobalDeclarations.h"
+#include "platform/FontCatalog.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/CmnDlg.h"
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/Icons.h"
+#include "platform/controls/NumberSlider.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/QBColors.h"
+#include "textboard/TBColorPicker.h"
+#include "textboard/TextBoard.h"
+
+#include <QAction>
+#include <QSlider>
+
+namespace {
+
+/// The four styles in the order of TBStyle: the board's property, the zoom's, and the button.
+struct StyleRow
+{
+    bool (TextBoard::*Get)() const;
+    void (TextBoard::*Set)(bool);
+    void (QFont::*SetFont)(bool);
+    const char *Button;
+};
+constexpr StyleRow Styles[] = {
+    {&TextBoard::FontBold, &TextBoard::setFontBold, &QFont::setBold, "Bold"},
+    {&TextBoard::FontItalic, &TextBoard::setFontItalic, &QFont::setItalic, "Italic"},
+    {&TextBoard::FontUnderline, &TextBoard::setFontUnderline, &QFont::setUnderline, "Underline"},
+    {&TextBoard::FontStrikethru, &TextBoard::setFontStrikethru, &QFont::setStrikeOut,
+     "Strikethrough"},
+};
+enum StyleIndex { Bold, Italic, Underline, Strikeout, StyleCount };
+
+} // namespace
+
+QToolButton *Zendova::StyleButton(int style) const
+{
+    return FontFormatTB->button(Styles[style].Button);
+}
+
+void Zendova::ApplyFontToAll()
+{
+    const QString name = FontNameCombo->Text();
+    QFont face = FontCatalog::current().font(name);
+    face.setPointSize(FontSizeSlider->value());
+    CharButton->setCellFont(face);
+
+    TextBoard->setFontName(name);
+    TextBoard->setFontSize(FontSizeSlider->value());
+    for (const StyleRow &style : Styles)
+        (TextBoard->*style.Set)(false);
+    for (int style = 0; style < StyleCount; ++style) {
+        // What the board still reports is built into the font: its button is pressed for good.
+        const bool builtIn = (TextBoard->*Styles[style].Get)();
+        QToolButton *button = StyleButton(style);
+        button->setChecked(builtIn);
+        button->setEnabled(!builtIn);
+        if (!builtIn)
+            button->setChecked(TBStyle.at(static_cast<std::size_t>(style)) != 0);
+        (TextBoard->*Styles[style].Set)(button->isChecked());
+    }
+    face.setPointSize(ZoomSizeSlider->value());
+    TextZoom->setCellFont(face);
+    ShowStylesInZoom();
+}
+
+void Zendova::ShowStylesInZoom()
+{
+    QFont font = TextZoom->cellFont();
+    for (int style = 0; style < StyleCount; ++style) {
+        // A style that is built into the font is there already; asked for again it would be drawn
+        // bolder or more slanted than the font is.
+        const bool asked = (TextBoard->*Styles[style].Get)() && StyleButton(style)->isEnabled();
+        (font.*Styles[style].SetFont)(asked);
+    }
+    TextZoom->setCellFont(font);
+}
+
+void Zendova::FontSizeSlider_Change(int Value)
+{
+    QFont face = CharButton->cellFont();
+    face.setPointSize(Value);
+    CharButton->setCellFont(face);
+    TextBoard->setFontSize(Value);
+    FontSizeSlider->showNumber(QString::number(Value));
+}
+
+void Zendova::SetStyle(int style, int on)
+{
+    TBStyle.at(static_cast<std::size_t>(style)) = on;
+    (TextBoard->*Styles[style].Set)(on == 1);
+    ShowStylesInZoom();
+}
+
+void Zendova::SetBold(int On)
+{
+    SetStyle(Bold, On);
+}
+
+void Zendova::SetItalic(int On)
+{
+    SetStyle(Italic, On);
+}
+
+void Zendova::SetUnderline(int On)
+{
+    SetStyle(Underline, On);
+}
+
+void Zendova::SetStrikeout(int On)
+{
+    SetStyle(Strikeout, On);
+}
+
+void Zendova::ToggleStyle(int style)
+{
+    // The mark of the menu is a copy made when it opened, and the toolkit has flipped it by now;
+    // the board has the state that it was copied from, also when a key was pressed and no menu
+    // opened.
+    QToolButton *button = StyleButton(style);
+    if (!button->isEnabled())
+        return;
+    const bool on = !(TextBoard->*Styles[style].Get)();
+    button->setChecked(on);
+    SetStyle(style, on ? 1 : 0);
+}
+
+void Zendova::FFontBold_Click()
+{
+    ToggleStyle(Bold);
+}
+
+void Zendova::FFontItalic_Click()
+{
+    ToggleStyle(Italic);
+}
+
+void Zendova::FFontUnderline_Click()
+{
+    ToggleStyle(Underline);
+}
+
+void Zendova::FFontStrikethrough_Click()
+{
+    ToggleStyle(Strikeout);
+}
+
+void Zendova::SetAlignment(int Alignment)
+{
+    constexpr const char *keys[] = {"AlignLeft", "AlignRight", "CenterText"};
+    for (const char *key : keys)
+        TextAlignTB->button(key)->setChecked(false);
+    TextBoard->setAlignment(Alignment);
+    if (Alignment >= 0 && Alignment < static_cast<int>(std::size(keys)))
+        TextAlignTB->button(keys[Alignment])->setChecked(true);
+}
+
+void Zendova::ChooseAlignment(QAction *item, int alignment)
+{
+    // The toolkit has flipped the mark by now: one that was set already is set again, and that is
+    // all.
+    if (item->isChecked())
+        SetAlignment(alignment);
+    item->setChecked(true);
+}
+
+void Zendova::AlignLeft_Click()
+{
+    ChooseAlignment(AlignLeft, 0);
+}
+
+void Zendova::AlignCenter_Click()
+{
+    ChooseAlignment(AlignCenter, 2);
+}
+
+void Zendova::AlignRight_Click()
+{
+    ChooseAlignment(AlignRight, 1);
+}
+
+void Zendova::FormatFont_Click()
+{
+    ChosenFont choice{.Name = FontNameCombo->Text(),
+                      .Size = static_cast<double>(FontSizeSlider->value()),
+                      .Bold = TextBoard->FontBold(),
+                      .Italic = TextBoard->FontItalic(),
+                      .Underline = TextBoard->FontUnderline(),
+                      .Strikeout = TextBoard->FontStrikethru(),
+                      .Color = FromColor(TextBoard->ForeColor())};
+    std::vector<NamedColor> colors;
+    for (const QBColorRow &row : QBColors)
+        colors.push_back({.Name = row.CellLabel, .Value = row.Value});
+    const FontOffer offer{
+        .Fonts = FontNameCombo->model(),
+        .FontOf = [](const QString &name) { return FontCatalog::current().font(name); },
+        .Colors = colors,
+        .LeastSize = FontSizeSlider->slider()->minimum(),
+        .MostSize = FontSizeSlider->slider()->maximum()};
+    if (!CmnDlg::ShowFont(this, offer, choice))
+        return;
+    if (choice.Name != FontNameCombo->Text())
+        SelectFontByName(choice.Name);
+    ApplyFontToAll();
+    if (choice.Color != FromColor(TextBoard->ForeColor()))
+        SetColorFromDialog(choice.Color);
+    if (choice.Size != FontSizeSlider->value())
+        FontSizeSlider->setValue(qRound(choice.Size));
+    const bool chosen[] = {choice.Bold, choice.Italic, choice.Underline, choice.Strikeout};
+    for (int style = 0; style < StyleCount; ++style)
+        if (chosen[style] != (TextBoard->*Styles[style].Get)())
+            SetStyle(style, chosen[style] ? 1 : 0);
+    TextBoard->setFocus();
+}
+
+bool Zendova::FindColorIndex(ColorValue Color)
+{
+    const std::optional<int> index = FindQBColor(Color);
+    if (index)
+        TBColorIndex = *index;
+    return index.has_value();
+}
+
+void Zendova::SetColorFromDialog(ColorValue Color)
+{
+    FindColorIndex(Color);
+    TextBoard->setForeColor(ToColor(Color, palette()));
+    TBColorName = QBColorName(TBColorIndex);
+    RenewColorButton();
+    if (ToolTipsOn)
+        RenewColorToolTip();
+}
+
+void Zendova::ShowColorPicker()
+{
+    PickColorIndex = TBColorIndex;
+    PickColorValue = QString::number(FromColor(TextBoard->ForeColor()));
+    TBColorPicker(this).exec();
+    if (PickColorIndex == TBColorIndex)
+        return;
+    TBColorIndex = PickColorIndex;
+    TBColorName = QBColorName(TBColorIndex);
+    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+    RenewColorButton();
+    if (ToolTipsOn)
+        RenewColorToolTip();
+}
+
+void Zendova::RenewColorButton()
+{
+    FontFormatTB->button("Color")->setIcon(
+        Icons::colorButton(ToColor(QBColor(TBColorIndex), palette())));
+}
+
+void Zendova::RenewColorToolTip()
+{
+    QToolButton *button = FontFormatTB->button("Color");
+    button->setToolTip(ToolTipsOn ? button->property("Tag").toString() + TBColorName + ')'
+                                  : QString());
+}

@@ -1,0 +1,34 @@
+// The tables behind the two lists of recent files: reading them from the settings at start and
+// writing them back at exit. Shows nothing; the menus are the main window's.
+#pragma once
+
+#include <QString>
+#include <vector>
+
+struct RecentFile
+{
+    QString Folder; ///< with its closing separator; empty for a free row
+    QString Name;
+};
+
+class RecentFiles
+{
+public:
+    /// The settings key below the program's root, and the number of rows.
+    RecentFiles(QStringView key, int rows);
+
+    /// Fills the rows from values "1", "2", ...; the first empty or missing value ends the list,
+    /// and rows behind it are left free. A full list leaves the counter at 0.
+    void read();
+    /// Writes every row: folder and name joined, or the empty string for a free row.
+    void write() const;
+
+    const std::vector<RecentFile> &rows() const { return Rows; }
+    /// How many rows an addition looks at: the number of the first free row, or 0 for a full list.
+    int counter() const { return Counter; }
+
+private:
+    QStringView Key; ///< of a table, which outlives this
+    std::vector<RecentFile> Rows;
+    int Counter = 0;
+};

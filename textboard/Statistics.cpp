@@ -1,0 +1,84 @@
+// The live reactions to every change of the board's text: count, percentage, fill bar, the changed
+// flag and what is enabled while the board is empty. Reads the length of the text, never the text.
+#include "core/Zendova.h"
+
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/FillBar.h"
+#include "textboard/QBColors.h"
+#include "textboard/TextBoard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QMimeData>
+#include <QSlider>
+
+namespace {
+
+/// The commands that need text on the board, by their buttons.
+constexpr std::pair<Toolbar * Zendova::*, const char *> TextCommands[] = {
+    {&Zendova::LoadSaveTB, "Save"},
+    {&Zendova::TBOperationsTB, "ClearButton"},
+    {&Zendova::TBOperationsTB, "CopyButton"},
+    {&Zendova::TBOperationsTB, "CutButton"},
+    {&Zendova::TBOperationsTB, "PrintButton"},
+    {&Zendova::TBOperationsTB, "FullScreen"},
+    {&Zendova::TextEditTB, "Find"},
+};
+
+} // namespace
+
+void Zendova::TextBoard_Change()
+{
+    const int n = TextBoard->TextLength();
+    NoOfChars->setText(QLocale().toString(n));
+    PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
+    UpdateProgressBar();
+    TextChanged = true;
+    for (const auto &[bar, key] : TextCommands)
+        EnableButton(this->*bar, key, n > 0);
+}
+
+void Zendova::UpdateProgressBar()
+{
+    const int n = TextBoard->TextLength();
+    const double width = FillWidth(n, TBLimit, ProgressWidth);
+    ProgressFore->setVisible(width >= LeastFillWidth);
+    if (width >= LeastFillWidth)
+        Form.setWidth(ProgressFore, width);
+    // Not a colour of the desktop: the bar warns in the same colours on every one.
+    QPalette own = ProgressFore->palette();
+    own.setColor(QPalette::Window, ToColor(FillColor(n, TBLimit), palette()));
+    ProgressFore->setPalette(own);
+}
+
+void Zendova::SyncEditCommands()
+{
+    const bool selected = TextBoard->SelLength() > 0;
+    EnableButton(TextEditTB, "Cut", selected);
+    EnableButton(TextEditTB, "Copy", selected);
+    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
+    EnableButton(TextEditTB, "Paste", clipboard && clipboard->hasText());
+}
+
+void Zendova::ApplyTextBoardSettings()
+{
+    FontSizeSlider->showNumber(QString::number(FontSizeSlider->value()));
+    for (int style = 0; style < static_cast<int>(TBStyle.size()); ++style)
+        SetStyle(style, TBStyle.at(static_cast<std::size_t>(style)));
+    SetAlignment(TextBoard->Alignment());
+    SyncEditCommands();
+    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+    RenewColorButton();
+}
+
+void Zendova::SetTabOrder()
+{
+    QWidget *const order[] = {TextBoard, ZoomSizeSlider->slider(), FontNameCombo,
+                              FontSizeSlider->slider(), sldSetFMapSize->slider()};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
