@@ -1,0 +1,76 @@
+// The main window in a test: settings in a folder of the test's own, the fonts of tests/fonts
+// alone, a screen that is not there, and somebody who answers the dialogs that come up.
+#pragma once
+
+#include "core/Zendova.h"
+#include "platform/SettingsTree.h"
+#include "platform/SysInfo.h"
+
+#include <QDialog>
+#include <QObject>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <deque>
+#include <functional>
+#include <memory>
+
+/// Answers the modal dialogs of the program in the order in which they are expected, by pressing
+/// their real buttons. A dialog that nobody expects is closed and counted as a failure, and so is
+/// an expected one that never comes.
+class Answers : public QObject
+{
+    Q_OBJECT
+
+public:
+    Answers();
+    ~Answers() override;
+
+    /// The next dialog is a message with this title whose text, blanks folded, contains `text`;
+    /// `button` is the caption to press. `dontRepeat` ticks the box first.
+    void message(const QString &title, const QString &text, const QString &button,
+                 bool dontRepeat = false);
+    /// The next dialog has this title; `use` works it and must close it.
+    void dialog(const QString &title, std::function<void(QDialog *)> use);
+    /// True if every expected dialog came and no other; tells what was wrong otherwise.
+    bool allCame();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    struct Expected
+    {
+        QString Title;
+        std::function<void(QDialog *)> Use;
+    };
+    void answer(QDialog *dialog);
+
+    std::deque<Expected> Waiting;
+    QStringList Faults;
+};
+
+/// One desktop: a settings file and a screen. Windows can be started on it one after the other.
+class Desktop
+{
+public:
+    /// The screen's size in pixels and its dots per inch; all of it is work area.
+    explicit Desktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96);
+    ~Desktop();
+
+    /// A new main window, started and active, on the settings as they are. On the first start the
+    /// first-run question is answered with Yes.
+    Zendova *start(const QString &commandTail = {});
+    /// The same without any answer given in advance.
+    Zendova *startAsItIs(const QString &commandTail = {});
+    /// Closes the window; true if it closed.
+    bool close();
+
+    QString settingsFile() const;
+
+    QTemporaryDir Folder;
+    Answers Dialogs;
+    std::unique_ptr<SysInfo> Screen;
+    std::unique_ptr<SettingsTree> Settings;
+    std::unique_ptr<Zendova> Window;
+    bool Started = false;
+};
