@@ -91,7 +91,7 @@ bool isNoDatabase(const QString &filePath)
            !startsWith(filePath + QLatin1String("-journal"), JournalMagic);
 }
 
-// QDir::mkpath with the permissions that the XDG Base Directory Specification asks for.
+// QDir::mkpath with the permissions that the XDG Base Directory standard asks for.
 bool makeFolder(const QString &path)
 {
     if (QFileInfo(path).isDir())
