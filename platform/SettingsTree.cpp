@@ -45,15 +45,14 @@ constexpr const char *CreateTables = R"(
 
 enum Statement { CreateKey, DeleteKey, GetValue, SetValue, DeleteValue, StatementCount };
 
-// All text from outside arrives by parameter. Each operation tests that the key exists within its
-// own statement, so that no other copy can remove the key in between.
+// All text from outside arrives by parameter. A write tests that its key exists in the same
+// statement, so that no other copy can remove the key in between.
 constexpr std::array<const char *, StatementCount> StatementTexts{
     "INSERT INTO keys(path) VALUES(?1) ON CONFLICT(path) DO NOTHING",
     R"(DELETE FROM keys WHERE path = ?1 AND NOT EXISTS(
            SELECT 1 FROM keys
            WHERE substr(path, 1, length(?1) + 1) = ?1 || '\' COLLATE NOCASE))",
-    "SELECT kind, value FROM settings WHERE key = ?1 AND name = ?2 "
-    "AND EXISTS(SELECT 1 FROM keys WHERE path = ?1)",
+    "SELECT kind, value FROM settings WHERE key = ?1 AND name = ?2",
     "INSERT INTO settings(key, name, kind, value) "
     "SELECT path, ?2, ?3, ?4 FROM keys WHERE path = ?1 "
     "ON CONFLICT(key, name) DO UPDATE SET kind = excluded.kind, value = excluded.value",
@@ -80,8 +79,8 @@ bool startsWith(const QString &filePath, QByteArrayView magic)
 
 // SQLite deletes a journal that it cannot play back. A file that is no database, and has no sound
 // journal to mend it, is therefore recognised before SQLite sees either of them. A device or a pipe
-// is nobody's settings file, and never judged. Not for a file that this process has open: closing it
-// here would drop its locks (POSIX, fcntl).
+// is nobody's settings file, and never judged. Not for a file that this process has open: closing
+// it here would drop its locks (POSIX, fcntl).
 bool isNoDatabase(const QString &filePath)
 {
     const QFileInfo info(filePath);
@@ -92,7 +91,7 @@ bool isNoDatabase(const QString &filePath)
            !startsWith(filePath + QLatin1String("-journal"), JournalMagic);
 }
 
-// QDir::mkpath with the permissions that the XDG Base Directory Specification asks for.
+// QDir::mkpath with the permissions that the XDG Base Directory standard asks for.
 bool makeFolder(const QString &path)
 {
     if (QFileInfo(path).isDir())

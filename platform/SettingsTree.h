@@ -52,7 +52,7 @@ public:
     };
 
     /// $XDG_CONFIG_HOME/zendova/settings.sqlite, with ~/.config where the variable is unset or not
-    /// an absolute path (XDG Base Directory Specification).
+    /// an absolute path (XDG Base Directory standard).
     static QString defaultPath();
 
     /// Opens the file at this path. A missing one is an empty tree; the first write begins it and
