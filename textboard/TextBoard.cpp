@@ -247,9 +247,8 @@ void TextBoard::keyPressEvent(QKeyEvent *event)
         QPlainTextEdit::keyPressEvent(event);
         return;
     }
-    // An accent by itself fits to nothing.
     QKeyEvent typed = withText(*event, event->modifiers(), CodePage::fit(text));
-    if (!typed.text().isEmpty() && typed.text().size() <= room()) {
+    if (typed.text().size() <= room()) {
         QPlainTextEdit::keyPressEvent(&typed);
         event->setAccepted(typed.isAccepted());
     }

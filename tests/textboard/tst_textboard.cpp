@@ -130,7 +130,6 @@ private slots:
         QTest::sendKeyEvent(QTest::Click, m_board, Qt::Key_unknown, u"\U0001F600"_s,
                             Qt::NoModifier);
         QTest::sendKeyEvent(QTest::Click, m_board, Qt::Key_hyphen, u"\u00AD"_s, Qt::NoModifier);
-        QTest::sendKeyEvent(QTest::Click, m_board, Qt::Key_unknown, u"\u0301"_s, Qt::NoModifier);
         QTest::keyClick(m_board, Qt::Key_Return, Qt::ShiftModifier);
         QTest::keyClick(m_board, Qt::Key_Enter, Qt::KeypadModifier);
         QCOMPARE(m_board->Text(), u"a?\u00AD\r\n\r\n"_s);
