@@ -394,7 +394,7 @@ void TextBoard::applyAlignment()
 {
     // Left is left on a desktop that runs from the right, too.
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(Qt::AlignAbsolute | alignments[static_cast<std::size_t>(m_alignment)]);
+    option.setAlignment(alignments[static_cast<std::size_t>(m_alignment)]);
     option.setTextDirection(Qt::LeftToRight);
     document()->setDefaultTextOption(option);
 }
