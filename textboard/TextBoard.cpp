@@ -98,6 +98,7 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyFont();
+    applyAlignment();
 
     // The document also says that its contents changed at the end of an edit that did nothing; only
     // what told a place before is a change.
@@ -241,14 +242,13 @@ void TextBoard::keyPressEvent(QKeyEvent *event)
             QPlainTextEdit::keyPressEvent(&enter);
         return;
     }
-    const QString text = isCommand(*event) ? QString() : CodePage::fit(event->text());
-    // The soft hyphen, code 173, is the one character of the code page that counts as not printing
-    // and yet can be typed.
-    const bool prints = !text.isEmpty() && (text[0].isPrint() || text[0] == QChar::SoftHyphen);
-    if (!prints) {
+    const QString text = event->text();
+    if (isCommand(*event) || text.isEmpty() || text[0].category() == QChar::Other_Control) {
         QPlainTextEdit::keyPressEvent(event);
-    } else if (text.size() <= room()) {
-        QKeyEvent typed = withText(*event, event->modifiers(), text);
+        return;
+    }
+    QKeyEvent typed = withText(*event, event->modifiers(), CodePage::fit(text));
+    if (typed.text().size() <= room()) {
         QPlainTextEdit::keyPressEvent(&typed);
         event->setAccepted(typed.isAccepted());
     }
@@ -387,7 +387,14 @@ void TextBoard::setAlignment(int alignment)
     if (alignment == m_alignment || alignment < 0 || alignment >= std::ssize(alignments))
         return;
     m_alignment = alignment;
+    applyAlignment();
+}
+
+void TextBoard::applyAlignment()
+{
+    // Left is left on a desktop that runs from the right, too.
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(Qt::AlignAbsolute | alignments[static_cast<std::size_t>(alignment)]);
+    option.setAlignment(alignments[static_cast<std::size_t>(m_alignment)]);
+    option.setTextDirection(Qt::LeftToRight);
     document()->setDefaultTextOption(option);
 }
