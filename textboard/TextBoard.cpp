@@ -21,6 +21,10 @@ constexpr std::array alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCent
 /// Brings text into the code page, every kind of line end as one LF.
 QString fitted(QStringView text)
 {
+    // Something dropped can be a thousand times the limit. Only accents that combine with the
+    // letter before take no room of their own, so the rest can't matter.
+    constexpr qsizetype EnoughForTheLimit = 8 * TextBoard::MaxLength();
+    text.truncate(std::min(text.size(), EnoughForTheLimit));
     QString lines;
     lines.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -94,6 +98,12 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     if (!m_factory)
         m_factory = [](const QString &name) { return BoardFont{.font = QFont(name)}; };
     setAccessibleName(QStringLiteral("TextBoard"));
+    // A sheet of paper on every desktop: the colours of the text are no desktop's, and the first of
+    // them is black.
+    QPalette paper = palette();
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, Qt::black);
+    setPalette(paper);
     setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -354,8 +364,21 @@ void TextBoard::setFontStrikethru(bool on)
     applyFont();
 }
 
+TextBoard::FontChange::FontChange(TextBoard &board) : m_board(board)
+{
+    ++m_board.m_openFontChanges;
+}
+
+TextBoard::FontChange::~FontChange()
+{
+    if (--m_board.m_openFontChanges == 0)
+        m_board.applyFont();
+}
+
 void TextBoard::applyFont()
 {
+    if (m_openFontChanges > 0)
+        return;
     // Each property is set even to the value that it has: one that isn't would follow the parent's.
     QFont font = m_face.font;
     font.setPointSizeF(m_fontSize);
