@@ -43,6 +43,12 @@ bool readTruth(QStringView key, QStringView name)
     return toTruth(RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name), key, name);
 }
 
+bool isEmpty(QStringView key, QStringView name)
+{
+    return std::holds_alternative<std::monostate>(
+        RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name));
+}
+
 void readForItsExistence(QStringView key, QStringView name)
 {
     RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name);
@@ -100,6 +106,14 @@ constexpr std::size_t TogglesBeforeSide = 2; // the views' side is read behind t
 constexpr std::pair<QAction * Zendova::*, QStringView> ViewSwitches[] = {
     {&Zendova::ViewZoom, u"Zoom"}, {&Zendova::ViewCode, u"Code"}, {&Zendova::ViewKS, u"KeyStroke"}};
 
+/// What must not be stored with zero length, by key and value: a run can't begin without it.
+constexpr std::pair<QStringView, QStringView> Indispensable[] = {
+    {u"TextBoard", u"FontName"},      {u"TextBoard", u"FontColorIndex"},
+    {u"TextBoard", u"FontColorName"}, {u"FontMap", u"ForeColorIndex"},
+    {u"FontMap", u"ForeColorName"},   {u"FontMap", u"ForePaletteRef"},
+    {u"FontMap", u"BackPaletteRef"},
+};
+
 constexpr std::array<QStringView, 4> StyleNames = {u"Bold", u"Italic", u"Underline", u"Strikeout"};
 
 } // namespace
@@ -144,7 +158,9 @@ void Zendova::LoadSettings()
             sldSetFMapSize->showNumber(QString::number(SizeIndex));
         }
         ToolTipsOn = DisplayTT->isChecked();
-        if (!TBFontName.isEmpty() && !TBColorName.isEmpty() && !ForeColorName.isEmpty())
+        if (std::ranges::none_of(Indispensable, [](const auto &setting) {
+                return isEmpty(setting.first, setting.second);
+            }))
             return;
     }
     FirstRunPath();
@@ -258,6 +274,9 @@ void Zendova::InitSettings(const QString &Mode)
     BackColorName = "Window Background";
     BackPaletteRef = 1;
     BackColorIndex = 5;
+    // The zoom area still has its design colours, whatever was read; they are what is written.
+    ForeColor = TextZoom->ForeColor(0);
+    BackColor = TextZoom->BackColor(0);
     // One width of the screen has no row: the size then stays without a value, the font size as it
     // is.
     SizeIndex = 0;
