@@ -292,5 +292,7 @@ void Zendova::SysInfo_DisplayChanged()
                         screen.WorkAreaHeight() / 2 - FormHeight() / 2);
     }
     InitFontMapSizing();
+    if (ScreenWidth != Display())
+        Form_Resize(); // no event tells the window that its screen has another width
     ViewsTB->update();
 }
