@@ -165,7 +165,6 @@ NumberSlider *Zendova::MakeNumberSlider(const NumberSliderNames &names, int leas
     Adopt(slider->edit(), names.Edit);
     slider->slider()->setToolTip(names.ToolTip);
     slider->slider()->setAccessibleName(names.ToolTip);
-    slider->showNumber(QString::number(slider->value()));
     connect(slider, &NumberSlider::Finished, this, [this] { TextBoard->setFocus(); });
     return slider;
 }

@@ -13,7 +13,7 @@
 NumberSlider::NumberSlider(QWidget *parent, int least, int most, NoNumber noNumber)
     : QObject(parent)
     , Slider(new QSlider(Qt::Horizontal, parent))
-    , Number(new QLabel(parent))
+    , Number(new QLabel(QString::number(least), parent))
     , Edit(new QLineEdit(parent))
     , IfNoNumber(noNumber)
 {
