@@ -8,6 +8,7 @@
 #include "platform/SysInfo.h"
 #include "platform/controls/AltCode.h"
 #include "platform/controls/Icons.h"
+#include "platform/controls/TwipForm.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -15,9 +16,6 @@
 #include <exception>
 
 namespace {
-
-/// The layout is drawn for text of this size, in points.
-constexpr double FormFontSize = 8.25;
 
 /// What ends the program from within an event handler ends it here: nothing may unwind through the
 /// toolkit's event loops.
@@ -71,9 +69,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName("Zendova");
     QApplication::setDesktopFileName("zendova");
     QApplication::setWindowIcon(Icons::application());
-    QFont formFont("Sans Serif");
-    formFont.setPointSizeF(FormFontSize);
-    QApplication::setFont(formFont);
+    QApplication::setFont(TwipForm::font());
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
     // All that stands behind the program's name is one path, blanks and all.

@@ -66,6 +66,7 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
 
 void Message::createControls()
 {
+    setFont(TwipForm::font());
     // The design's own font, where it is installed.
     if (constexpr auto name = "Verdana"; FontCatalog::current().contains(name)) {
         QFont verdana = FontCatalog::current().font(name);

@@ -65,6 +65,7 @@ Zendova::Zendova(QString commandTail)
     Q_ASSERT(!Shared);
     Shared = this;
     setObjectName("Zendova");
+    setFont(TwipForm::font());
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     CreateControls();
     CreateMenus();

@@ -34,6 +34,7 @@ std::vector<ColorBlocks::Block> cells()
 
 TBColorPicker::TBColorPicker(QWidget *parent) : QDialog(parent), Form(SysInfo::current().scale())
 {
+    setFont(TwipForm::font());
     setWindowTitle("Pick A Color for TextBoard Font");
     createControls();
     const TwipScale &scale = Form.scale();

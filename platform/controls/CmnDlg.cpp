@@ -2,6 +2,8 @@
 // below.
 #include "platform/controls/CmnDlg.h"
 
+#include "platform/controls/TwipForm.h"
+
 #include <QAbstractItemModel>
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,6 +20,7 @@
 FontDialog::FontDialog(const FontOffer &offer, const ChosenFont &choice, QWidget *parent)
     : QDialog(parent), Offer(offer)
 {
+    setFont(TwipForm::font());
     setWindowTitle("Font");
     createControls(choice);
     selectFont(choice.Name);

@@ -1,7 +1,17 @@
 // Keeps twips, gives the toolkit pixels.
 #include "platform/controls/TwipForm.h"
 
+#include <QFont>
 #include <QWidget>
+
+QFont TwipForm::font()
+{
+    QFont font("Sans Serif");
+    font.setPointSizeF(8.25);
+    font.setBold(false);
+    font.setItalic(false);
+    return font;
+}
 
 void TwipForm::setScale(const TwipScale &scale)
 {

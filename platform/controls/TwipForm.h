@@ -6,6 +6,7 @@
 
 #include <QHash>
 
+class QFont;
 class QWidget;
 
 /// Holds each control's place relative to its parent. Controls must outlive the form's last use of
@@ -14,6 +15,10 @@ class TwipForm
 {
 public:
     explicit TwipForm(const TwipScale &scale) : Scale(scale) {}
+
+    /// The font that every window of the program sets on itself: the desktop's sans-serif at 8.25
+    /// points, for which the layouts are drawn. A larger font of the desktop's would be cut off.
+    static QFont font();
 
     const TwipScale &scale() const { return Scale; }
     /// Takes another density and moves every control to its pixels.
