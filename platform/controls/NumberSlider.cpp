@@ -50,6 +50,13 @@ void NumberSlider::showNumber(const QString &text)
     Number->setText(text);
 }
 
+void NumberSlider::setEditable(bool editable)
+{
+    Editable = editable;
+    if (!editable)
+        Edit->hide();
+}
+
 std::optional<int> NumberSlider::parse(const QString &text)
 {
     bool isNumber = false;
@@ -109,6 +116,5 @@ void NumberSlider::takeEdit()
         return;
     setValue(typed.value_or(0));
     Number->setText(QString::number(value()));
-    emit Entered(value());
     emit Finished();
 }
