@@ -4,7 +4,6 @@
 #include "tests/support/MainWindow.h"
 #include "tests/support/TestFonts.h"
 
-#include "core/GlobalDeclarations.h"
 #include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
 #include "fontmap/MapSize.h"
@@ -17,7 +16,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QSlider>
