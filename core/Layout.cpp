@@ -74,7 +74,21 @@ void Zendova::AdoptScale()
 
 void Zendova::Form_Resize()
 {
-    if (ScreenWidth == Display()) {
+    const bool sameScreen = ScreenWidth == Display();
+    if (!sameScreen) {
+        ScreenWidth = Display();
+        ComputeMaxMapSize();
+        pbxSetFMapSize->setVisible(MaxMapSize > 1);
+        if (SizeIndex > MaxMapSize) {
+            sldSetFMapSize->setValue(MaxMapSize);
+            SizeIndex = sldSetFMapSize->value();
+        }
+        if (SplitIsDown())
+            ResetSplit(SizeIndex - 1);
+    }
+    // A new limit makes the map smaller before the window hears of the new screen, so both can come
+    // in one call.
+    if (sameScreen || MapResizing) {
         if (MapResizing) {
             Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
             Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
@@ -87,16 +101,6 @@ void Zendova::Form_Resize()
             Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
         Form.setTop(LLVContainer, Form.top(FMapContainer) + Form.height(FMapContainer));
         Form.setTop(StatBar, Form.top(LLVContainer));
-    } else {
-        ScreenWidth = Display();
-        ComputeMaxMapSize();
-        pbxSetFMapSize->setVisible(MaxMapSize > 1);
-        if (SizeIndex > MaxMapSize) {
-            sldSetFMapSize->setValue(MaxMapSize);
-            SizeIndex = sldSetFMapSize->value();
-        }
-        if (SplitIsDown())
-            ResetSplit(SizeIndex - 1);
     }
     UpdateMapCommands(2);
 }
