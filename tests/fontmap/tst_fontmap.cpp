@@ -515,7 +515,7 @@ void TestFontMap::showsTheFontsOwnGlyphs()
     Zendova *window = desktop.start();
     makeGlyphsReadable(window);
     // Of the text font, whose measures all test fonts share.
-    const QPoint origin = originOfLastCode(pictureOf(window->CharButton, cellOf(255)));
+    const QPoint origin = originOfFullRow(pictureOf(window->CharButton, cellOf(FullRowCode)));
     const QPoint middle = window->CharButton->pixels(0).center();
     QVERIFY(qAbs(origin.x() + 16 - middle.x()) <= 1); // an em is 32 pixels
     QVERIFY(chooseFont(window, font));
@@ -536,9 +536,9 @@ void TestFontMap::zoomShowsTheGlyph()
     constexpr int pixels = 21; // of a glyph's cell at 72 points
     Desktop desktop;
     Zendova *window = desktop.start();
-    hover(window, cellOf(255));
+    hover(window, cellOf(FullRowCode));
     const QPoint origin =
-        originOfLastCode(pictureOf(window->TextZoom, 0).copy(4, 4, 126, 126), pixels);
+        originOfFullRow(pictureOf(window->TextZoom, 0).copy(4, 4, 126, 126), pixels);
     hover(window, cellOf(173));
     const auto shown = [&] {
         return readGlyph(pictureOf(window->TextZoom, 0).copy(4, 4, 126, 126), origin, pixels);

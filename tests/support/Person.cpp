@@ -70,7 +70,7 @@ void clickCell(Zendova *window, int cell, Qt::MouseButton button)
     QTest::mouseClick(window->CharButton, button, {}, window->CharButton->pixels(cell).center());
 }
 
-QPoint originOfLastCode(const QImage &image, int cell)
+QPoint originOfFullRow(const QImage &image, int cell)
 {
     for (int x = 0; x < image.width(); ++x)
         for (int y = image.height() - 1; y >= 0; --y)
@@ -91,8 +91,8 @@ QImage pictureOf(::TextBoard *board)
 
 GlyphPicture firstGlyph(Zendova *window, const QString &text)
 {
-    window->TextBoard->setText(QChar(255));
-    const QPoint origin = originOfLastCode(pictureOf(window->TextBoard));
+    window->TextBoard->setText(QChar(FullRowCode));
+    const QPoint origin = originOfFullRow(pictureOf(window->TextBoard));
     window->TextBoard->setText(text);
     window->TextBoard->setSelStart(static_cast<int>(text.size())); // the caret out of the way
     return readGlyph(pictureOf(window->TextBoard), origin);

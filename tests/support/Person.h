@@ -28,9 +28,10 @@ constexpr int cellOf(int code)
     return code - FirstCode;
 }
 
-/// The origin of the glyph of code 255 in a picture of that glyph with nothing to its left: its
-/// lowest row of cells is full. `cell` as for readGlyph.
-QPoint originOfLastCode(const QImage &image, int cell = 7);
+/// A code that all test fonts have and whose glyph has a full lowest row.
+constexpr int FullRowCode = 0x4F;
+/// The origin of that glyph in a picture of it with nothing to its left. `cell` as for readGlyph.
+QPoint originOfFullRow(const QImage &image, int cell = 7);
 
 /// The picture of one cell as it is on the screen.
 QImage pictureOf(CharCells *cells, int index);
