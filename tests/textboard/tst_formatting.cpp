@@ -590,7 +590,7 @@ void TestFormatting::fontDialog()
                  accepted ? QColor(128, 128, 128) : QColor(0, 0, 0));
         QCOMPARE(window->TBColorName, QString(accepted ? "Grey" : "Black"));
         if (accepted)
-            QTRY_VERIFY(window->TextBoard->hasFocus());
+            QCOMPARE(window->focusWidget(), static_cast<QWidget *>(window->TextBoard));
     }
 }
 
