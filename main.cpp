@@ -76,6 +76,6 @@ int main(int argc, char *argv[])
     QApplication::setFont(formFont);
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
-    // The program's name ends where the first blank behind it begins: the rest is one path.
+    // All that stands behind the program's name is one path, blanks and all.
     return run(application, QApplication::arguments().mid(1).join(' '));
 }

@@ -51,8 +51,8 @@ def main():
     folder.mkdir(parents=True)
     regular, bold = one_font("Regular"), one_font("Bold")
     for number in range(count):
-        place = folder / f"fonts{number // 500:03}"
-        place.mkdir(exist_ok=True)
+        place = folder / "fonts" / f"{number // 500:03}"
+        place.mkdir(parents=True, exist_ok=True)
         name = f"Bench {number:05}".encode("utf-16-be")
         placeholder = NAME.encode("utf-16-be")
         (place / f"{number:05}.ttf").write_bytes(regular.replace(placeholder, name))
@@ -64,7 +64,7 @@ def main():
 <fontconfig>
   <include ignore_missing="yes">/etc/fonts/conf.d</include>
   <reset-dirs/>
-  <dir>{folder}</dir>
+  <dir>{folder}/fonts</dir>
   <cachedir>{folder}/cache</cachedir>
   <alias><family>sans-serif</family><prefer><family>Bench 00000</family></prefer></alias>
   <alias><family>serif</family><prefer><family>Bench 00010</family></prefer></alias>

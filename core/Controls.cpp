@@ -3,6 +3,7 @@
 // stand in the files of their topics.
 #include "core/Zendova.h"
 
+#include "core/SettingsDefaults.h"
 #include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/BandBar.h"
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QSlider>
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace {
@@ -38,10 +40,11 @@ constexpr ControlRow Controls[] = {
     {"FontLabel", "TBFContainer", {45, 45, 960, 240}},
     {"FontNameCombo", "TBFContainer", {1035, 0, 5010, 330}},
     {"FSZContainer", "CoolBarCM", InBand},
-    {"FontSizeLabel", "FSZContainer", {45, 30, 840, 240}},
-    {"FontSizeNumber", "FSZContainer", {900, 30, 240, 240}, "Font Size (Click to Change)"},
+    {"FontSizeLabel", "FSZContainer", {45, 15, 840, 240}},
+    {"FontSizeNumber", "FSZContainer", {900, 15, 240, 240}, "Font Size (Click to Change)"},
+    // A pixel lower than designed: above the container its frame would be cut off.
     {"FontSizeEdit", "FSZContainer", {900, 0, 270, 285}, "Enter font size"},
-    {"FontSizeSlider", "FSZContainer", {1170, 15, 945, 270}},
+    {"FontSizeSlider", "FSZContainer", {1170, 0, 945, 270}},
     {"CoolBarTB", "Client", {2145, 375, 9375, 390}},
     {"TBPContainer", "CoolBarTB", InBand},
     {"NoOfChars", "TBPContainer", {45, 60, 600, 240}, "Number of Characters on TextBoard"},
@@ -56,6 +59,7 @@ constexpr ControlRow Controls[] = {
     {"ZoomSizeLabel", "CVAContainer", {30, 135, 1005, 240}},
     {"ZoomSizeNumber", "CVAContainer", {1065, 135, 255, 240}, "Zoom Size (Click to Change)"},
     {"ZoomSizeEdit", "CVAContainer", {1050, 105, 300, 285}, "Enter zoom size"},
+    // Three pixels narrower than designed: there the container ends.
     {"ZoomSizeSlider", "CVAContainer", {1335, 135, 675, 270}},
     {"CVACover", "CVAContainer", {0, 420, 2010, 720}, "Code View Area"},
     {"ASCLabel", "CVAContainer", {1080, 480, 450, 180}},
@@ -74,7 +78,7 @@ constexpr ControlRow Controls[] = {
     {"FMapContainer", "Client", {90, 4170, 11415, 3690}},
     {"CharButton", "FMapContainer", {0, 0, 11415, 3690}},
     {"clbFontMap", "FMapContainer", {0, -15, 11415, 390}},
-    {"pbxSetFMapSize", "clbFontMap", {0, 0, 2505, 360}},
+    {"pbxSetFMapSize", "clbFontMap", {0, 0, 2505, 360}, "Adjust FontMap Size"},
     {"MapSizeLabel", "pbxSetFMapSize", {30, 60, 855, 240}},
     {"lblSetFMapSizeNumber",
      "pbxSetFMapSize",
@@ -82,7 +86,7 @@ constexpr ControlRow Controls[] = {
      "FontMap Size (Click to Change)"},
     {"tbxSetFMapSizeNumber", "pbxSetFMapSize", {915, 45, 270, 285}, "Enter FontMap size"},
     {"sldSetFMapSize", "pbxSetFMapSize", {1215, 45, 1230, 270}},
-    {"pbxCFMName", "clbFontMap", {0, 0, 4350, 360}},
+    {"pbxCFMName", "clbFontMap", {0, 0, 4350, 360}, "Custom Map currently loaded"},
     {"lblCFMName", "pbxCFMName", {0, 60, 4350, 240}, "Currently loaded Custom FontMap file name"},
     {"LLVContainer", "Client", {90, 7860, 5775, 315}},
     {"SampleText0", "LLVContainer", {60, 60, 5700, 240}},
@@ -111,6 +115,15 @@ std::vector<TwipRect> designCells()
                           .Width = side,
                           .Height = side});
     return places;
+}
+
+void AddBands(BandBar *bar, std::initializer_list<QWidget *> contents,
+              std::span<const qint32> widths)
+{
+    Q_ASSERT(contents.size() == widths.size());
+    std::size_t band = 0;
+    for (QWidget *content : contents)
+        bar->addBand(content, widths[band++]);
 }
 
 } // namespace
@@ -151,6 +164,7 @@ NumberSlider *Zendova::MakeNumberSlider(const NumberSliderNames &names, int leas
     Adopt(slider->number(), names.Number);
     Adopt(slider->edit(), names.Edit);
     slider->slider()->setToolTip(names.ToolTip);
+    slider->slider()->setAccessibleName(names.ToolTip);
     connect(slider, &NumberSlider::Finished, this, [this] { TextBoard->setFocus(); });
     return slider;
 }
@@ -180,10 +194,7 @@ void Zendova::CreateControls()
     FontSizeLabel = MakeLabel("FontSizeLabel", "Font Size:", Qt::AlignLeft);
     FontSizeSlider = MakeNumberSlider(
         {"FontSizeSlider", "FontSizeNumber", "FontSizeEdit", "Set Font Size"}, 8, 36, false);
-    CoolBarCM->addBand(LoadSaveTB, 945);
-    CoolBarCM->addBand(TBFContainer, 6240);
-    CoolBarCM->addBand(FSZContainer, 2310);
-    CoolBarCM->addBand(ZndvDefTB, 1230);
+    AddBands(CoolBarCM, {LoadSaveTB, TBFContainer, FSZContainer, ZndvDefTB}, MainBandWidths);
 
     CoolBarTB = Make<BandBar>("CoolBarTB", scale);
     TBPContainer = Make<QWidget>("TBPContainer");
@@ -194,11 +205,8 @@ void Zendova::CreateControls()
     ProgressFore->setAutoFillBackground(true);
     ProgressFore->hide();
     PercFilled = MakeLabel("PercFilled", "0%", Qt::AlignLeft);
-    CoolBarTB->addBand(TBOperationsTB, 1920);
-    CoolBarTB->addBand(TextEditTB, 1575);
-    CoolBarTB->addBand(FontFormatTB, 2055);
-    CoolBarTB->addBand(TextAlignTB, 1230);
-    CoolBarTB->addBand(TBPContainer, 2880);
+    AddBands(CoolBarTB, {TBOperationsTB, TextEditTB, FontFormatTB, TextAlignTB, TBPContainer},
+             TBBandWidths);
 
     CreateViews();
 
@@ -242,7 +250,7 @@ void Zendova::CreateViews()
     ZSzContainer = Make<QWidget>("ZSzContainer");
     ViewsTB->setParent(ZSzContainer);
     Adopt(ViewsTB, "ViewsTB");
-    TextZoom = new CharCells(1, 1, ZSzContainer);
+    TextZoom = new CharCells(1, ZSzContainer);
     Adopt(TextZoom, "TextZoom");
     TextZoom->setScale(Form.scale());
     TextZoom->setPlaces({{0, 0, 2010, 2010}});
@@ -269,7 +277,7 @@ void Zendova::CreateViews()
 void Zendova::CreateMap()
 {
     FMapContainer = Make<QWidget>("FMapContainer");
-    CharButton = new CharCells(CellCount, MapColumns, FMapContainer);
+    CharButton = new CharCells(CellCount, FMapContainer);
     Adopt(CharButton, "CharButton");
     CharButton->setScale(Form.scale());
     CharButton->setPlaces(designCells());
@@ -282,13 +290,12 @@ void Zendova::CreateMap()
     // The window follows the size, so it must not run away from under the thumb.
     sldSetFMapSize->slider()->setTracking(false);
     sldSetFMapSize->showNumber("0");
-    pbxSetFMapSize->setFixedSize(Form.scale().toPixels(Form.rect(pbxSetFMapSize)).size());
     pbxCFMName = Make<QWidget>("pbxCFMName");
     lblCFMName = MakeLabel("lblCFMName", {}, Qt::AlignLeft);
+    lblCFMName->setTextFormat(Qt::PlainText);
+    SizeMapContainers();
     FillMapToolbars();
-    clbFontMap->addBand(tlbCustFMap, 1635);
-    clbFontMap->addBand(tlbCFMapFmt, 5310);
-    clbFontMap->addBand(tlbCFMapName, 4470);
+    AddBands(clbFontMap, {tlbCustFMap, tlbCFMapFmt, tlbCFMapName}, FMBandWidths);
 }
 
 void Zendova::ConnectControls()

@@ -2,5 +2,6 @@
 // the defaults of a first run depend.
 #pragma once
 
-/// Width of the current display mode in pixels, cut to 16 bits as a signed number.
+/// Width of the current display mode in device-independent pixels, as the window is measured too,
+/// cut to 16 bits as a signed number.
 int Display();

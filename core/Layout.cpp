@@ -69,13 +69,15 @@ void Zendova::AdoptScale()
         bar->setScale(scale);
     for (CharCells *cells : {CharButton, TextZoom})
         cells->setScale(scale);
+    SizeMapContainers();
+    TwipsX = scale.X;
+    TwipsY = std::round(scale.Y);
     SetFormSize(OuterWidth, OuterHeight);
 }
 
 void Zendova::Form_Resize()
 {
-    const bool sameScreen = ScreenWidth == Display();
-    if (!sameScreen) {
+    if (ScreenWidth != Display()) {
         ScreenWidth = Display();
         ComputeMaxMapSize();
         pbxSetFMapSize->setVisible(MaxMapSize > 1);
@@ -86,28 +88,25 @@ void Zendova::Form_Resize()
         if (SplitIsDown())
             ResetSplit(SizeIndex - 1);
     }
-    // A new limit makes the map smaller before the window hears of the new screen, so both can come
-    // in one call.
-    if (sameScreen || MapResizing) {
-        if (MapResizing) {
-            Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
-            Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
-            Form.setWidth(TextBoard,
-                          OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * TwipsX);
-            Form.setWidth(CoolBarTB, Form.width(TextBoard));
-            Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
-        }
-        if (FirstActivate)
-            Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
-        Form.setTop(LLVContainer, Form.top(FMapContainer) + Form.height(FMapContainer));
-        Form.setTop(StatBar, Form.top(LLVContainer));
+    // The areas follow also when the width of the screen was another one: it is the same by now.
+    if (MapResizing) {
+        Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
+        Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
+        Form.setWidth(TextBoard,
+                      OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * TwipsX);
+        Form.setWidth(CoolBarTB, Form.width(TextBoard));
+        Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
     }
+    if (FirstActivate)
+        Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
+    Form.setTop(LLVContainer, Form.top(FMapContainer) + Form.height(FMapContainer));
+    Form.setTop(StatBar, Form.top(LLVContainer));
     UpdateMapCommands(2);
 }
 
 void Zendova::SetViewsSide(const QString &Side)
 {
-    const bool left = Side == "L";
+    const bool left = Side != "R";
     ViewsTB->button("VCLeft")->setChecked(left);
     ViewsTB->button("VCRight")->setChecked(!left);
     const double boardLeft = (left ? 143 : 7) * TwipsX;
@@ -115,6 +114,12 @@ void Zendova::SetViewsSide(const QString &Side)
     Form.setLeft(TextBoard, boardLeft);
     Form.setLeft(ViewsContainer,
                  left ? 7 * TwipsX : boardLeft + Form.width(TextBoard) + 2 * TwipsX);
+}
+
+void Zendova::PutViews(const QString &Side)
+{
+    VCPosition = Side;
+    SetViewsSide(Side);
 }
 
 bool Zendova::SplitIsDown() const
@@ -132,8 +137,8 @@ void Zendova::SplitBar_MouseMove(double Y)
     const double target = Form.top(SplitBar) + Y - 2 * TwipsY;
     if (target < MinSplitPixels * TwipsY || target > LowestSplit())
         return;
-    // Very small moves are left alone, so that the bar does not jitter.
-    if (std::abs(std::lround(target - Form.top(SplitBar))) <= 2)
+    // Moves of two pixels or less are left alone, so that the bar does not jitter.
+    if (std::abs(std::lround((target - Form.top(SplitBar)) / TwipsY)) <= 2)
         return;
     MoveSplit(target);
 }
@@ -176,10 +181,12 @@ bool Zendova::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     case QEvent::MouseButtonRelease:
-        SplitBar_MouseUp();
+        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+            SplitBar_MouseUp();
         return true;
     case QEvent::MouseButtonDblClick:
-        SplitBar_DblClick();
+        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+            SplitBar_DblClick();
         return true;
     default:
         return QMainWindow::eventFilter(watched, event);

@@ -17,7 +17,8 @@ namespace {
 
 using Command = void (Zendova::*)();
 
-enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Hidden = 4 };
+/// A Toggle is all there is to its command: whoever needs the state reads the check mark.
+enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7 };
 
 struct MenuRow
 {
@@ -114,21 +115,21 @@ constexpr MenuRow Rows[] = {
     {1, "ToolsOpt", "Default &Options..."},
 
     {0, "ItemDisplay", "To&ggles", "", &Zendova::ItemDisplay_Click},
-    {1, "OptLoadTD", "&Load .TXT Files with TextBoard Defaults", "", &Zendova::NoFurtherAction,
-     &Zendova::OptLoadTD, CheckedAtDesign},
-    {1, "OptUnloadTD", "&Restore TextBoard Defaults after Unload", "", &Zendova::NoFurtherAction,
-     &Zendova::OptUnloadTD, CheckedAtDesign},
+    {1, "OptLoadTD", "&Load .TXT Files with TextBoard Defaults", "", nullptr, &Zendova::OptLoadTD,
+     Toggle},
+    {1, "OptUnloadTD", "&Restore TextBoard Defaults after Unload", "", nullptr,
+     &Zendova::OptUnloadTD, Toggle},
     {1, "DisplaySep1", Line},
     {1, "OptPosVC", "&Position Views"},
     {2, "VCOnL", "On &Left", "", &Zendova::VCOnL_Click, &Zendova::VCOnL, CheckedAtDesign},
     {2, "VCOnR", "On &Right", "", &Zendova::VCOnR_Click, &Zendova::VCOnR, CheckedAtDesign},
     {1, "DisplaySep2", Line},
-    {1, "DisplayCD", "Display \"Text Cut/Copied to Clipboard\" &Confirmation", "",
-     &Zendova::NoFurtherAction, &Zendova::DisplayCD, CheckedAtDesign},
-    {1, "DisplayOW", "Display TextBoard &Overwrite Warning", "", &Zendova::NoFurtherAction,
-     &Zendova::DisplayOW, CheckedAtDesign},
-    {1, "DisplayEW", "Display \"Discard Text and Exit?\" &Warning", "", &Zendova::NoFurtherAction,
-     &Zendova::DisplayEW, CheckedAtDesign},
+    {1, "DisplayCD", "Display \"Text Cut/Copied to Clipboard\" &Confirmation", "", nullptr,
+     &Zendova::DisplayCD, Toggle},
+    {1, "DisplayOW", "Display TextBoard &Overwrite Warning", "", nullptr, &Zendova::DisplayOW,
+     Toggle},
+    {1, "DisplayEW", "Display \"Discard Text and Exit?\" &Warning", "", nullptr,
+     &Zendova::DisplayEW, Toggle},
     {1, "DisplaySep3", Line},
     {1, "DisplayCS", "Use FontMap Color Scheme in &Dialogs", "", &Zendova::DisplayCS_Click,
      &Zendova::DisplayCS, CheckedAtDesign},
@@ -174,7 +175,7 @@ void Zendova::CreateMenus()
         item->setShortcut(QKeySequence(row.Key));
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-        item->setEnabled(row.Handler != nullptr);
+        item->setEnabled(row.Handler || row.Flags == Toggle);
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)
@@ -209,11 +210,6 @@ void Zendova::ItemDisplay_Click()
     VCOnL->setChecked(ViewsTB->button("VCLeft")->isChecked());
 }
 
-void Zendova::NoFurtherAction()
-{
-    // The check mark is the state; whoever needs it reads the mark.
-}
-
 void Zendova::DisplayCS_Click()
 {
     ColorSchemeOn = DisplayCS->isChecked();
@@ -227,22 +223,21 @@ void Zendova::DisplayTT_Click()
 
 void Zendova::VCOnL_Click()
 {
-    ChooseViewsSide(VCOnL, "L");
+    if (WasUnchecked(VCOnL))
+        PutViews("L");
 }
 
 void Zendova::VCOnR_Click()
 {
-    ChooseViewsSide(VCOnR, "R");
+    if (WasUnchecked(VCOnR))
+        PutViews("R");
 }
 
-void Zendova::ChooseViewsSide(QAction *item, const QString &side)
+/// For an item that does nothing while it is checked. The toolkit has flipped the mark by now: one
+/// that was set is set again.
+bool Zendova::WasUnchecked(QAction *item)
 {
-    // The toolkit has flipped the mark by now: one that was set already is set again, and that is
-    // all.
-    if (!item->isChecked()) {
-        item->setChecked(true);
-        return;
-    }
-    VCPosition = side;
-    SetViewsSide(VCPosition);
+    const bool wasUnchecked = item->isChecked();
+    item->setChecked(true);
+    return wasUnchecked;
 }

@@ -2,11 +2,13 @@
 // warning.
 #include "core/Message.h"
 
+#include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
 #include "core/Zendova.h"
+#include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
-#include "platform/controls/CharCells.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,9 +28,10 @@ void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Titl
     MsgResult = false;
     MsgDontRepeat = false;
     MsgOkMode = Buttons == "OK";
-    Zendova *main = Zendova::Instance();
-    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton,
-                   main && main->isVisible() ? main : nullptr);
+    QWidget *parent = QApplication::activeModalWidget();
+    if (!parent && Zendova::Instance() && Zendova::Instance()->isVisible())
+        parent = Zendova::Instance();
+    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton, parent);
     dialog.exec();
 }
 
@@ -37,13 +40,7 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
     : QDialog(parent), Form(SysInfo::current().scale())
 {
     createControls();
-    if (const Zendova *main = Zendova::Instance(); main && ColorSchemeOn) {
-        QPalette own = MessageArea->palette();
-        own.setColor(QPalette::WindowText, ToColor(main->TextZoom->ForeColor(0), palette()));
-        own.setColor(QPalette::Window, ToColor(main->TextZoom->BackColor(0), palette()));
-        MessageArea->setPalette(own);
-        MessageArea->setAutoFillBackground(true);
-    }
+    WearColorScheme({MessageArea});
     setWindowTitle(Title);
     QString text = MsgText;
     MessageArea->setText(text.replace('\r', '\n'));
@@ -69,6 +66,13 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
 
 void Message::createControls()
 {
+    // The design's own font, where it is installed.
+    if (constexpr auto name = "Verdana"; FontCatalog::current().contains(name)) {
+        QFont verdana = FontCatalog::current().font(name);
+        verdana.setPointSizeF(font().pointSizeF());
+        verdana.setStyleStrategy(QFont::PreferDefault);
+        setFont(verdana);
+    }
     setFixedSize(Form.scale().toPixels(ClientSize).size());
     MessageArea = new QLabel(this);
     MessageArea->setObjectName("MessageArea");
@@ -86,6 +90,8 @@ void Message::createControls()
     DisplayAgainCheck = new QCheckBox("Do not display again", this);
     DisplayAgainCheck->setObjectName("DisplayAgainCheck");
     DisplayAgainCheck->setToolTip("Check not to display this message again");
+    // Up to the first button: in some desktops' fonts the caption needs more than the design gives
+    // it.
     Form.place(DisplayAgainCheck, {105, 1980, 2655, 270});
 
     connect(Button1, &QPushButton::clicked, this, [this] {
@@ -95,7 +101,7 @@ void Message::createControls()
     connect(Button2, &QPushButton::clicked, this, &QDialog::reject);
     connect(DisplayAgainCheck, &QCheckBox::clicked, this,
             [](bool checked) { MsgDontRepeat = checked; });
-    // A notice closes at any key of a character, before the button that has the focus takes it.
+    // A notice closes at any key of a character, before the control that has the focus takes it.
     for (QWidget *control : {static_cast<QWidget *>(Button1), static_cast<QWidget *>(Button2),
                              static_cast<QWidget *>(DisplayAgainCheck)})
         control->installEventFilter(this);
@@ -103,19 +109,30 @@ void Message::createControls()
 
 bool Message::eventFilter(QObject *watched, QEvent *event)
 {
-    if (MsgOkMode && event->type() == QEvent::KeyPress &&
-        !static_cast<QKeyEvent *>(event)->text().isEmpty() &&
-        static_cast<QKeyEvent *>(event)->key() != Qt::Key_Tab) {
-        reject();
-        return true;
+    if (MsgOkMode && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool moves = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Delete;
+        if (!key->text().isEmpty() && !moves) {
+            reject();
+            return true;
+        }
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void Message::keyPressEvent(QKeyEvent *event)
 {
-    // A question has no answer under Esc; only its buttons and the close box end it.
-    if (!MsgOkMode && event->key() == Qt::Key_Escape)
-        return;
+    // A question is answered by its buttons and its close box alone: Esc is no answer, and Enter
+    // one only on a button, which takes it before it comes here.
+    switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!MsgOkMode)
+            return;
+        break;
+    default:
+        break;
+    }
     QDialog::keyPressEvent(event);
 }

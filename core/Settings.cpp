@@ -19,6 +19,7 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QLineEdit>
 #include <algorithm>
 #include <array>
 #include <span>
@@ -41,6 +42,12 @@ qint32 readNumber(QStringView key, QStringView name)
 bool readTruth(QStringView key, QStringView name)
 {
     return toTruth(RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name), key, name);
+}
+
+bool isEmpty(QStringView key, QStringView name)
+{
+    return std::holds_alternative<std::monostate>(
+        RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name));
 }
 
 void readForItsExistence(QStringView key, QStringView name)
@@ -68,7 +75,7 @@ struct BandSetting
 {
     BandBar *Zendova::*Bar;
     QStringView Prefix;
-    std::span<const qint32> Defaults; ///< of the first bands; one without keeps its design width
+    std::span<const qint32> Defaults;
 };
 constexpr BandSetting BandSettings[] = {
     {&Zendova::CoolBarCM, u"MainBand", MainBandWidths},
@@ -99,6 +106,14 @@ constexpr std::size_t TogglesBeforeSide = 2; // the views' side is read behind t
 
 constexpr std::pair<QAction * Zendova::*, QStringView> ViewSwitches[] = {
     {&Zendova::ViewZoom, u"Zoom"}, {&Zendova::ViewCode, u"Code"}, {&Zendova::ViewKS, u"KeyStroke"}};
+
+/// What must not be stored with zero length, by key and value: a run can't begin without it.
+constexpr std::pair<QStringView, QStringView> Indispensable[] = {
+    {u"TextBoard", u"FontName"},      {u"TextBoard", u"FontColorIndex"},
+    {u"TextBoard", u"FontColorName"}, {u"FontMap", u"ForeColorIndex"},
+    {u"FontMap", u"ForeColorName"},   {u"FontMap", u"ForePaletteRef"},
+    {u"FontMap", u"BackPaletteRef"},
+};
 
 constexpr std::array<QStringView, 4> StyleNames = {u"Bold", u"Italic", u"Underline", u"Strikeout"};
 
@@ -142,9 +157,12 @@ void Zendova::LoadSettings()
                 sldSetFMapSize->setMost(MaxMapSize);
             sldSetFMapSize->setValue(SizeIndex);
             sldSetFMapSize->showNumber(QString::number(SizeIndex));
+            sldSetFMapSize->edit()->setText(QString::number(SizeIndex));
         }
         ToolTipsOn = DisplayTT->isChecked();
-        if (!TBFontName.isEmpty() && !TBColorName.isEmpty() && !ForeColorName.isEmpty())
+        if (std::ranges::none_of(Indispensable, [](const auto &setting) {
+                return isEmpty(setting.first, setting.second);
+            }))
             return;
     }
     FirstRunPath();
@@ -198,7 +216,7 @@ void Zendova::ReadLastSettings()
     BackColorIndex = readNumber(map, u"BackColorIndex");
     FMBorders->setChecked(readNumber(map, u"Borders") != 0);
     FMHiLite->setChecked(readTruth(map, u"Hilite"));
-    // A size below 1 is none that the program writes by itself: the smallest stands in for it.
+    // A size below 1 is stored where no size was known: the smallest stands in for it.
     SizeIndex = std::max(1, readNumber(map, u"SizeIndex"));
     InitMap = readTruth(map, u"InitMap");
     InitMapPath = readText(map, u"InitMapPath");
@@ -245,19 +263,26 @@ void Zendova::InitSettings(const QString &Mode)
                           DisplayOW, DisplayCS, DisplayTT})
         item->setChecked(true);
     ToolTipsOn = true;
-    VCPosition = "L";
-    TBFontName = "Arial";
-    TextBoard->setAlignment(0);
-    TBColorIndex = 0;
-    TBColorName = "Black";
-    ZoomSizeSlider->setValue(72);
+    VCPosition = DefaultText(u"Options", u"VCPosition");
+    constexpr QStringView board = u"TextBoard";
+    TBFontName = DefaultText(board, u"FontName");
+    TextBoard->setAlignment(DefaultNumber(board, u"Alignment"));
+    TBColorIndex = DefaultNumber(board, u"FontColorIndex");
+    TBColorName = DefaultText(board, u"FontColorName");
+    ZoomSizeSlider->setValue(DefaultText(u"Views", u"ZoomSize").toInt());
     TBStyle = {};
-    ForeColorName = "Window Text";
-    ForePaletteRef = 1;
-    ForeColorIndex = 8;
-    BackColorName = "Window Background";
-    BackPaletteRef = 1;
-    BackColorIndex = 5;
+    constexpr QStringView map = u"FontMap";
+    ForeColorName = DefaultText(map, u"ForeColorName");
+    ForePaletteRef = DefaultNumber(map, u"ForePaletteRef");
+    ForeColorIndex = DefaultNumber(map, u"ForeColorIndex");
+    BackColorName = DefaultText(map, u"BackColorName");
+    BackPaletteRef = DefaultNumber(map, u"BackPaletteRef");
+    BackColorIndex = DefaultNumber(map, u"BackColorIndex");
+    // A reading that broke off may have brought some of these with it already.
+    ForeColor = TextZoom->ForeColor(0);
+    BackColor = TextZoom->BackColor(0);
+    FMHiLite->setChecked(false);
+    FMBorders->setChecked(true);
     // One width of the screen has no row: the size then stays without a value, the font size as it
     // is.
     SizeIndex = 0;
@@ -268,13 +293,15 @@ void Zendova::InitSettings(const QString &Mode)
         sldSetFMapSize->showNumber(QString::number(SizeIndex));
     }
     InitMap = false;
-    InitMapPath = "None";
+    InitMapPath = DefaultText(map, u"InitMapPath");
     for (const BandSetting &setting : BandSettings)
         for (std::size_t band = 0; band < setting.Defaults.size(); ++band)
             (this->*setting.Bar)->setBandWidth(static_cast<int>(band), setting.Defaults[band]);
     const SysInfo &screen = SysInfo::current();
-    SetFormPosition((screen.WorkAreaWidth() - (FormWidth() + 28 * SizeIndex * TwipsX)) / 2,
-                    (screen.WorkAreaHeight() - (FormHeight() + 8 * SizeIndex * TwipsY)) / 2);
+    const double grownWidth = FormWidth() + MapSize::StepAcross * SizeIndex * TwipsX;
+    const double grownHeight = FormHeight() + MapSize::StepDown * SizeIndex * TwipsY;
+    SetFormPosition(screen.WorkAreaLeft() + (screen.WorkAreaWidth() - grownWidth) / 2,
+                    screen.WorkAreaTop() + (screen.WorkAreaHeight() - grownHeight) / 2);
 
     const auto oneTransaction = GroupRegWrites();
     RegMakeKey(HKEY_CURRENT_USER, SettingsRoot);

@@ -71,10 +71,10 @@ inline constexpr std::array<CustomColorDefault, 40> CustomColorDefaults{{
 }};
 
 /// Widths of the toolbar bands, in twips: values MainBand1Wdth and on, TBBand1Wdth and on, and
-/// FMBand1Wdth and FMBand2Wdth of the key Bars. FMBand3Wdth keeps its design width.
+/// FMBand1Wdth and on of the key Bars.
 inline constexpr std::array<qint32, 4> MainBandWidths{945, 6240, 2310, 1230};
 inline constexpr std::array<qint32, 5> TBBandWidths{1920, 1575, 2055, 1230, 2880};
-inline constexpr std::array<qint32, 2> FMBandWidths{1635, 5310};
+inline constexpr std::array<qint32, 3> FMBandWidths{1635, 5310, 4470};
 
 /// A system colour as a setting: the high bit set, the system colour's index (0..24) below.
 constexpr qint32 SystemColorReference(quint32 index)
@@ -133,6 +133,10 @@ inline constexpr std::array<SettingDefault, 39> SettingDefaults{{
     {u"Views", u"KeyStroke", REG_SZ, u"True"},
     {u"Views", u"ZoomSize", REG_SZ, u"72"},
 }};
+
+/// The standard of a row of the table, which must be there and of this kind.
+QString DefaultText(QStringView key, QStringView value);
+qint32 DefaultNumber(QStringView key, QStringView value);
 
 /// FontMap size and font size in points that suit a screen.
 struct ScreenDefault

@@ -81,8 +81,9 @@ void Zendova::Start()
 {
     Form_Initialize();
     Form_Load();
-    show();
+    winId(); // the window system's window, by which its screen is known
     SysInfo::current().follow(windowHandle());
+    show();
 }
 
 void Zendova::Form_Initialize()
@@ -115,10 +116,10 @@ void Zendova::Form_Load()
         EndProgram();
     FillDefaultMap();
     SetToolbarImages();
-    CreditLine += ' ';
     if (SizeIndex > 1) {
         SetFontMapSize(SizeIndex - 1, true);
-        FMLarger->setEnabled(MaxMapSize != SizeIndex);
+        if (MaxMapSize == SizeIndex)
+            FMLarger->setEnabled(false);
         FMSmaller->setEnabled(true);
     }
     InitFonts();
@@ -157,10 +158,8 @@ void Zendova::ApplyViewSettings()
     KeystrokeViewSet(ViewKS->isChecked());
     SetZoomSize(ZoomSizeSlider->value());
     SetViewsSide(VCPosition);
-    const bool foreDiffers = TextZoom->ForeColor(0) != ForeColor;
-    const bool backDiffers = TextZoom->BackColor(0) != BackColor;
-    if (foreDiffers || backDiffers)
-        ApplyFontMapColors(foreDiffers, ForeColor, backDiffers, BackColor);
+    ApplyFontMapColors(TextZoom->ForeColor(0) != ForeColor, ForeColor,
+                       TextZoom->BackColor(0) != BackColor, BackColor);
     ColorSchemeOn = DisplayCS->isChecked();
     UpdateMapCommands(1);
     tlbCFMapFmt->button("FMapH")->setChecked(FMHiLite->isChecked());
@@ -190,19 +189,40 @@ bool Zendova::event(QEvent *event)
 
 void Zendova::Form_Activate()
 {
-    if (!FirstActivate)
+    // A message of this very procedure lets the window be activated again while it is open.
+    if (!FirstActivate || Activating)
         return;
+    Activating = true;
     for (QLabel *label : SampleText)
         label->setText(CreditLine + label->text());
     setWindowTitle(ProductName + VersionSuffix);
     TextBoard->setFocus();
-    if (const std::optional<QString> path = GetCommandLine()) {
-        if (kindOf(*path) == StartupFile::NotOurs)
-            ZndvMsg("\r\r\rFiles with extension '" + path->right(3).toUpper() + "' are not valid " +
-                        ProductName + " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
-                    "OK", ProductName + " Startup File Load Error", false, 1);
-    }
+    if (const std::optional<QString> path = GetCommandLine())
+        RouteStartupFile(*path);
     FirstActivate = false;
+}
+
+void Zendova::RouteStartupFile(const QString &path)
+{
+    const auto [folder, name] = SplitAtLastSeparator(path);
+    switch (kindOf(path)) {
+    case StartupFile::NotOurs:
+        ZndvMsg("\r\r\rFiles with extension '" + path.right(3).toUpper() + "' are not valid " +
+                    ProductName + " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
+                "OK", ProductName + " Startup File Load Error", false, 1);
+        break;
+    case StartupFile::Map:
+        LMLoadPath = folder;
+        PendingMapPath = path;
+        PendingMapName = name;
+        UpdateMapCommands(1);
+        break;
+    case StartupFile::Text:
+        LFLoadPath = folder;
+        PendingFilePath = path;
+        PendingFileTitle = name;
+        break;
+    }
 }
 
 std::optional<QString> Zendova::GetCommandLine()
@@ -286,10 +306,11 @@ void Zendova::SysInfo_DisplayChanged()
         EndProgram();
     DisplayEventSeen = true;
     AdoptScale();
+    Form_Resize(); // takes the new width over and brings the map into it
     if (!isMinimized() && !isMaximized() && !isFullScreen()) {
         const SysInfo &screen = SysInfo::current();
-        SetFormPosition(screen.WorkAreaWidth() / 2 - FormWidth() / 2,
-                        screen.WorkAreaHeight() / 2 - FormHeight() / 2);
+        SetFormPosition(screen.WorkAreaLeft() + screen.WorkAreaWidth() / 2 - FormWidth() / 2,
+                        screen.WorkAreaTop() + screen.WorkAreaHeight() / 2 - FormHeight() / 2);
     }
     InitFontMapSizing();
     ViewsTB->update();

@@ -36,7 +36,7 @@ const ButtonRow Buttons[] = {
     {&Zendova::ZndvDefTB, "KB", "KB", "View Keyboard Layout"},
     {&Zendova::ZndvDefTB, "FB", "FB", "Browse Fonts"},
     {&Zendova::ViewsTB, "VCLeft", "VCLeft", "Views on the Left", Check,
-     [](Zendova &z) { z.SetViewsSide(z.VCPosition = "L"); }},
+     [](Zendova &z) { z.PutViews("L"); }},
     {&Zendova::ViewsTB, "", "", ""},
     {&Zendova::ViewsTB, "Zoom", "Zoom", "Zoom View On/Off", Check,
      [](Zendova &z) { z.ZoomViewSet(z.ViewsTB->button("Zoom")->isChecked()); }},
@@ -46,7 +46,7 @@ const ButtonRow Buttons[] = {
      [](Zendova &z) { z.KeystrokeViewSet(z.ViewsTB->button("KS")->isChecked()); }},
     {&Zendova::ViewsTB, "", "", ""},
     {&Zendova::ViewsTB, "VCRight", "VCRight", "Views on the Right", Check,
-     [](Zendova &z) { z.SetViewsSide(z.VCPosition = "R"); }},
+     [](Zendova &z) { z.PutViews("R"); }},
     {&Zendova::TBOperationsTB, "CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard"},
     {&Zendova::TBOperationsTB, "CutButton", "TBCut", "Cut TextBoard Contents to Clipboard"},
     {&Zendova::TBOperationsTB, "FullScreen", "FullScr", "View TextBoard Full Screen"},
@@ -108,6 +108,8 @@ constexpr const char *TaggedControls[] = {
     "tbxSetFMapSizeNumber",
     "lblSetFMapSizeNumber",
     "lblCFMName",
+    "pbxSetFMapSize",
+    "pbxCFMName",
 };
 
 constexpr std::pair<Toolbar * Zendova::*, const char *> Bars[] = {
@@ -160,6 +162,7 @@ void Zendova::SetToolbarImages()
     for (const ButtonRow &row : Buttons)
         if (*row.Image)
             (this->*row.Bar)->button(row.Key)->setIcon(Icons::icon(row.Image));
+    CreditLine += ' ';
 }
 
 void Zendova::SetToolTips()
@@ -173,7 +176,6 @@ void Zendova::SetToolTips()
         QToolButton *button = (this->*row.Bar)->button(row.Key);
         button->setToolTip(tip(button));
     }
-    // The tag of the colour button is only the beginning of its tooltip.
     RenewColorToolTip();
     for (const char *name : TaggedControls)
         Control(name)->setToolTip(tip(Control(name)));

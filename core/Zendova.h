@@ -43,7 +43,6 @@ public:
     static Zendova *Instance() { return Shared; }
 
     // ---- core/Startup.cpp: the order of a run
-    // ----------------------------------------------------
 
     /// Runs Form_Initialize and Form_Load and shows the window. Throws ProgramEnd where start-up
     /// ends the program and ConversionError where a setting can't be converted.
@@ -58,6 +57,8 @@ public:
     void SysInfo_DisplayChanged();
     /// The start-up file's path after all checks, or nothing.
     std::optional<QString> GetCommandLine();
+    /// Takes a checked path to where its kind of file is loaded.
+    void RouteStartupFile(const QString &path);
     void CaptureDesignLayout();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
@@ -69,7 +70,6 @@ public:
     bool DisplayEventSeen = false;
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
-    // ----------------------------
 
     void LoadSettings();
     /// The repair: defaults into memory, controls and store. "Ask" asks first, "Act" does not.
@@ -92,7 +92,6 @@ public:
     RecentFiles MapFiles;
 
     // ---- core/Controls.cpp: the controls and their places
-    // -----------------------------------------
 
     void CreateControls();
     /// The control of a row of the table of controls, by its name.
@@ -137,11 +136,12 @@ public:
     QWidget *StatBar = nullptr;
 
     // ---- core/Layout.cpp: the window's size and the areas in it
-    // -----------------------------------
 
     void Form_Resize();
     /// "L" or "R".
     void SetViewsSide(const QString &Side);
+    /// Takes the side over as VCPosition too.
+    void PutViews(const QString &Side);
     void SplitBar_MouseMove(double Y);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
@@ -160,13 +160,11 @@ public:
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
 
     // ---- core/Menus.cpp: the menus
-    // ----------------------------------------------------------------
 
     void CreateMenus();
     void ItemFormat_Click();
     void ItemView_Click();
     void ItemDisplay_Click();
-    void NoFurtherAction();
     void VCOnL_Click();
     void VCOnR_Click();
     void DisplayCS_Click();
@@ -187,7 +185,6 @@ public:
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
-    // --------------------
 
     void CreateToolbars();
     void SetToolbarImages();
@@ -202,7 +199,6 @@ public:
     Toolbar *tlbCustFMap = nullptr, *tlbCFMapFmt = nullptr, *tlbCFMapName = nullptr;
 
     // ---- fontmap/FontMap.cpp: what the cells hold and how they look
-    // --------------------------------
 
     void FillDefaultMap();
     void CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At);
@@ -220,7 +216,6 @@ public:
     int ForePaletteRef = 0, BackPaletteRef = 0;
 
     // ---- fontmap/MapSizing.cpp: the size of the map
-    // ------------------------------------------------
 
     void InitFontMapSizing();
     /// Changes all cells by so many pixels a side, up or down.
@@ -242,9 +237,9 @@ public:
     int MaxMapSize = 0;
     bool MapResizing = false;
     QString LoadedMapPath, LoadedMapName;
+    QString PendingMapPath, PendingMapName; ///< the custom map being loaded
 
     // ---- fontmap/Views.cpp: what is told of the character under the mouse
-    // --------------------------
 
     void CharButton_MouseMove(int Index);
     void ZoomViewSet(bool On);
@@ -257,7 +252,6 @@ public:
     void SetZoomSize(int Size);
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
-    // ---------------------
 
     void InitFonts();
     /// Position in FontNameCombo of the item with the text TBFontName, or 0.
@@ -271,7 +265,6 @@ public:
     class FontList FontList;
 
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
-    // ------------------------
 
     void TextBoard_Change();
     void UpdateProgressBar();
@@ -284,9 +277,9 @@ public:
     double ProgressWidth = 0; ///< twips
     bool FindHasFocus = false;
     QString LoadedFilePath, LoadedFileTitle;
+    QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
-    // -------------------------
 
     void ApplyFontToAll();
     void FontSizeSlider_Change(int Value);
@@ -341,8 +334,8 @@ private:
     void FirstRunPath();
     void MoveSplit(double target);
     double LowestSplit() const;
-    void ChooseViewsSide(QAction *item, const QString &side);
-    void ChooseAlignment(QAction *item, int alignment);
+    void SizeMapContainers();
+    static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
     void ToggleStyle(int style);
@@ -355,6 +348,7 @@ private:
     static Zendova *Shared;
     QString CommandTail;
     bool Unloaded = false;
+    bool Activating = false;
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
 };

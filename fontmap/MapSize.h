@@ -24,14 +24,14 @@ constexpr int Largest(int screenWidth, double twipsX)
 /// Outer width and height of the window in twips after this many steps above size 1.
 constexpr double FormWidth(int steps, const TwipScale &scale)
 {
-    return scale.X * (steps * StepAcross + WindowWidth);
+    return scale.X * (1.0 * steps * StepAcross + WindowWidth);
 }
 constexpr double FormHeight(int steps, const TwipScale &scale)
 {
-    return scale.Y * (steps * StepDown + WindowHeight);
+    return scale.Y * (1.0 * steps * StepDown + WindowHeight);
 }
 
-/// True if a screen lets the map be sized, nothing if the commands stay as they are.
+/// Whether a screen lets the map be sized; on some the commands stay as they are.
 enum class Sizing { Off, On, AsItIs };
 constexpr Sizing SizingFor(int screenWidth, double twipsX)
 {

@@ -24,10 +24,9 @@ constexpr int NameBand = 2; ///< the band of clbFontMap with the custom map's na
 void Zendova::ComputeMaxMapSize()
 {
     MaxMapSize = MapSize::Largest(Display(), TwipsX);
-    const bool sizable = MaxMapSize > 1;
-    pbxSetFMapSize->setEnabled(sizable);
-    if (sizable)
-        sldSetFMapSize->setMost(MaxMapSize);
+    // Where the commands are off for this screen the split bar is hidden, and they stay off.
+    pbxSetFMapSize->setEnabled(MaxMapSize > 1 && !SplitBar->isHidden());
+    sldSetFMapSize->setMost(std::max(MaxMapSize, 1));
 }
 
 void Zendova::EnableSizing(bool on)
@@ -83,11 +82,12 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
     clbFontMap->setBandWidth(NameBand, nameWidth);
     Form.setWidth(pbxCFMName, nameWidth);
     Form.setWidth(lblCFMName, nameWidth);
+    SizeMapContainers();
 
     const double needed = MapSize::FormHeight(SizeIndex - 1, {.X = TwipsX, .Y = TwipsY});
-    // A height that this screen can't show would put the map out of reach.
+    // A height or a size that this screen can't show would put the map out of reach.
     const double saved = std::min(SavedFormHeight, SysInfo::current().WorkAreaHeight());
-    if (!DefaultsApplied && FirstActivate && saved > needed) {
+    if (!DefaultsApplied && FirstActivate && saved > needed && SizeIndex <= MaxMapSize) {
         Form.setTop(FMapContainer, saved - Form.height(FMapContainer) - 68 * TwipsY);
         Form.setHeight(TextBoard,
                        saved - Form.top(TextBoard) - Form.height(FMapContainer) - 70 * TwipsY);
@@ -102,8 +102,16 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
     DefaultsApplied = false;
 }
 
+void Zendova::SizeMapContainers()
+{
+    // These two stand in toolbars, whose rows ask for sizes instead of places.
+    for (QWidget *container : {pbxSetFMapSize, pbxCFMName})
+        container->setFixedSize(Form.scale().toPixels(Form.rect(container)).size());
+}
+
 void Zendova::ResetSplit(int Steps)
 {
+    Steps = std::max(Steps, 0); // while no size is known, the smallest stands
     Form.setHeight(TextBoard, Form.height(ViewsContainer) - 24 * TwipsY);
     Form.setTop(FMapContainer, Form.top(ViewsContainer) + Form.height(ViewsContainer) + 2 * TwipsY);
     Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);

@@ -15,7 +15,8 @@ void Zendova::CharButton_MouseMove(int Index)
     if (FMHiLite->isChecked()) {
         const ColorValue fore = TextZoom->ForeColor(0);
         const ColorValue back = TextZoom->BackColor(0);
-        CharButton->setColors(LastCell, fore, back);
+        if (LastCell != Index)
+            CharButton->setColors(LastCell, fore, back);
         CharButton->setColors(Index, back, fore);
     }
     const CharTexts &texts = CharInfo.at(static_cast<std::size_t>(Index));

@@ -33,7 +33,8 @@ void Zendova::InitFonts()
             "\u2022 Press Yes to load Zendova with a default font.\r"
             "\u2022 Press No to terminate loading.",
             "YN", "Zendova Font Initialization Error", false, 1);
-    if (MsgResult)
+    // Without any font there is nothing to go on with, whatever the answer.
+    if (MsgResult && FontCount > 0)
         FontNameCombo->SelectItem(1);
     else
         LoadAborted = true;

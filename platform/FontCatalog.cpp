@@ -78,13 +78,32 @@ bool isScalable(const FcPattern *row)
     return flagOf(row, FC_SCALABLE);
 }
 
+bool hasFormat(const FcPattern *row, const char *format)
+{
+    FcChar8 *own = nullptr;
+    return FcPatternGetString(row, FC_FONTFORMAT, 0, &own) == FcResultMatch &&
+           qstrcmp(reinterpret_cast<const char *>(own), format) == 0;
+}
+
 int fontTypeOf(const FcPattern *row)
 {
-    FcChar8 *format = nullptr;
-    if (FcPatternGetString(row, FC_FONTFORMAT, 0, &format) == FcResultMatch &&
-        qstrcmp(reinterpret_cast<const char *>(format), "TrueType") == 0)
+    if (hasFormat(row, "TrueType"))
         return TRUETYPE_FONTTYPE;
     return isScalable(row) ? DEVICE_FONTTYPE : RASTER_FONTTYPE;
+}
+
+/// Which of a family's kinds of file is taken first: 0 is best. CFF and Type 1 are told apart, as
+/// a family often comes as both, and the toolkit chooses badly among styles of different makes.
+int formatRank(const FcPattern *row)
+{
+    switch (fontTypeOf(row)) {
+    case TRUETYPE_FONTTYPE:
+        return 0;
+    case DEVICE_FONTTYPE:
+        return hasFormat(row, "CFF") ? 1 : 2;
+    default:
+        return 3;
+    }
 }
 
 /// The first English name, or the first of any language.
@@ -157,7 +176,7 @@ struct FontCatalog::Rows
         return std::tuple(std::abs(numberOf(face, FC_WIDTH, FC_WIDTH_NORMAL) - FC_WIDTH_NORMAL),
                           std::abs(slant - (italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN)),
                           std::abs(weightOf(face) - (bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR)),
-                          -fontTypeOf(face), row);
+                          formatRank(face), row);
     }
 
     /// The face that a style resolves to. `family` must not be empty.

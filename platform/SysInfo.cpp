@@ -30,11 +30,8 @@ SysInfo &SysInfo::current()
 
 void SysInfo::follow(QWindow *window)
 {
+    connect(window, &QWindow::screenChanged, this, &SysInfo::watch, Qt::QueuedConnection);
     watch(window->screen());
-    connect(window, &QWindow::screenChanged, this, [this](QScreen *screen) {
-        watch(screen);
-        emit DisplayChanged();
-    });
 }
 
 void SysInfo::watch(QScreen *screen)
@@ -44,30 +41,35 @@ void SysInfo::watch(QScreen *screen)
     Watched = screen;
     if (!screen)
         return;
-    connect(screen, &QScreen::geometryChanged, this, &SysInfo::DisplayChanged);
-    connect(screen, &QScreen::availableGeometryChanged, this, &SysInfo::DisplayChanged);
-    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &SysInfo::DisplayChanged);
+    for (const auto signal : {&QScreen::geometryChanged, &QScreen::availableGeometryChanged})
+        connect(screen, signal, this, &SysInfo::compare, Qt::QueuedConnection);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &SysInfo::compare,
+            Qt::QueuedConnection);
+    compare();
 }
 
 void SysInfo::pretend(const std::optional<Screen> &screen)
 {
     Pretended = screen;
-    emit DisplayChanged();
+    compare();
 }
 
-SysInfo::Screen SysInfo::look() const
+void SysInfo::compare()
 {
-    if (Pretended) {
-        Screen screen = *Pretended;
-        if (screen.WorkArea.isEmpty())
-            screen.WorkArea = QRect(QPoint(0, 0), screen.Pixels);
-        return screen;
-    }
-    if (!Watched)
-        return {.Pixels = QSize(0, 0), .WorkArea = QRect(), .DotsPerInch = 96};
-    return {.Pixels = Watched->size(),
-            .WorkArea = Watched->availableGeometry(),
-            .DotsPerInch = Watched->logicalDotsPerInchX()};
+    Screen now = Seen;
+    if (Pretended)
+        now = *Pretended;
+    else if (Watched && !Watched->size().isEmpty())
+        now = {.Pixels = Watched->size(),
+               .WorkArea = Watched->availableGeometry(),
+               .DotsPerInch = Watched->logicalDotsPerInchX()};
+    if (now.WorkArea.isEmpty())
+        now.WorkArea = QRect(QPoint(0, 0), now.Pixels);
+    // A panel that comes or goes changes the work area, but it is no change of the display.
+    const bool changed = now.Pixels != Seen.Pixels || now.DotsPerInch != Seen.DotsPerInch;
+    Seen = now;
+    if (changed)
+        emit DisplayChanged();
 }
 
 int SysInfo::screenWidth() const
@@ -75,9 +77,14 @@ int SysInfo::screenWidth() const
     return look().Pixels.width();
 }
 
-QRect SysInfo::workAreaPixels() const
+double SysInfo::WorkAreaLeft() const
 {
-    return look().WorkArea;
+    return look().WorkArea.left() * scale().X;
+}
+
+double SysInfo::WorkAreaTop() const
+{
+    return look().WorkArea.top() * scale().Y;
 }
 
 double SysInfo::WorkAreaWidth() const

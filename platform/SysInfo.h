@@ -37,16 +37,16 @@ public:
 
     /// Follow the screen of this window from now on; the primary screen until then.
     void follow(QWindow *window);
-    /// Put this screen in place of the real one and report the change; nothing gives the real one
-    /// back.
+    /// Put this screen in place of the real one and report the change.
     void pretend(const std::optional<Screen> &screen);
 
     /// Width of the screen in device-independent pixels; 0 without a screen.
     int screenWidth() const;
-    /// The screen without panels and docks, in device-independent pixels.
-    QRect workAreaPixels() const;
-    double WorkAreaWidth() const;  ///< twips
-    double WorkAreaHeight() const; ///< twips
+    /// The screen without panels and docks: its place on the desktop and its size, in twips.
+    double WorkAreaLeft() const;
+    double WorkAreaTop() const;
+    double WorkAreaWidth() const;
+    double WorkAreaHeight() const;
     /// Twips of one device-independent pixel.
     TwipScale scale() const;
 
@@ -56,14 +56,17 @@ public:
     static QString documentsFolder();
 
 signals:
-    /// Size, work area or density changed, or the window moved to another screen.
+    /// The screen has another size or density, or the window is on another screen that has. It
+    /// comes by the event loop, never from within the window system's own events.
     void DisplayChanged();
 
 private:
     void watch(QScreen *screen);
-    Screen look() const;
+    void compare();
+    const Screen &look() const { return Seen; }
 
     static SysInfo *Current;
     QPointer<QScreen> Watched;
     std::optional<Screen> Pretended;
+    Screen Seen; ///< as last looked at; kept while the desktop has no screen at all
 };

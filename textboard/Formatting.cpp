@@ -50,6 +50,7 @@ void Zendova::ApplyFontToAll()
     face.setPointSize(FontSizeSlider->value());
     CharButton->setCellFont(face);
 
+    const ::TextBoard::FontChange inOneGo(*TextBoard);
     TextBoard->setFontName(name);
     TextBoard->setFontSize(FontSizeSlider->value());
     for (const StyleRow &style : Styles)
@@ -160,28 +161,22 @@ void Zendova::SetAlignment(int Alignment)
         TextAlignTB->button(keys[Alignment])->setChecked(true);
 }
 
-void Zendova::ChooseAlignment(QAction *item, int alignment)
-{
-    // The toolkit has flipped the mark by now: one that was set already is set again, and that is
-    // all.
-    if (item->isChecked())
-        SetAlignment(alignment);
-    item->setChecked(true);
-}
-
 void Zendova::AlignLeft_Click()
 {
-    ChooseAlignment(AlignLeft, 0);
+    if (WasUnchecked(AlignLeft))
+        SetAlignment(0);
 }
 
 void Zendova::AlignCenter_Click()
 {
-    ChooseAlignment(AlignCenter, 2);
+    if (WasUnchecked(AlignCenter))
+        SetAlignment(2);
 }
 
 void Zendova::AlignRight_Click()
 {
-    ChooseAlignment(AlignRight, 1);
+    if (WasUnchecked(AlignRight))
+        SetAlignment(1);
 }
 
 void Zendova::FormatFont_Click()
@@ -232,8 +227,6 @@ void Zendova::SetColorFromDialog(ColorValue Color)
     TextBoard->setForeColor(ToColor(Color, palette()));
     TBColorName = QBColorName(TBColorIndex);
     RenewColorButton();
-    if (ToolTipsOn)
-        RenewColorToolTip();
 }
 
 void Zendova::ShowColorPicker()
@@ -247,19 +240,20 @@ void Zendova::ShowColorPicker()
     TBColorName = QBColorName(TBColorIndex);
     TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
     RenewColorButton();
-    if (ToolTipsOn)
-        RenewColorToolTip();
 }
 
 void Zendova::RenewColorButton()
 {
     FontFormatTB->button("Color")->setIcon(
         Icons::colorButton(ToColor(QBColor(TBColorIndex), palette())));
+    RenewColorToolTip();
 }
 
 void Zendova::RenewColorToolTip()
 {
     QToolButton *button = FontFormatTB->button("Color");
-    button->setToolTip(ToolTipsOn ? button->property("Tag").toString() + TBColorName + ')'
-                                  : QString());
+    // The tag is the beginning of the sentence.
+    const QString tip = button->property("Tag").toString() + TBColorName + ')';
+    button->setToolTip(ToolTipsOn ? tip : QString());
+    button->setAccessibleName(tip);
 }

@@ -61,7 +61,7 @@ void Zendova::SyncEditCommands()
     EnableButton(TextEditTB, "Cut", selected);
     EnableButton(TextEditTB, "Copy", selected);
     const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
-    EnableButton(TextEditTB, "Paste", clipboard && clipboard->hasText());
+    EnableButton(TextEditTB, "Paste", clipboard && clipboard->hasFormat("text/plain"));
 }
 
 void Zendova::ApplyTextBoardSettings()

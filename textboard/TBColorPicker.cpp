@@ -2,10 +2,9 @@
 // tooltips off the labels are empty, and so is the name that is handed back.
 #include "textboard/TBColorPicker.h"
 
+#include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
-#include "core/Zendova.h"
 #include "platform/SysInfo.h"
-#include "platform/controls/CharCells.h"
 #include "platform/controls/ColorBlocks.h"
 #include "textboard/QBColors.h"
 
@@ -49,8 +48,7 @@ TBColorPicker::TBColorPicker(QWidget *parent) : QDialog(parent), Form(SysInfo::c
             [this](int n) { ColorLabel->setText(ColorContainer->label(n)); });
     connect(ColorContainer, &ColorBlocks::Taken, this, &TBColorPicker::Button1_Click);
     ColorContainer->setChosenBlock(cell);
-    if (ColorSchemeOn)
-        wearColorScheme();
+    WearColorScheme({ColorContainer, Label2, CurrentColorLabel, ColorLabel});
     ColorContainer->setFocus();
 }
 
@@ -69,19 +67,19 @@ void TBColorPicker::createControls()
         frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     Form.place(Frame1, {15, 1530, 3135, 420});
     Form.place(Frame2, {3180, 1530, 1905, 420});
-    auto *Label2 = new QLabel("Current Font Color:", Frame1);
-    Form.place(Label2, {135, 105, 1725, 210});
+    Label2 = new QLabel("Current Font Color:", Frame1);
+    Form.place(Label2, {135, 150, 1725, 210});
     CurrentColorBlock = new QLabel(Frame1);
     CurrentColorBlock->setAutoFillBackground(true);
     CurrentColorBlock->setFrameStyle(QFrame::Box | QFrame::Plain);
-    Form.place(CurrentColorBlock, {1860, 113, 195, 195});
+    Form.place(CurrentColorBlock, {1860, 150, 195, 195});
     CurrentColorLabel = new QLabel(Frame1);
     CurrentColorLabel->setObjectName("CurrentColorLabel");
-    Form.place(CurrentColorLabel, {2130, 105, 915, 210});
+    Form.place(CurrentColorLabel, {2130, 150, 915, 210});
     ColorLabel = new QLabel(Frame2);
     ColorLabel->setObjectName("ColorLabel");
     ColorLabel->setAlignment(Qt::AlignCenter);
-    Form.place(ColorLabel, {30, 90, 1845, 240});
+    Form.place(ColorLabel, {30, 150, 1635, 240});
 
     Button1 = new QPushButton("Ok", this);
     Button1->setDefault(true);
@@ -90,27 +88,6 @@ void TBColorPicker::createControls()
     Form.place(Button2, {3780, 1995, 1290, 330});
     connect(Button1, &QPushButton::clicked, this, &TBColorPicker::Button1_Click);
     connect(Button2, &QPushButton::clicked, this, &TBColorPicker::Button2_Click);
-}
-
-void TBColorPicker::wearColorScheme()
-{
-    const Zendova *main = Zendova::Instance();
-    if (!main)
-        return;
-    const QColor back = ToColor(main->TextZoom->BackColor(0), palette());
-    const QColor fore = ToColor(main->TextZoom->ForeColor(0), palette());
-    ColorContainer->setAutoFillBackground(true);
-    QPalette board = ColorContainer->palette();
-    board.setColor(QPalette::Window, back);
-    board.setColor(QPalette::Base, back);
-    ColorContainer->setPalette(board);
-    for (QLabel *label : {CurrentColorLabel, ColorLabel}) {
-        label->setAutoFillBackground(true);
-        QPalette own = label->palette();
-        own.setColor(QPalette::Window, back);
-        own.setColor(QPalette::WindowText, fore);
-        label->setPalette(own);
-    }
 }
 
 int TBColorPicker::ChosenCell() const

@@ -25,6 +25,7 @@ public:
     int ChosenCell() const;
 
     ColorBlocks *ColorContainer = nullptr;
+    QLabel *Label2 = nullptr;
     QLabel *CurrentColorBlock = nullptr;
     QLabel *CurrentColorLabel = nullptr;
     QLabel *ColorLabel = nullptr;
@@ -33,7 +34,6 @@ public:
 
 private:
     void createControls();
-    void wearColorScheme();
 
     TwipForm Form;
 };

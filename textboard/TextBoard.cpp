@@ -21,6 +21,10 @@ constexpr std::array alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCent
 /// Brings text into the code page, every kind of line end as one LF.
 QString fitted(QStringView text)
 {
+    // Something dropped can be a thousand times the limit. Only accents that combine with the
+    // letter before take no room of their own, so the rest can't matter.
+    constexpr qsizetype EnoughForTheLimit = 8 * TextBoard::MaxLength();
+    text.truncate(std::min(text.size(), EnoughForTheLimit));
     QString lines;
     lines.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -94,10 +98,17 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     if (!m_factory)
         m_factory = [](const QString &name) { return BoardFont{.font = QFont(name)}; };
     setAccessibleName(QStringLiteral("TextBoard"));
+    // A sheet of paper on every desktop: the colours of the text are no desktop's, and the first of
+    // them is black.
+    QPalette paper = palette();
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, Qt::black);
+    setPalette(paper);
     setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyFont();
+    applyAlignment();
 
     // The document also says that its contents changed at the end of an edit that did nothing; only
     // what told a place before is a change.
@@ -241,14 +252,13 @@ void TextBoard::keyPressEvent(QKeyEvent *event)
             QPlainTextEdit::keyPressEvent(&enter);
         return;
     }
-    const QString text = isCommand(*event) ? QString() : CodePage::fit(event->text());
-    // The soft hyphen, code 173, is the one character of the code page that counts as not printing
-    // and yet can be typed.
-    const bool prints = !text.isEmpty() && (text[0].isPrint() || text[0] == QChar::SoftHyphen);
-    if (!prints) {
+    const QString text = event->text();
+    if (isCommand(*event) || text.isEmpty() || text[0].category() == QChar::Other_Control) {
         QPlainTextEdit::keyPressEvent(event);
-    } else if (text.size() <= room()) {
-        QKeyEvent typed = withText(*event, event->modifiers(), text);
+        return;
+    }
+    QKeyEvent typed = withText(*event, event->modifiers(), CodePage::fit(text));
+    if (typed.text().size() <= room()) {
         QPlainTextEdit::keyPressEvent(&typed);
         event->setAccepted(typed.isAccepted());
     }
@@ -354,8 +364,21 @@ void TextBoard::setFontStrikethru(bool on)
     applyFont();
 }
 
+TextBoard::FontChange::FontChange(TextBoard &board) : m_board(board)
+{
+    ++m_board.m_openFontChanges;
+}
+
+TextBoard::FontChange::~FontChange()
+{
+    if (--m_board.m_openFontChanges == 0)
+        m_board.applyFont();
+}
+
 void TextBoard::applyFont()
 {
+    if (m_openFontChanges > 0)
+        return;
     // Each property is set even to the value that it has: one that isn't would follow the parent's.
     QFont font = m_face.font;
     font.setPointSizeF(m_fontSize);
@@ -387,7 +410,14 @@ void TextBoard::setAlignment(int alignment)
     if (alignment == m_alignment || alignment < 0 || alignment >= std::ssize(alignments))
         return;
     m_alignment = alignment;
+    applyAlignment();
+}
+
+void TextBoard::applyAlignment()
+{
+    // Left is left on a desktop that runs from the right, too.
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(Qt::AlignAbsolute | alignments[static_cast<std::size_t>(alignment)]);
+    option.setAlignment(alignments[static_cast<std::size_t>(m_alignment)]);
+    option.setTextDirection(Qt::LeftToRight);
     document()->setDefaultTextOption(option);
 }

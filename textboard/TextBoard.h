@@ -60,6 +60,19 @@ public:
     /// their end.
     void setSelLength(int length);
 
+    /// While one lives, name, size and styles of the font are kept but not laid out: the text is
+    /// laid out once, at its end.
+    class FontChange
+    {
+    public:
+        explicit FontChange(TextBoard &board);
+        ~FontChange();
+        Q_DISABLE_COPY_MOVE(FontChange)
+
+    private:
+        TextBoard &m_board;
+    };
+
     QString FontName() const { return m_fontName; }
     void setFontName(const QString &name);
     /// Points; a size that isn't above 0 is left out.
@@ -110,6 +123,7 @@ private:
     int room() const;
     bool insertWhatFits(const QString &text);
     void applyFont();
+    void applyAlignment();
 
     FontFactory m_factory;
     BoardFont m_face;
@@ -120,6 +134,7 @@ private:
     bool m_underline = false;
     bool m_strikethru = false;
     int m_alignment = 0;
+    int m_openFontChanges = 0;
     bool m_silent = false;  ///< what the document reports now is no change of the text
     bool m_changed = false; ///< the document reported a change that `Change` has yet to tell
     bool m_dropWasCut = false;

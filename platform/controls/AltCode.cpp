@@ -86,10 +86,10 @@ bool AltCode::handleDigit(QKeyEvent &event)
         event.accept();
         return true;
     }
-    // A shortcut's key never arrives as a press, so its announcement counts too. Some keyboards
-    // have the digits behind Shift.
+    // Another key spoils the code until Alt goes up. A shortcut's key never arrives as a press, so
+    // its announcement counts too. Some keyboards have the digits behind Shift.
     if (event.type() != QEvent::KeyRelease && event.key() != Qt::Key_Shift)
-        m_holder = nullptr;
+        m_digits += QChar(u'-');
     return false;
 }
 

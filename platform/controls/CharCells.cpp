@@ -9,8 +9,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-CharCells::CharCells(int count, int columns, QWidget *parent)
-    : QWidget(parent), Cells(static_cast<std::size_t>(count)), Columns(columns), CellFont(font())
+CharCells::CharCells(int count, QWidget *parent)
+    : QWidget(parent), Cells(static_cast<std::size_t>(count)), CellFont(font())
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
@@ -93,7 +93,7 @@ void CharCells::paintEvent(QPaintEvent *event)
         Glyphs = QRawFont::fromFont(CellFont);
     QPainter painter(this);
     for (const Cell &cell : Cells)
-        if (event->rect().intersects(cell.Pixels))
+        if (event->region().intersects(cell.Pixels))
             paintCell(painter, cell);
 }
 

@@ -16,11 +16,9 @@ class CharCells : public QWidget
     Q_OBJECT
 
 public:
-    /// How many cells, and in how many columns they are counted, row by row.
-    CharCells(int count, int columns, QWidget *parent = nullptr);
+    explicit CharCells(int count, QWidget *parent = nullptr);
 
     int count() const { return static_cast<int>(Cells.size()); }
-    int columns() const { return Columns; }
 
     // Everything of one cell, by its index from 0. A setter repaints that cell alone, and only if
     // the value differs.
@@ -46,10 +44,6 @@ public:
     void setCellFont(const QFont &font);
     const QFont &cellFont() const { return CellFont; }
 
-    /// What a screen reader says of a cell besides its caption.
-    void setDescription(int index, const QString &text) { at(index).Description = text; }
-    const QString &description(int index) const { return at(index).Description; }
-
     QSize sizeHint() const override;
 
 signals:
@@ -70,7 +64,6 @@ private:
         TwipRect Place;
         QRect Pixels;
         QString Caption;
-        QString Description;
         ColorValue ForeColor = SystemColorValue(8);
         ColorValue BackColor = SystemColorValue(5);
         int BorderStyle = 1;
@@ -81,7 +74,6 @@ private:
     void paintCaption(QPainter &painter, const Cell &cell, const QColor &color);
 
     std::vector<Cell> Cells;
-    int Columns;
     TwipScale Scale;
     QFont CellFont;
     QRawFont Glyphs; ///< of CellFont, made when first painted

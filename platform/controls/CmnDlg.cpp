@@ -127,7 +127,9 @@ void FontDialog::showSample()
     font.setUnderline(now.Underline);
     font.setStrikeOut(now.Strikeout);
     Sample->setFont(font);
+    // On paper, as the board shows it.
     QPalette own = palette();
+    own.setColor(QPalette::Base, Qt::white);
     own.setColor(QPalette::WindowText, ToColor(now.Color, palette()));
     Sample->setPalette(own);
 }

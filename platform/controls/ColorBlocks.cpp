@@ -60,7 +60,7 @@ void ColorBlocks::keyPressEvent(QKeyEvent *event)
         emit Taken();
         return;
     }
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Tab) {
+    if (event->key() == Qt::Key_Escape) {
         QWidget::keyPressEvent(event);
         return;
     }
@@ -69,13 +69,15 @@ void ColorBlocks::keyPressEvent(QKeyEvent *event)
 
 void ColorBlocks::mousePressEvent(QMouseEvent *event)
 {
-    if (const int n = blockAt(event->position().toPoint()))
+    const int n = blockAt(event->position().toPoint());
+    if (n && event->button() == Qt::LeftButton)
         setChosenBlock(n);
 }
 
 void ColorBlocks::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (const int n = blockAt(event->position().toPoint())) {
+    const int n = blockAt(event->position().toPoint());
+    if (n && event->button() == Qt::LeftButton) {
         setChosenBlock(n);
         emit Taken();
     }

@@ -40,6 +40,22 @@ private:
     std::vector<FontCombo::Item> Items;
 };
 
+/// The open list: a letter is the box's affair here too, not the list's own search.
+class FontListView : public QListView
+{
+public:
+    explicit FontListView(FontCombo *combo) : QListView(combo), m_combo(combo) {}
+
+    void keyboardSearch(const QString &search) override
+    {
+        if (!search.isEmpty())
+            emit m_combo->CharacterKey(search.at(0).unicode());
+    }
+
+private:
+    FontCombo *m_combo;
+};
+
 } // namespace
 
 FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
@@ -48,7 +64,7 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(10);
     setMaxVisibleItems(20);
-    auto *list = new QListView(this);
+    auto *list = new FontListView(this);
     list->setUniformItemSizes(true);
     list->setLayoutMode(QListView::Batched);
     setView(list);
@@ -64,8 +80,11 @@ void FontCombo::setItems(std::vector<Item> items)
 
 void FontCombo::SelectItem(int position)
 {
-    if (position >= 1 && position <= count())
-        setCurrentIndex(position - 1);
+    if (position < 1 || position > count())
+        return;
+    setCurrentIndex(position - 1);
+    if (view()->isVisible())
+        view()->setCurrentIndex(model()->index(position - 1, modelColumn(), rootModelIndex()));
 }
 
 void FontCombo::keyPressEvent(QKeyEvent *event)

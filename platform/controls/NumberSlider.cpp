@@ -13,7 +13,7 @@
 NumberSlider::NumberSlider(QWidget *parent, int least, int most, NoNumber noNumber)
     : QObject(parent)
     , Slider(new QSlider(Qt::Horizontal, parent))
-    , Number(new QLabel(parent))
+    , Number(new QLabel(QString::number(least), parent))
     , Edit(new QLineEdit(parent))
     , IfNoNumber(noNumber)
 {
@@ -48,6 +48,13 @@ void NumberSlider::setMost(int most)
 void NumberSlider::showNumber(const QString &text)
 {
     Number->setText(text);
+}
+
+void NumberSlider::setEditable(bool editable)
+{
+    Editable = editable;
+    if (!editable)
+        Edit->hide();
 }
 
 std::optional<int> NumberSlider::parse(const QString &text)
@@ -109,6 +116,5 @@ void NumberSlider::takeEdit()
         return;
     setValue(typed.value_or(0));
     Number->setText(QString::number(value()));
-    emit Entered(value());
     emit Finished();
 }

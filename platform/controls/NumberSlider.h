@@ -37,8 +37,8 @@ public:
     void setMost(int most);
     /// The label's text alone.
     void showNumber(const QString &text);
-    /// False lets a click on the number do nothing.
-    void setEditable(bool editable) { Editable = editable; }
+    /// False closes the edit box and lets a click on the number do nothing.
+    void setEditable(bool editable);
 
     /// Text as a whole number, halves to the even neighbour, very large ones cut to a billion;
     /// nothing if it is no number.
@@ -49,8 +49,6 @@ signals:
     void ValueChanged(int value);
     /// The thumb is being moved by the mouse.
     void Scrolled(int value);
-    /// Enter took a value, which the slider has by now.
-    void Entered(int value);
     /// The edit box is closed, by Enter with a value taken or by Esc: the focus is free to move on.
     void Finished();
 

@@ -29,7 +29,6 @@ QToolButton *Toolbar::addButton(const QString &key, Kind kind)
     button->setFixedSize(ButtonSide, ButtonSide);
     Row->insertWidget(Row->count() - 1, button);
     Buttons.insert(key, button);
-    connect(button, &QToolButton::clicked, this, [this, key] { emit ButtonClick(key); });
     return button;
 }
 

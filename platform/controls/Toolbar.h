@@ -25,10 +25,6 @@ public:
     /// The button under a key; there must be one.
     QToolButton *button(const QString &key) const;
 
-signals:
-    /// A button was pressed by hand; a check button has its new state by then.
-    void ButtonClick(const QString &key);
-
 private:
     QHBoxLayout *Row;
     QHash<QString, QToolButton *> Buttons;

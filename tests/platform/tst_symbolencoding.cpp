@@ -129,6 +129,10 @@ void TestSymbolEncoding::refuses_data()
     QTest::newRow("another format") << with(subtable, QByteArray("\0\6", 2));
     QTest::newRow("no segments") << with(subtable + 6, QByteArray("\0\0", 2));
     QTest::newRow("more segments than there is room") << with(subtable + 6, "\xFF\xFE");
+    // The offsets of the segments to their glyphs come after three lists of segments.
+    const int doubledSegments = qFromBigEndian<quint16>(symbol.data() + subtable + 6);
+    QTest::newRow("glyphs outside the map")
+        << with(subtable + 16 + 3 * doubledSegments, QByteArray("\xFF\x00", 2));
     QTest::newRow("map outside the table") << with(subtable - 4, "\x7F\xFF\xFF\xFF");
     QTest::newRow("more tables than there are") << with(4, "\xFF\xFF");
     QTest::newRow("table outside the file") << with(12 + 8, "\xFF\xFF\xFF\xF0");

@@ -3,13 +3,55 @@
 
 #include "core/GlobalDeclarations.h"
 #include "core/RegistryFunctions.h"
+#include "core/SettingsDefaults.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QFile>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
+#include <sqlite3.h>
+
+namespace {
+
+using Row = std::function<void(sqlite3_stmt *)>;
+
+/// Runs one statement over a connection of its own.
+bool runSql(const QString &file, const QString &sql, const Row &eachRow)
+{
+    sqlite3 *database = nullptr;
+    sqlite3_stmt *statement = nullptr;
+    int result = sqlite3_open(qPrintable(file), &database);
+    if (result == SQLITE_OK)
+        result = sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr);
+    if (result == SQLITE_OK)
+        while ((result = sqlite3_step(statement)) == SQLITE_ROW)
+            eachRow(statement);
+    sqlite3_finalize(statement);
+    sqlite3_close(database);
+    return result == SQLITE_DONE;
+}
+
+QString columnText(sqlite3_stmt *statement, int column)
+{
+    return QString::fromUtf8(
+        reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
+}
+
+QString beforeFirstStart(const QString &path, const QByteArray &content)
+{
+    if (!content.isEmpty()) {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("The settings file can't be prepared.");
+    }
+    return path;
+}
+
+} // namespace
 
 Answers::Answers()
 {
@@ -26,8 +68,9 @@ void Answers::message(const QString &title, const QString &text, const QString &
 {
     dialog(title, [=, this](QDialog *dialog) {
         const auto *area = dialog->findChild<QLabel *>("MessageArea");
-        if (!area || !area->text().simplified().contains(text))
-            Faults += "text of " + title + ": " + (area ? area->text().simplified() : "none");
+        const QString shown = area ? area->text().replace('\n', '\r') : QString();
+        if (text.contains('\r') ? shown != text : !shown.simplified().contains(text))
+            Faults += "text of " + title + ": " + shown;
         if (dontRepeat)
             QTest::mouseClick(dialog->findChild<QCheckBox *>(), Qt::LeftButton, {}, QPoint(8, 8));
         for (QAbstractButton *candidate : dialog->findChildren<QAbstractButton *>())
@@ -75,9 +118,10 @@ void Answers::answer(QDialog *dialog)
     expected.Use(dialog);
 }
 
-Desktop::Desktop(const QSize &pixels, double dotsPerInch)
+Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
     : Screen(std::make_unique<SysInfo>())
-    , Settings(std::make_unique<SettingsTree>(Folder.filePath("settings.sqlite")))
+    , Settings(std::make_unique<SettingsTree>(beforeFirstStart(settingsFile(), settings)))
+    , Started(!settings.isEmpty())
 {
     Screen->pretend(SysInfo::Screen{pixels, {}, dotsPerInch});
     UseSettingsTree(Settings.get());
@@ -92,6 +136,43 @@ Desktop::~Desktop()
 QString Desktop::settingsFile() const
 {
     return Folder.filePath("settings.sqlite");
+}
+
+QByteArray Desktop::settingsBytes() const
+{
+    QFile file(settingsFile());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+std::vector<StoredSetting> Desktop::settings() const
+{
+    std::vector<StoredSetting> rows;
+    if (!QFile::exists(settingsFile()))
+        return rows;
+    const qsizetype rootLength = SettingsRoot.size() + 1; // with the separator behind it
+    runSql(settingsFile(), "SELECT key, name, kind, value FROM settings", [&](sqlite3_stmt *row) {
+        rows.push_back({.Key = columnText(row, 0).mid(rootLength),
+                        .Name = columnText(row, 1),
+                        .Kind = sqlite3_column_int(row, 2),
+                        .Value = columnText(row, 3)});
+    });
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+QString Desktop::setting(const QString &key, const QString &name) const
+{
+    const auto all = settings();
+    const auto found = std::ranges::find_if(all, [&](const StoredSetting &candidate) {
+        return candidate.Key == key && candidate.Name == name;
+    });
+    return found == all.end() ? QString() : found->Value;
+}
+
+void Desktop::alterSettings(const QString &sql)
+{
+    if (!runSql(settingsFile(), sql, [](sqlite3_stmt *) {}))
+        qFatal("The settings file can't be altered: %s", qPrintable(sql));
 }
 
 Zendova *Desktop::start(const QString &commandTail)

@@ -13,6 +13,8 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <tuple>
+#include <vector>
 
 /// Answers the modal dialogs of the program in the order in which they are expected, by pressing
 /// their real buttons. A dialog that nobody expects is closed and counted as a failure, and so is
@@ -25,8 +27,9 @@ public:
     Answers();
     ~Answers() override;
 
-    /// The next dialog is a message with this title whose text, blanks folded, contains `text`;
-    /// `button` is the caption to press. `dontRepeat` ticks the box first.
+    /// The next dialog is a message with this title whose text, blanks folded, contains `text`; a
+    /// text with carriage returns is compared whole. `button` is the caption to press.
+    /// `dontRepeat` ticks the box first.
     void message(const QString &title, const QString &text, const QString &button,
                  bool dontRepeat = false);
     /// The next dialog has this title; `use` works it and must close it.
@@ -49,12 +52,29 @@ private:
     QStringList Faults;
 };
 
+/// A value in the settings file: its key below the program's root ("" for the root itself).
+struct StoredSetting
+{
+    QString Key;
+    QString Name;
+    int Kind = 0;
+    QString Value;
+
+    bool operator<(const StoredSetting &other) const
+    {
+        return std::tie(Key, Name, Kind, Value) <
+               std::tie(other.Key, other.Name, other.Kind, other.Value);
+    }
+};
+
 /// One desktop: a settings file and a screen. Windows can be started on it one after the other.
 class Desktop
 {
 public:
-    /// The screen's size in pixels and its dots per inch; all of it is work area.
-    explicit Desktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96);
+    /// The screen's size in pixels and its dots per inch; all of it is work area. The settings
+    /// file has this content from before, or is not there.
+    explicit Desktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
+                     const QByteArray &settings = {});
     ~Desktop();
 
     /// A new main window, started and active, on the settings as they are. On the first start the
@@ -66,6 +86,14 @@ public:
     bool close();
 
     QString settingsFile() const;
+    /// The bytes of the settings file; null if there is none.
+    QByteArray settingsBytes() const;
+    /// All values, sorted, as another program reads them from the file.
+    std::vector<StoredSetting> settings() const;
+    /// One value of them as text; null if it is not there.
+    QString setting(const QString &key, const QString &name) const;
+    /// Changes the file (tables `keys` and `settings`) as another program would.
+    void alterSettings(const QString &sql);
 
     QTemporaryDir Folder;
     Answers Dialogs;

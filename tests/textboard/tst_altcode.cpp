@@ -1,4 +1,5 @@
 // Alt codes typed into a real window: what goes in, what cancels, and who else hears of the keys.
+#include "platform/CodePage.h"
 #include "platform/controls/AltCode.h"
 #include "textboard/TextBoard.h"
 
@@ -70,7 +71,8 @@ private slots:
     void init()
     {
         m_window = std::make_unique<Window>();
-        m_filter = std::make_unique<AltCode>([](int code) { return QChar(code); });
+        m_filter = std::make_unique<AltCode>(
+            [](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
         qApp->installEventFilter(m_filter.get());
         m_window->show();
         m_window->activateWindow();
@@ -95,6 +97,7 @@ private slots:
                                 << "A";
         QTest::newRow("no-break space") << "0160" << QString(QChar(160));
         QTest::newRow("delete") << "0127" << QString(QChar(127));
+        QTest::newRow("euro") << "0128" << QString(QChar(0x20AC));
         QTest::newRow("undefined in the code page") << "0129" << QString(QChar(129));
         QTest::newRow("below") << "0031"
                                << "";
@@ -164,9 +167,16 @@ private slots:
         w.digits(QStringLiteral("006"));
         w.hold(Qt::Key_Right, Qt::AltModifier);
         w.letGo(Qt::Key_Right, Qt::AltModifier);
+        w.digits(QStringLiteral("5"));
         w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        w.code(QString());
         QCOMPARE(w.board.Text(), QString());
+        w.hold(Qt::Key_Alt, Qt::NoModifier);
+        w.digits(QStringLiteral("0065"));
+        w.hold(Qt::Key_Right, Qt::AltModifier);
+        w.letGo(Qt::Key_Alt, Qt::AltModifier);
+        QCOMPARE(w.board.Text(), QString());
+        w.code(QStringLiteral("0065"));
+        QCOMPARE(w.board.Text(), QStringLiteral("A"));
     }
 
     void cancelledByLossOfFocus()

@@ -1,0 +1,110 @@
+// What the running window costs: a change of the font over map, zoom and a full board, the size of
+// the map, the mouse over the cells. Each round ends with everything painted.
+#include "core/RegistryFunctions.h"
+#include "core/SettingsDefaults.h"
+#include "core/Zendova.h"
+#include "platform/FontCatalog.h"
+#include "platform/SettingsTree.h"
+#include "platform/SysInfo.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
+#include "textboard/TextBoard.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+Zendova *window = nullptr;
+
+/// Paints what waits to be painted, and nothing else happens meanwhile.
+void paint()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void chooseFont(int position)
+{
+    window->FontNameCombo->SelectItem(position);
+    window->FontNameCombo_Click();
+    paint();
+}
+
+void fillBoard()
+{
+    window->TextBoard->setText(
+        QString("The quick brown fox jumps over the lazy dog, and then some more words to 78.\n")
+            .repeated(800));
+    paint();
+}
+
+void changeToKnownFont(benchmark::State &state)
+{
+    fillBoard();
+    chooseFont(2);
+    int position = 1;
+    for ([[maybe_unused]] auto unused : state)
+        chooseFont(position = 3 - position);
+}
+
+void changeToNewFont(benchmark::State &state)
+{
+    fillBoard();
+    int position = 2;
+    for ([[maybe_unused]] auto unused : state)
+        chooseFont(++position);
+}
+
+void hover(benchmark::State &state)
+{
+    int cell = 0;
+    for ([[maybe_unused]] auto unused : state) {
+        window->CharButton_MouseMove(cell = (cell + 1) % CellCount);
+        paint();
+    }
+}
+
+void mapSizeJump(benchmark::State &state)
+{
+    int size = 1;
+    for ([[maybe_unused]] auto unused : state) {
+        size = size == 1 ? 24 : 1;
+        window->sldSetFMapSize->setValue(size);
+        paint();
+    }
+}
+
+} // namespace
+
+BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(hover)->Unit(benchmark::kMillisecond);
+BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
+
+int main(int argc, char *argv[])
+{
+    FontCatalog catalog;
+    QApplication application(argc, argv);
+    const QTemporaryDir folder;
+    SettingsTree settings(folder.filePath("settings.sqlite"));
+    UseSettingsTree(&settings);
+    SysInfo screen;
+    screen.pretend(SysInfo::Screen{{1920, 1200}, {}, 96});
+    {
+        Zendova first({});
+        first.InitSettings("Act");
+        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"TextBoard"), u"FontName",
+                      catalog.families().front().name, REG_SZ);
+    }
+    Zendova main({});
+    window = &main;
+    main.Start();
+    paint();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    UseSettingsTree(nullptr);
+    return 0;
+}
