@@ -131,7 +131,6 @@ void TestControls::numberBox()
     NumberSlider sizes(&window, 1, 20, NumberSlider::NoNumber::Ignored);
     sizes.number()->setGeometry(0, 0, 40, 20);
     window.show();
-    const QSignalSpy entered(&sizes, &NumberSlider::Entered);
     const QSignalSpy finished(&sizes, &NumberSlider::Finished);
     sizes.setValue(5);
     const auto enter = [&](const QString &text) {
@@ -141,10 +140,10 @@ void TestControls::numberBox()
     };
     enter("nothing");
     QCOMPARE(sizes.value(), 5);
-    QVERIFY(entered.isEmpty() && finished.isEmpty());
+    QVERIFY(finished.isEmpty());
     enter("99");
     QCOMPARE(sizes.value(), 20);
-    QCOMPARE(entered.last().at(0).toInt(), 20);
+    QCOMPARE(finished.count(), 1);
     sizes.setMost(12);
     QCOMPARE(sizes.value(), 12);
     enter("13");
