@@ -132,7 +132,7 @@ void BandBar::mouseMoveEvent(QMouseEvent *event)
     int most = width() - GripWidth;
     for (int index = Dragged + 1; index < bandCount(); ++index)
         if (isBandVisible(index))
-            most -= Scale.across(bandWidth(index - 1));
+            most -= Scale.across(bandWidth(visibleBefore(index)));
     most = std::max(most, moved.Left);
     const int target = std::clamp(point.x(), narrowed.Left + GripWidth, most);
     setBandWidth(before, (target - narrowed.Left) * Scale.X);

@@ -1,0 +1,106 @@
+// Sends the events of a person to the controls, and looks for dark pixels.
+#include "tests/support/Person.h"
+
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
+#include "textboard/TextBoard.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+constexpr int ReadableFontSize = 24; // points: 32 pixels
+constexpr int ReadableMapSize = 12;  // cells of 39 pixels
+
+bool isDark(const QImage &image, int x, int y)
+{
+    return qGray(image.pixel(x, y)) < 128;
+}
+
+} // namespace
+
+bool fillNumberBox(NumberSlider *slider, const QString &text, Qt::Key key)
+{
+    QTest::mouseClick(slider->number(), Qt::LeftButton);
+    QLineEdit *edit = slider->edit();
+    if (!edit->isVisible() || !edit->hasFocus() || edit->selectedText() != slider->number()->text())
+        return false;
+    if (text.isEmpty())
+        QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClicks(edit, text);
+    if (edit->text() != text)
+        return false;
+    if (!key)
+        return true;
+    QTest::keyClick(edit, key);
+    return !edit->isVisible();
+}
+
+bool chooseFont(Zendova *window, const QString &name)
+{
+    FontCombo *combo = window->FontNameCombo;
+    combo->setFocus();
+    QTest::keyClick(combo, name.at(0).toLatin1());
+    while (combo->Text() != name && combo->SelectedItem() < combo->ItemCount())
+        QTest::keyClick(combo, Qt::Key_Down);
+    return combo->Text() == name;
+}
+
+void makeGlyphsReadable(Zendova *window)
+{
+    window->FontSizeSlider->setValue(ReadableFontSize);
+    window->sldSetFMapSize->setValue(ReadableMapSize);
+}
+
+void hover(Zendova *window, int cell)
+{
+    // The toolkit tells of no move to the place where it last knew the mouse, in whatever window.
+    QTest::mouseMove(window->windowHandle(), QPoint(1, 1));
+    const QPoint middle = window->CharButton->pixels(cell).center();
+    QTest::mouseMove(window->windowHandle(), window->CharButton->mapTo(window, middle));
+    QCoreApplication::processEvents();
+}
+
+void clickCell(Zendova *window, int cell, Qt::MouseButton button)
+{
+    QTest::mouseClick(window->CharButton, button, {}, window->CharButton->pixels(cell).center());
+}
+
+QPoint originOfFullRow(const QImage &image, int cell)
+{
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = image.height() - 1; y >= 0; --y)
+            if (isDark(image, x, y))
+                return QPoint(x - (2 * cell + 3) / 7, y + 1);
+    return {};
+}
+
+QImage pictureOf(CharCells *cells, int index)
+{
+    return cells->grab(cells->pixels(index)).toImage();
+}
+
+QImage pictureOf(::TextBoard *board)
+{
+    return board->viewport()->grab().toImage();
+}
+
+GlyphPicture firstGlyph(Zendova *window, const QString &text)
+{
+    window->TextBoard->setText(QChar(FullRowCode));
+    const QPoint origin = originOfFullRow(pictureOf(window->TextBoard));
+    window->TextBoard->setText(text);
+    window->TextBoard->setSelStart(static_cast<int>(text.size())); // the caret out of the way
+    return readGlyph(pictureOf(window->TextBoard), origin);
+}
+
+QAction *menuItem(const Zendova *window, const char *name)
+{
+    auto *item = window->findChild<QAction *>(name);
+    Q_ASSERT(item);
+    return item;
+}

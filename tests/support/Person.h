@@ -1,0 +1,44 @@
+// What a person does with the main window that takes more than one event: filling a number box,
+// choosing a font, moving over the map, and looking at which glyph is shown where.
+#pragma once
+
+#include "core/Zendova.h"
+#include "platform/controls/CharCells.h"
+#include "tests/support/TestFonts.h"
+
+class NumberSlider;
+
+/// Clicks the number, types over it and presses the key (Enter, Escape; 0 for none). False if the
+/// edit box did not open with all of its text selected, or did not close at the key.
+bool fillNumberBox(NumberSlider *slider, const QString &text, Qt::Key key = Qt::Key_Return);
+
+/// Chooses the font of this name in the font picker by its keys alone. False if it is not there.
+bool chooseFont(Zendova *window, const QString &name);
+
+/// Sets the font size to 24 points, in which readGlyph can read glyphs, and the map to a size whose
+/// cells hold them.
+void makeGlyphsReadable(Zendova *window);
+
+/// The mouse moves to the middle of a cell.
+void hover(Zendova *window, int cell);
+void clickCell(Zendova *window, int cell, Qt::MouseButton button = Qt::LeftButton);
+/// Cell of a code of the default map.
+constexpr int cellOf(int code)
+{
+    return code - FirstCode;
+}
+
+/// A code that all test fonts have and whose glyph has a full lowest row.
+constexpr int FullRowCode = 0x4F;
+/// The origin of that glyph in a picture of it with nothing to its left. `cell` as for readGlyph.
+QPoint originOfFullRow(const QImage &image, int cell = 7);
+
+/// The picture of one cell as it is on the screen.
+QImage pictureOf(CharCells *cells, int index);
+/// The picture of the board's text.
+QImage pictureOf(::TextBoard *board);
+/// The glyph that the board shows first, its font being 24 points high; it holds this text then.
+GlyphPicture firstGlyph(Zendova *window, const QString &text);
+
+/// The item of the window's menus with this name.
+QAction *menuItem(const Zendova *window, const char *name);
