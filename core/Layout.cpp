@@ -14,6 +14,7 @@
 
 #include <QLayout>
 #include <QMouseEvent>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -59,6 +60,19 @@ void Zendova::SetFormPosition(double Left, double Top)
     move(Form.scale().across(Left), Form.scale().down(Top));
 }
 
+void Zendova::KeepInView()
+{
+    // The place may be that of a screen that is gone, or of a smaller window. What does not fit
+    // shows its upper left corner, where the menus are.
+    const SysInfo &screen = SysInfo::current();
+    const auto within = [](double place, double from, double room) {
+        return std::clamp(place, from, from + std::max(room, 0.0));
+    };
+    SetFormPosition(
+        within(FormLeft(), screen.WorkAreaLeft(), screen.WorkAreaWidth() - FormWidth()),
+        within(FormTop(), screen.WorkAreaTop(), screen.WorkAreaHeight() - FormHeight()));
+}
+
 void Zendova::AdoptScale()
 {
     const TwipScale scale = SysInfo::current().scale();
@@ -87,6 +101,7 @@ void Zendova::Form_Resize()
         }
         if (SplitIsDown())
             ResetSplit(SizeIndex - 1);
+        KeepInView();
     }
     // The areas follow also when the width of the screen was another one: it is the same by now.
     if (MapResizing) {

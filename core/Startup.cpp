@@ -84,6 +84,7 @@ void Zendova::Start()
     Form_Load();
     winId(); // the window system's window, by which its screen is known
     SysInfo::current().follow(windowHandle());
+    KeepInView();
     show();
 }
 

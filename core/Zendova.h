@@ -153,6 +153,8 @@ public:
     double FormLeft() const;
     double FormTop() const;
     void SetFormPosition(double Left, double Top);
+    /// Moves the window into the work area of its screen.
+    void KeepInView();
     /// Takes the screen's twips per pixel over, if they have changed.
     void AdoptScale();
 

@@ -75,6 +75,7 @@ void FontDialog::createControls(const ChosenFont &choice)
     Sample->setFixedHeight(72);
     Sample->setAutoFillBackground(true);
     Sample->setBackgroundRole(QPalette::Base);
+    Sample->setForegroundRole(QPalette::Text);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -133,7 +134,7 @@ void FontDialog::showSample()
     // On paper, as the board shows it.
     QPalette own = palette();
     own.setColor(QPalette::Base, Qt::white);
-    own.setColor(QPalette::WindowText, ToColor(now.Color, palette()));
+    own.setColor(QPalette::Text, ToColor(now.Color, palette()));
     Sample->setPalette(own);
 }
 
