@@ -108,7 +108,6 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyFont();
-    applyAlignment();
 
     // The document also says that its contents changed at the end of an edit that did nothing; only
     // what told a place before is a change.
@@ -410,14 +409,7 @@ void TextBoard::setAlignment(int alignment)
     if (alignment == m_alignment || alignment < 0 || alignment >= std::ssize(alignments))
         return;
     m_alignment = alignment;
-    applyAlignment();
-}
-
-void TextBoard::applyAlignment()
-{
-    // Left is left on a desktop that runs from the right, too.
     QTextOption option = document()->defaultTextOption();
     option.setAlignment(alignments[static_cast<std::size_t>(m_alignment)]);
-    option.setTextDirection(Qt::LeftToRight);
     document()->setDefaultTextOption(option);
 }

@@ -123,7 +123,6 @@ private:
     int room() const;
     bool insertWhatFits(const QString &text);
     void applyFont();
-    void applyAlignment();
 
     FontFactory m_factory;
     BoardFont m_face;

@@ -572,7 +572,6 @@ private slots:
         m_board->setAlignment(3);
         QCOMPARE(m_board->Alignment(), 2);
         m_board->setText(u"j"_s);
-        m_board->setLayoutDirection(Qt::RightToLeft);
         QVERIFY(qAbs(m_board->cursorRect().x() - width / 2) < width / 8);
         m_board->setAlignment(0);
         QVERIFY(m_board->cursorRect().x() < width / 8);
