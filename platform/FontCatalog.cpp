@@ -25,6 +25,7 @@ struct Destroyer
     void operator()(T *object) const { destroy(object); }
 };
 using Config = std::unique_ptr<FcConfig, Destroyer<FcConfig, FcConfigDestroy>>;
+using FontSet = std::unique_ptr<FcFontSet, Destroyer<FcFontSet, FcFontSetDestroy>>;
 using Pattern = std::unique_ptr<FcPattern, Destroyer<FcPattern, FcPatternDestroy>>;
 using LangSet = std::unique_ptr<FcLangSet, Destroyer<FcLangSet, FcLangSetDestroy>>;
 using StrSet = std::unique_ptr<FcStrSet, Destroyer<FcStrSet, FcStrSetDestroy>>;
@@ -138,22 +139,44 @@ int addSymbolFont(const QString &fileName, int face)
     return font ? QFontDatabase::addApplicationFontFromData(*font) : -1;
 }
 
+/// The rows of a configuration in a set of our own, which keeps them when the configuration gives
+/// its fonts up.
+FontSet rowsOfConfiguration(FcConfig *config)
+{
+    FontSet own(FcFontSetCreate());
+    const FcFontSet *fonts = config ? FcConfigGetFonts(config, FcSetSystem) : nullptr;
+    for (int row = 0; fonts && row < fonts->nfont; ++row) {
+        FcPatternReference(fonts->fonts[row]);
+        FcFontSetAdd(own.get(), fonts->fonts[row]);
+    }
+    return own;
+}
+
 } // namespace
 
-/// The full configuration and its rows. The rows lie in fontconfig's mapped cache files and live as
-/// long as the configuration does.
+/// The user's configuration and all its rows, which lie in fontconfig's mapped cache files. The
+/// configuration becomes the toolkit's lean one in the end.
 struct FontCatalog::Rows
 {
     Config config{FcInitLoadConfigAndFonts()};
-    FcFontSet *set = config ? FcConfigGetFonts(config.get(), FcSetSystem) : nullptr;
+    FontSet set = rowsOfConfiguration(config.get());
     std::vector<bool> inToolkit = std::vector<bool>(static_cast<std::size_t>(count()));
 
-    int count() const { return set ? set->nfont : 0; }
+    QHash<QString, QStringList> rulesRun;
+
+    int count() const { return set->nfont; }
     FcPattern *operator[](int row) const { return set->fonts[row]; }
 
     /// The families that the configuration puts in the place of one, best first, the name itself
     /// included.
-    QStringList configured(const QString &family) const
+    const QStringList &configured(const QString &family)
+    {
+        // Running the rules is the dearest part of start-up, and some names are asked for twice.
+        const auto known = rulesRun.constFind(family);
+        return known == rulesRun.constEnd() ? *rulesRun.insert(family, runRules(family)) : *known;
+    }
+
+    QStringList runRules(const QString &family) const
     {
         const Pattern pattern(FcPatternCreate());
         FcPatternAddString(pattern.get(), FC_FAMILY, bytes(family.toUtf8().constData()));
@@ -286,6 +309,8 @@ void FontCatalog::addReplacedFamilies()
         generic += m_rows->configured(QString::fromLatin1(name)).mid(0, 2);
     for (const QString &name : {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
                                 QStringLiteral("Courier New")}) {
+        if (contains(name))
+            continue;
         const QStringList candidates = m_rows->configured(name);
         for (qsizetype i = 0; i < candidates.size() && !contains(name); ++i) {
             // From here on the list is what any unknown name would be given.
@@ -379,6 +404,8 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
 }
 
 /// The user's rules without the user's font folders, and the text fonts.
+/// The same rules without any font folder, and the chosen rows alone. The one configuration is
+/// changed, since reading the rules a second time costs as much as the first.
 void FontCatalog::useLeanConfiguration()
 {
     Rows &rows = *m_rows;
@@ -394,21 +421,6 @@ void FontCatalog::useLeanConfiguration()
                                   "binding=\"strong\"><string>%2</string></edit></match>")
                        .arg(m_entries[i].toolkitName, m_families[i].name.toHtmlEscaped());
     }
-    FcChar8 *file = FcConfigGetFilename(rows.config.get(), nullptr);
-    const QString rules = QString::fromLocal8Bit(reinterpret_cast<const char *>(file));
-    FcStrFree(file);
-    const QByteArray text =
-        QStringLiteral("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM "
-                       "\"urn:fontconfig:fonts.dtd\"><fontconfig>"
-                       "<include ignore_missing=\"yes\">%1</include><reset-dirs/>%2</fontconfig>")
-            .arg(rules.toHtmlEscaped(), aliases)
-            .toUtf8();
-
-    const Config lean(FcConfigCreate());
-    FcConfigParseAndLoadFromMemory(lean.get(), bytes(text.constData()), FcFalse);
-    // Else fontconfig would some day notice a changed font folder and load everything.
-    FcConfigSetRescanInterval(lean.get(), 0);
-    FcConfigBuildFonts(lean.get());
     std::vector<int> chosen, sansSerif;
     for (const char *generic : genericFamilies) {
         const std::vector<int> installed = installedFor(generic);
@@ -417,7 +429,20 @@ void FontCatalog::useLeanConfiguration()
             sansSerif = installed;
     }
     std::ranges::copy(scriptRows(chosen, sansSerif), std::back_inserter(chosen));
-    FcFontSet *fonts = FcConfigGetFonts(lean.get(), FcSetSystem);
+    if (!rows.config)
+        rows.config.reset(FcConfigCreate());
+    FcConfig *lean = rows.config.get();
+    const QByteArray noFolders =
+        QStringLiteral("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM "
+                       "\"urn:fontconfig:fonts.dtd\"><fontconfig>"
+                       "<reset-dirs/>%1</fontconfig>")
+            .arg(aliases)
+            .toUtf8();
+    FcConfigParseAndLoadFromMemory(lean, bytes(noFolders.constData()), FcFalse);
+    // Else fontconfig would some day notice a changed font folder and load everything.
+    FcConfigSetRescanInterval(lean, 0);
+    FcConfigBuildFonts(lean);
+    FcFontSet *fonts = FcConfigGetFonts(lean, FcSetSystem);
     for (const int row : chosen) {
         if (!fonts || rows.inToolkit[static_cast<std::size_t>(row)])
             continue;
@@ -425,7 +450,7 @@ void FontCatalog::useLeanConfiguration()
         // The row itself, not its file: a file would be opened and all its characters counted.
         FcFontSetAdd(fonts, FcPatternDuplicate(rows[row]));
     }
-    FcConfigSetCurrent(lean.get());
+    FcConfigSetCurrent(lean);
 }
 
 FontTraits FontCatalog::traits(int index) const
