@@ -153,7 +153,7 @@ void measure(const QString &what, const QString &fonts)
     const QString name = what + (fonts.isEmpty() ? QString() : " with " + fonts);
     benchmark::RegisterBenchmark(qPrintable(name), startToPaint, what, fonts)
         ->UseManualTime()
-        ->Iterations(10)
+        ->Iterations(20)
         ->Unit(benchmark::kMillisecond);
 }
 

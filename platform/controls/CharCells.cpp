@@ -101,18 +101,18 @@ void CharCells::paintCell(QPainter &painter, const Cell &cell)
 {
     const QColor back = ToColor(cell.BackColor, palette());
     const QColor fore = ToColor(cell.ForeColor, palette());
-    painter.fillRect(cell.Pixels, back);
-    if (!cell.Caption.isEmpty())
-        paintCaption(painter, cell, fore);
+    QRect inside = cell.Pixels;
     if (cell.BorderStyle == 1) {
         // A line between the two colours of the cell reads as a grid on any pair of them.
-        constexpr double share = 0.3;
-        const auto between = [](float from, float to) { return from + (to - from) * float(share); };
-        painter.setPen(QColor::fromRgbF(between(back.redF(), fore.redF()),
-                                        between(back.greenF(), fore.greenF()),
-                                        between(back.blueF(), fore.blueF())));
-        painter.drawRect(cell.Pixels.adjusted(0, 0, -1, -1));
+        const auto between = [](float from, float to) { return from + (to - from) * 0.3F; };
+        painter.fillRect(inside, QColor::fromRgbF(between(back.redF(), fore.redF()),
+                                                  between(back.greenF(), fore.greenF()),
+                                                  between(back.blueF(), fore.blueF())));
+        inside.adjust(1, 1, -1, -1);
     }
+    painter.fillRect(inside, back);
+    if (!cell.Caption.isEmpty())
+        paintCaption(painter, cell, fore);
 }
 
 void CharCells::paintCaption(QPainter &painter, const Cell &cell, const QColor &color)
