@@ -104,14 +104,7 @@ void Zendova::Form_Load()
     CreditLine += " Z";
 
     CaptureDesignLayout();
-    if (Display() < LeastScreenWidth) {
-        if (!FirstActivate)
-            close();
-        showScreenMessage();
-        LoadAborted = true;
-    }
-    if (LoadAborted)
-        EndProgram();
+    CheckScreen();
     FirstActivate = true;
     LoadSettings();
     if (LoadAborted)
@@ -134,6 +127,18 @@ void Zendova::Form_Load()
     CreditLine += "ork";
     ApplyTextBoardSettings();
     ApplyViewSettings();
+}
+
+void Zendova::CheckScreen()
+{
+    if (Display() < LeastScreenWidth) {
+        if (!FirstActivate)
+            close();
+        showScreenMessage();
+        LoadAborted = true;
+    }
+    if (LoadAborted)
+        EndProgram();
 }
 
 void Zendova::CaptureDesignLayout()
@@ -179,6 +184,9 @@ bool Zendova::event(QEvent *event)
     switch (event->type()) {
     case QEvent::Show:
         Form_Resize();
+        // A window manager may keep a new window from taking the focus; it is a window all the
+        // same.
+        QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:
         Form_Activate();
@@ -192,7 +200,7 @@ bool Zendova::event(QEvent *event)
 void Zendova::Form_Activate()
 {
     // A message of this very procedure lets the window be activated again while it is open.
-    if (!FirstActivate || Activating)
+    if (!FirstActivate || Activating || Unloaded)
         return;
     Activating = true;
     for (QLabel *label : SampleText)
@@ -298,14 +306,7 @@ void Zendova::SysInfo_DisplayChanged()
 {
     if (Unloaded)
         return;
-    if (Display() < LeastScreenWidth) {
-        if (!FirstActivate)
-            close();
-        showScreenMessage();
-        LoadAborted = true;
-    }
-    if (LoadAborted)
-        EndProgram();
+    CheckScreen();
     DisplayEventSeen = true;
     AdoptScale();
     Form_Resize(); // takes the new width over and brings the map into it

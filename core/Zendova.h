@@ -334,6 +334,7 @@ private:
     void ConnectControls();
     void FillMapToolbars();
     void FirstRunPath();
+    void CheckScreen();
     void MoveSplit(double target);
     double LowestSplit() const;
     void SizeMapContainers();
