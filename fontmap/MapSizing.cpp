@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr int MapRows = CellCount / MapColumns;
 constexpr int NameBand = 2; ///< the band of clbFontMap with the custom map's name
 
 } // namespace
@@ -61,9 +62,11 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
     std::vector<TwipRect> places;
     places.reserve(CellCount);
     for (int cell = 0; cell < CellCount; ++cell) {
+        const int column = cell % MapColumns;
+        const int row = cell / MapColumns;
         TwipRect place = CharButton->place(cell);
-        place.Left += across * (cell % MapColumns);
-        place.Top += down * (cell / MapColumns);
+        place.Left += across * column;
+        place.Top += down * row;
         place.Width = side + across;
         place.Height = side + down;
         places.push_back(place);
@@ -71,8 +74,7 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
     CharButton->setPlaces(places);
 
     const TwipRect &first = CharButton->place(0);
-    Form.setHeight(FMapContainer,
-                   Form.height(clbFontMap) + CellCount / MapColumns * first.Height - 4 * TwipsY);
+    Form.setHeight(FMapContainer, Form.height(clbFontMap) + MapRows * first.Height - 4 * TwipsY);
     Form.setWidth(FMapContainer, MapColumns * first.Width - 23 * TwipsX);
     Form.setWidth(clbFontMap, Form.width(FMapContainer));
     Form.setWidth(CharButton, Form.width(FMapContainer));

@@ -189,6 +189,7 @@ void Zendova::FormatFont_Click()
                       .Strikeout = TextBoard->FontStrikethru(),
                       .Color = FromColor(TextBoard->ForeColor())};
     std::vector<NamedColor> colors;
+    colors.reserve(QBColors.size());
     for (const QBColorRow &row : QBColors)
         colors.push_back({.Name = row.CellLabel, .Value = row.Value});
     const FontOffer offer{

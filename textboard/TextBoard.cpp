@@ -23,7 +23,7 @@ QString fitted(QStringView text)
 {
     // Something dropped can be a thousand times the limit. Only accents that combine with the
     // letter before take no room of their own, so the rest can't matter.
-    constexpr qsizetype EnoughForTheLimit = 8 * TextBoard::MaxLength();
+    constexpr qsizetype EnoughForTheLimit = qsizetype(8) * TextBoard::MaxLength();
     text.truncate(std::min(text.size(), EnoughForTheLimit));
     QString lines;
     lines.reserve(text.size());
