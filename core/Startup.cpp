@@ -10,7 +10,6 @@
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "platform/SysInfo.h"
-#include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"

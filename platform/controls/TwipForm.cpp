@@ -4,6 +4,17 @@
 #include <QFont>
 #include <QWidget>
 
+namespace {
+
+void change(TwipForm &form, QWidget *control, double TwipRect::*field, double twips)
+{
+    TwipRect changed = form.rect(control);
+    changed.*field = twips;
+    form.place(control, changed);
+}
+
+} // namespace
+
 QFont TwipForm::font()
 {
     QFont font("Sans Serif");
@@ -28,28 +39,20 @@ void TwipForm::place(QWidget *control, const TwipRect &rect)
 
 void TwipForm::setLeft(QWidget *control, double twips)
 {
-    TwipRect moved = rect(control);
-    moved.Left = twips;
-    place(control, moved);
+    change(*this, control, &TwipRect::Left, twips);
 }
 
 void TwipForm::setTop(QWidget *control, double twips)
 {
-    TwipRect moved = rect(control);
-    moved.Top = twips;
-    place(control, moved);
+    change(*this, control, &TwipRect::Top, twips);
 }
 
 void TwipForm::setWidth(QWidget *control, double twips)
 {
-    TwipRect sized = rect(control);
-    sized.Width = twips;
-    place(control, sized);
+    change(*this, control, &TwipRect::Width, twips);
 }
 
 void TwipForm::setHeight(QWidget *control, double twips)
 {
-    TwipRect sized = rect(control);
-    sized.Height = twips;
-    place(control, sized);
+    change(*this, control, &TwipRect::Height, twips);
 }
