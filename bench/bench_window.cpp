@@ -61,28 +61,14 @@ void changeToNewFont(benchmark::State &state)
         chooseFont(++position);
 }
 
-void hover(benchmark::State &state)
+void hover(benchmark::State &state, bool highlight)
 {
+    window->FMHiLite->setChecked(highlight);
     int cell = 0;
     for ([[maybe_unused]] auto unused : state) {
         window->CharButton_MouseMove(cell = (cell + 1) % CellCount);
         paint();
     }
-}
-
-/// The mouse over all cells one after the other, with the highlight that follows it.
-void hoverAllHighlighted(benchmark::State &state)
-{
-    window->FMHiLite->setChecked(true);
-    for ([[maybe_unused]] auto unused : state) {
-        for (int cell = 0; cell < CellCount; ++cell) {
-            window->CharButton_MouseMove(cell);
-            paint();
-        }
-    }
-    state.counters["ms_a_cell"] = benchmark::Counter(static_cast<double>(CellCount) / 1000,
-                                                     benchmark::Counter::kIsIterationInvariantRate |
-                                                         benchmark::Counter::kInvert);
     window->FMHiLite->setChecked(false);
 }
 
@@ -109,8 +95,8 @@ void mapSizeJump(benchmark::State &state)
 
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
-BENCHMARK(hover)->Unit(benchmark::kMillisecond);
-BENCHMARK(hoverAllHighlighted)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, plain, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, highlighted, true)->Unit(benchmark::kMillisecond);
 BENCHMARK(menusOpen)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
 
