@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -34,7 +35,7 @@ struct MenuRow
 constexpr const char *Line = "-";
 
 constexpr MenuRow Rows[] = {
-    {0, "ItemFile", "&File"},
+    {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click},
     {1, "FileTF", "&Text File"},
     {2, "FileLoad", "&Load Text from File...", "Ctrl+L"},
     {2, "FileSave", "&Save Text in File...", "Ctrl+S"},
@@ -47,7 +48,7 @@ constexpr MenuRow Rows[] = {
     {1, "FileSep4", Line},
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
 
-    {0, "ItemEdit", "&Edit"},
+    {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
     {1, "EditCut", "Cu&t", "Ctrl+X"},
     {1, "EditCopy", "&Copy", "Ctrl+C"},
     {1, "EditPaste", "&Paste", "Ctrl+V"},
@@ -55,7 +56,7 @@ constexpr MenuRow Rows[] = {
     {1, "EditSep1", Line},
     {1, "EditSelectAll", "Select &All", "Ctrl+A"},
     {1, "EditSep2", Line},
-    {1, "EditFind", "&Find...", "Ctrl+F"},
+    {1, "EditFind", "&Find...", "Ctrl+F", nullptr, nullptr, Checkable},
     {1, "EditFindAgain", "Find A&gain", "F3"},
 
     {0, "ItemView", "&Views", "", &Zendova::ItemView_Click},
@@ -102,7 +103,7 @@ constexpr MenuRow Rows[] = {
     {2, "FMBorders", "Show &Grid", "", &Zendova::FMBorders_Click, &Zendova::FMBorders,
      CheckedAtDesign},
 
-    {0, "ItemTools", "&Tools"},
+    {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click},
     {1, "ToolsCopy", "&Copy TextBoard to Clipboard"},
     {1, "ToolsCut", "Cu&t TextBoard to Clipboard"},
     {1, "ToolsFS", "&View TextBoard Full Screen..."},
@@ -147,6 +148,47 @@ constexpr MenuRow Rows[] = {
     {1, "HelpAbout", "&About..."},
 };
 
+enum class State { Enabled, Checked };
+
+/// What an item takes from a button as its menu opens.
+struct CopyRow
+{
+    const char *Menu;
+    const char *Item;
+    State Copied;
+    Toolbar *Zendova::*Bar;
+    const char *Button;
+};
+
+constexpr CopyRow Copies[] = {
+    {"ItemFile", "FileSave", State::Enabled, &Zendova::LoadSaveTB, "Save"},
+    {"ItemEdit", "EditCut", State::Enabled, &Zendova::TextEditTB, "Cut"},
+    {"ItemEdit", "EditCopy", State::Enabled, &Zendova::TextEditTB, "Copy"},
+    {"ItemEdit", "EditPaste", State::Enabled, &Zendova::TextEditTB, "Paste"},
+    {"ItemEdit", "EditFind", State::Enabled, &Zendova::TextEditTB, "Find"},
+    {"ItemEdit", "EditFind", State::Checked, &Zendova::TextEditTB, "Find"},
+    {"ItemFormat", "FFontBold", State::Enabled, &Zendova::FontFormatTB, "Bold"},
+    {"ItemFormat", "FFontItalic", State::Enabled, &Zendova::FontFormatTB, "Italic"},
+    {"ItemFormat", "FFontUnderline", State::Enabled, &Zendova::FontFormatTB, "Underline"},
+    {"ItemFormat", "FFontStrikethrough", State::Enabled, &Zendova::FontFormatTB, "Strikethrough"},
+    {"ItemFormat", "AlignLeft", State::Checked, &Zendova::TextAlignTB, "AlignLeft"},
+    {"ItemFormat", "AlignCenter", State::Checked, &Zendova::TextAlignTB, "CenterText"},
+    {"ItemFormat", "AlignRight", State::Checked, &Zendova::TextAlignTB, "AlignRight"},
+    {"ItemTools", "ToolsClear", State::Enabled, &Zendova::TBOperationsTB, "ClearButton"},
+    {"ItemTools", "ToolsCopy", State::Enabled, &Zendova::TBOperationsTB, "CopyButton"},
+    {"ItemTools", "ToolsCut", State::Enabled, &Zendova::TBOperationsTB, "CutButton"},
+    {"ItemTools", "ToolsPrint", State::Enabled, &Zendova::TBOperationsTB, "PrintButton"},
+    {"ItemTools", "ToolsFS", State::Enabled, &Zendova::TBOperationsTB, "FullScreen"},
+    {"ItemDisplay", "VCOnR", State::Checked, &Zendova::ViewsTB, "VCRight"},
+    {"ItemDisplay", "VCOnL", State::Checked, &Zendova::ViewsTB, "VCLeft"},
+};
+
+bool hasCommand(const char *item)
+{
+    return std::ranges::any_of(
+        Rows, [item](const MenuRow &row) { return row.Handler && qstrcmp(row.Name, item) == 0; });
+}
+
 } // namespace
 
 void Zendova::CreateMenus()
@@ -184,6 +226,30 @@ void Zendova::CreateMenus()
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
 }
 
+void Zendova::CopyButtonStates(const char *Menu)
+{
+    for (const CopyRow &row : Copies) {
+        if (qstrcmp(row.Menu, Menu) != 0)
+            continue;
+        auto *item = menuBar()->findChild<QAction *>(row.Item);
+        const QToolButton *button = (this->*row.Bar)->button(row.Button);
+        if (row.Copied == State::Checked)
+            item->setChecked(button->isChecked());
+        else
+            item->setEnabled(button->isEnabled() && hasCommand(row.Item));
+    }
+}
+
+void Zendova::ItemFile_Click()
+{
+    CopyButtonStates("ItemFile");
+}
+
+void Zendova::ItemEdit_Click()
+{
+    CopyButtonStates("ItemEdit");
+}
+
 void Zendova::ItemView_Click()
 {
     ViewAll->setChecked(ViewZoom->isChecked() && ViewCode->isChecked() && ViewKS->isChecked());
@@ -195,19 +261,17 @@ void Zendova::ItemFormat_Click()
     FFontItalic->setChecked(TextBoard->FontItalic());
     FFontUnderline->setChecked(TextBoard->FontUnderline());
     FFontStrikethrough->setChecked(TextBoard->FontStrikethru());
-    FFontBold->setEnabled(FontFormatTB->button("Bold")->isEnabled());
-    FFontItalic->setEnabled(FontFormatTB->button("Italic")->isEnabled());
-    FFontUnderline->setEnabled(FontFormatTB->button("Underline")->isEnabled());
-    FFontStrikethrough->setEnabled(FontFormatTB->button("Strikethrough")->isEnabled());
-    AlignLeft->setChecked(TextAlignTB->button("AlignLeft")->isChecked());
-    AlignCenter->setChecked(TextAlignTB->button("CenterText")->isChecked());
-    AlignRight->setChecked(TextAlignTB->button("AlignRight")->isChecked());
+    CopyButtonStates("ItemFormat");
+}
+
+void Zendova::ItemTools_Click()
+{
+    CopyButtonStates("ItemTools");
 }
 
 void Zendova::ItemDisplay_Click()
 {
-    VCOnR->setChecked(ViewsTB->button("VCRight")->isChecked());
-    VCOnL->setChecked(ViewsTB->button("VCLeft")->isChecked());
+    CopyButtonStates("ItemDisplay");
 }
 
 void Zendova::DisplayCS_Click()

@@ -50,7 +50,9 @@ const ButtonRow Buttons[] = {
     {&Zendova::TBOperationsTB, "CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard"},
     {&Zendova::TBOperationsTB, "CutButton", "TBCut", "Cut TextBoard Contents to Clipboard"},
     {&Zendova::TBOperationsTB, "FullScreen", "FullScr", "View TextBoard Full Screen"},
-    {&Zendova::TBOperationsTB, "PrintButton", "TBPrint", "Print TextBoard Contents"},
+    // Printing is the menu's alone; the button only keeps the state that the menu copies.
+    {&Zendova::TBOperationsTB, "PrintButton", "TBPrint", "Print TextBoard Contents", Push,
+     [](Zendova &) {}},
     {&Zendova::TBOperationsTB, "ClearButton", "TBClear", "Unload TextBoard Contents"},
     {&Zendova::TextEditTB, "Cut", "Cut", "Cut"},
     {&Zendova::TextEditTB, "Copy", "Copy", "Copy"},

@@ -164,8 +164,12 @@ public:
     // ---- core/Menus.cpp: the menus
 
     void CreateMenus();
-    void ItemFormat_Click();
+    // Run as each menu opens; nothing else brings the items in step.
+    void ItemFile_Click();
+    void ItemEdit_Click();
     void ItemView_Click();
+    void ItemFormat_Click();
+    void ItemTools_Click();
     void ItemDisplay_Click();
     void VCOnL_Click();
     void VCOnR_Click();
@@ -338,6 +342,7 @@ private:
     void MoveSplit(double target);
     double LowestSplit() const;
     void SizeMapContainers();
+    void CopyButtonStates(const char *Menu);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
