@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 #include <array>
 
@@ -19,7 +20,7 @@ namespace {
 using Command = void (Zendova::*)();
 
 /// A Toggle is all there is to its command: whoever needs the state reads the check mark.
-enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7 };
+enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7, Hidden = 8 };
 
 struct MenuRow
 {
@@ -139,13 +140,15 @@ constexpr MenuRow Rows[] = {
      CheckedAtDesign},
 
     {0, "ItemHelp", "&Help"},
-    {1, "HelpReadme", "Open &Readme File"},
+    {1, "HelpContents", "&Contents...", "", &Zendova::HelpContents_Click, &Zendova::HelpContents,
+     Hidden},
+    {1, "HelpReadme", "Open &Readme File", "", &Zendova::HelpReadme_Click},
     {1, "HelpSep1", Line},
-    {1, "HelpCheckUpd", "Check for &Updates..."},
-    {1, "HelpVisit", "Visit Zendova &Home Page..."},
-    {1, "HelpFeedback", "&E-Mail Zendova Feedback..."},
+    {1, "HelpCheckUpd", "Check for &Updates...", "", &Zendova::HelpCheckUpd_Click},
+    {1, "HelpVisit", "Visit Zendova &Home Page...", "", &Zendova::HelpVisit_Click},
+    {1, "HelpFeedback", "&E-Mail Zendova Feedback...", "", &Zendova::HelpFeedback_Click},
     {1, "HelpSep2", Line},
-    {1, "HelpAbout", "&About..."},
+    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click},
 };
 
 enum class State { Enabled, Checked };
@@ -218,12 +221,18 @@ void Zendova::CreateMenus()
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
         item->setEnabled(row.Handler || row.Flags == Toggle);
+        item->setVisible(!(row.Flags & Hidden));
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)
             this->*row.Item = item;
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
+    // The key that opens the help everywhere; the menu does not show it.
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] {
+        if (HelpContents->isVisible())
+            HelpContents_Click();
+    });
 }
 
 void Zendova::CopyButtonStates(const char *Menu)

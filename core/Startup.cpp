@@ -126,6 +126,7 @@ void Zendova::Form_Load()
     CreditLine += "ork";
     ApplyTextBoardSettings();
     ApplyViewSettings();
+    SetAllMenuPics();
 }
 
 void Zendova::CheckScreen()

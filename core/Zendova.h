@@ -189,6 +189,21 @@ public:
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+    QAction *HelpContents = nullptr;
+
+    // ---- core/SetMenuPics.cpp: the pictures of the menus
+
+    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    void SetAllMenuPics();
+
+    // ---- core/Help.cpp: the commands of the Help menu
+
+    void HelpContents_Click();
+    void HelpReadme_Click();
+    void HelpCheckUpd_Click();
+    void HelpVisit_Click();
+    void HelpFeedback_Click();
+    void HelpAbout_Click();
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
 
