@@ -11,7 +11,10 @@
 #include "platform/controls/NumberSlider.h"
 #include "textboard/TextBoard.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -67,6 +70,31 @@ void hover(benchmark::State &state)
     }
 }
 
+/// The mouse over all cells one after the other, with the highlight that follows it.
+void hoverAllHighlighted(benchmark::State &state)
+{
+    window->FMHiLite->setChecked(true);
+    for ([[maybe_unused]] auto unused : state) {
+        for (int cell = 0; cell < CellCount; ++cell) {
+            window->CharButton_MouseMove(cell);
+            paint();
+        }
+    }
+    state.counters["ms_a_cell"] = benchmark::Counter(static_cast<double>(CellCount) / 1000,
+                                                     benchmark::Counter::kIsIterationInvariantRate |
+                                                         benchmark::Counter::kInvert);
+    window->FMHiLite->setChecked(false);
+}
+
+/// What the program itself does as its menus open, all of them.
+void menusOpen(benchmark::State &state)
+{
+    const QList<QMenu *> menus = window->menuBar()->findChildren<QMenu *>();
+    for ([[maybe_unused]] auto unused : state)
+        for (QMenu *menu : menus)
+            emit menu->aboutToShow();
+}
+
 void mapSizeJump(benchmark::State &state)
 {
     int size = 1;
@@ -82,6 +110,8 @@ void mapSizeJump(benchmark::State &state)
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(hover)->Unit(benchmark::kMillisecond);
+BENCHMARK(hoverAllHighlighted)->Unit(benchmark::kMillisecond);
+BENCHMARK(menusOpen)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
 
 int main(int argc, char *argv[])

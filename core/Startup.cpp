@@ -9,6 +9,7 @@
 #include "core/Message.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "platform/KeyboardLocks.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
@@ -132,8 +133,9 @@ void Zendova::Form_Load()
 void Zendova::CheckScreen()
 {
     if (Display() < LeastScreenWidth) {
-        if (!FirstActivate)
-            close();
+        // Not as a request to close: that would wait for an open dialog, and this does not.
+        if (!FirstActivate && Form_QueryUnload())
+            Form_Unload();
         showScreenMessage();
         LoadAborted = true;
     }
@@ -191,6 +193,11 @@ bool Zendova::event(QEvent *event)
     case QEvent::WindowActivate:
         Form_Activate();
         break;
+    case QEvent::PaletteChange:
+        // What is painted asks for its colours then; what keeps them takes the new ones.
+        if (SampleText.back())
+            ColorSampleText();
+        break;
     default:
         break;
     }
@@ -199,6 +206,7 @@ bool Zendova::event(QEvent *event)
 
 void Zendova::Form_Activate()
 {
+    Locks->refresh(); // another window may have had the keyboard
     // A message of this very procedure lets the window be activated again while it is open.
     if (!FirstActivate || Activating || Unloaded)
         return;
@@ -264,7 +272,9 @@ void Zendova::closeEvent(QCloseEvent *event)
         event->accept();
         return;
     }
-    if (!Form_QueryUnload()) {
+    // The window system asks for no close while a dialog is open, but the end of a session does.
+    // The dialog is answered first, and the exit asked for again: what runs goes to its end.
+    if (IsDialogOpen() || !Form_QueryUnload()) {
         event->ignore();
         return;
     }

@@ -12,13 +12,16 @@
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <memory>
 #include <optional>
 
 class BandBar;
 class CharCells;
 class FontCombo;
+class KeyboardLocks;
 class NumberSlider;
 class QAction;
+class QContextMenuEvent;
 class QFrame;
 class QLabel;
 class QMenu;
@@ -114,6 +117,7 @@ public:
     QLabel *PercFilled = nullptr;
     ::TextBoard *TextBoard = nullptr;
     QWidget *SplitBar = nullptr;
+    QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
     QWidget *FMapContainer = nullptr;
     BandBar *clbFontMap = nullptr;
     QWidget *pbxSetFMapSize = nullptr;
@@ -145,6 +149,8 @@ public:
     void SplitBar_MouseMove(double Y);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
+    /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
+    void PlaceSplitGrip();
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
@@ -160,6 +166,13 @@ public:
 
     double EdgeMargin = 105; ///< twips
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
+
+    // ---- core/StatBar.cpp: the lock keys in the status bar
+
+    /// Shows what is known of the locks.
+    void ShowLocks();
+
+    std::unique_ptr<KeyboardLocks> Locks;
 
     // ---- core/Menus.cpp: the menus
 
@@ -271,6 +284,10 @@ public:
     void ViewKS_Click();
     void ViewAll_Click();
     void SetZoomSize(int Size);
+    /// Offers the one command of the view that was clicked, or that the focus is in.
+    void OfferView(const QContextMenuEvent &Event);
+    /// Code, character and keystroke of a cell in one line, as it is read out.
+    QString SpokenCell(int Index) const;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
@@ -350,6 +367,9 @@ private:
                                    bool badTextCountsZero);
     void CreateViews();
     void CreateMap();
+    void CreateLockPanels();
+    void CreateSplitGrip();
+    bool SplitEvent(const QWidget *under, QEvent *event);
     void ConnectControls();
     void FillMapToolbars();
     void FirstRunPath();
@@ -372,6 +392,7 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
 };
