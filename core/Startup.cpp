@@ -17,6 +17,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QWindow>
@@ -27,8 +29,6 @@ Zendova *Zendova::Shared = nullptr;
 namespace {
 
 constexpr int LeastScreenWidth = 800; // pixels
-
-constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
 
 void showScreenMessage()
 {
@@ -73,6 +73,7 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
+    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }
@@ -189,6 +190,13 @@ bool Zendova::event(QEvent *event)
         break;
     case QEvent::WindowActivate:
         Form_Activate();
+        break;
+    case QEvent::ShortcutOverride:
+        // A key may be a command's: it meets the state of now, not that of the menu's last opening.
+        if (static_cast<const QKeyEvent *>(event)->modifiers()) {
+            ItemFile_Click();
+            ItemEdit_Click();
+        }
         break;
     default:
         break;
