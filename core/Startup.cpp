@@ -18,6 +18,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QWindow>
@@ -28,8 +30,6 @@ Zendova *Zendova::Shared = nullptr;
 namespace {
 
 constexpr int LeastScreenWidth = 800; // pixels
-
-constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
 
 void showScreenMessage()
 {
@@ -74,6 +74,7 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
+    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }
@@ -127,6 +128,7 @@ void Zendova::Form_Load()
     CreditLine += "ork";
     ApplyTextBoardSettings();
     ApplyViewSettings();
+    SetAllMenuPics();
 }
 
 void Zendova::CheckScreen()

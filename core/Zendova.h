@@ -8,6 +8,7 @@
 #include "platform/ColorValue.h"
 #include "platform/controls/TwipForm.h"
 #include "textboard/RecentFiles.h"
+#include "textboard/TextBoardRTF.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -17,14 +18,17 @@
 
 class BandBar;
 class CharCells;
+class FindBox;
 class FontCombo;
 class KeyboardLocks;
 class NumberSlider;
 class QAction;
 class QContextMenuEvent;
+class QCheckBox;
 class QFrame;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QToolButton;
 class TextBoard;
 class Toolbar;
@@ -71,6 +75,7 @@ public:
     bool RepairRan = false;
     bool DefaultsApplied = false; ///< the store was just created or repaired
     bool DisplayEventSeen = false;
+    static constexpr const char *VersionSuffix = " Version 3.0.0 RC2"; ///< of the title
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
 
@@ -116,6 +121,10 @@ public:
     QLabel *ProgressFore = nullptr;
     QLabel *PercFilled = nullptr;
     ::TextBoard *TextBoard = nullptr;
+    QWidget *FindFrame = nullptr;
+    FindBox *FindString = nullptr;
+    QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
+    std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
     QWidget *SplitBar = nullptr;
     QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
     QWidget *FMapContainer = nullptr;
@@ -177,8 +186,12 @@ public:
     // ---- core/Menus.cpp: the menus
 
     void CreateMenus();
-    void ItemFormat_Click();
+    // Run as each menu opens; nothing else brings the items in step.
+    void ItemFile_Click();
+    void ItemEdit_Click();
     void ItemView_Click();
+    void ItemFormat_Click();
+    void ItemTools_Click();
     void ItemDisplay_Click();
     void VCOnL_Click();
     void VCOnR_Click();
@@ -187,6 +200,8 @@ public:
 
     QMenu *FormatFM = nullptr;
     QAction *FileExit = nullptr;
+    QAction *EditDelete = nullptr, *EditSelectAll = nullptr;
+    QAction *EditFind = nullptr, *EditFindAgain = nullptr;
     QAction *ViewZoom = nullptr, *ViewCode = nullptr, *ViewKS = nullptr, *ViewAll = nullptr;
     QAction *FormatFont = nullptr;
     QAction *FFontBold = nullptr, *FFontItalic = nullptr;
@@ -198,6 +213,21 @@ public:
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+    QAction *HelpContents = nullptr;
+
+    // ---- core/SetMenuPics.cpp: the pictures of the menus
+
+    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    void SetAllMenuPics();
+
+    // ---- core/Help.cpp: the commands of the Help menu
+
+    void HelpContents_Click();
+    void HelpReadme_Click();
+    void HelpCheckUpd_Click();
+    void HelpVisit_Click();
+    void HelpFeedback_Click();
+    void HelpAbout_Click();
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
 
@@ -294,9 +324,45 @@ public:
     int TBLimit = 0;
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
-    bool FindHasFocus = false;
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
+
+    // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
+
+    void EditCut_Click();
+    void EditCopy_Click();
+    void EditPaste_Click();
+    void EditDelete_Click();
+    void EditSelectAll_Click();
+    void ToolsCopy_Click();
+    void ToolsCut_Click();
+    void ToolsClear_Click();
+    /// Puts the whole board on the clipboard, as plain text and as rich text.
+    void CopyBoardToClipboard();
+    /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
+    void PrepareRTFBuffer(bool Whole);
+    /// Takes font, size, styles, alignment and colour from the settings again.
+    void RestoreTextBoardDefaults();
+    static bool IsSymbolFont(const QString &Name);
+
+    ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
+
+    // ---- textboard/FindBar.cpp: the find bar and the search
+
+    /// 1 opens the bar or fills it anew; any other value closes it.
+    void ShowFindBar(int Value);
+    /// Searches the board for FindText, from behind the caret or the start of the selection.
+    void FindInBoard();
+    void EditFind_Click();
+    void EditFindAgain_Click();
+    void FindNextButton_Click();
+    void ClearFindButton_Click();
+    void CloseFindButton_Click();
+    void FindString_Change();
+
+    QString FindText;          ///< of the last search
+    bool FindHasFocus = false; ///< characters of the map go to FindString
+    double FindRoom = 0;       ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -346,6 +412,7 @@ private:
     };
     NumberSlider *MakeNumberSlider(const NumberSliderNames &names, int least, int most,
                                    bool badTextCountsZero);
+    void CreateFindBar();
     void CreateViews();
     void CreateMap();
     void CreateLockPanels();
@@ -358,6 +425,12 @@ private:
     void MoveSplit(double target);
     double LowestSplit() const;
     void SizeMapContainers();
+    void CloseFindBar();
+    void PlaceFindBar();
+    void StretchFindBar();
+    void EmptyBoard();
+    bool MayUnload();
+    void CopyButtonStates(const char *Menu);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
