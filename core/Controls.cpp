@@ -81,7 +81,7 @@ constexpr ControlRow Controls[] = {
     {"KSLabel", "CVAContainer", {30, 1185, 975, 240}},
     {"KS", "CVAContainer", {1065, 1185, 945, 240}},
     {"TextBoard", "Client", {2145, 735, 9375, 3405}, "", "TextBoard"},
-    {"FindFrame", "Client", {2175, 3765, 9345, 345}},
+    {"FindFrame", "Client", {2175, 3765, 9345, 345}, "", "Find bar"},
     {"FindStrLabel", "FindFrame", {60, 45, 390, 210}},
     {"FindString", "FindFrame", {555, 0, 2730, 345}},
     {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},

@@ -226,8 +226,11 @@ void TestDesktop::colorsChangeWhileRunning()
     Desktop desktop({1280, 1024}, 96, Settings);
     Zendova *window = desktop.startAsItIs();
     QTest::keyClicks(window->TextBoard, "text");
+    window->ShowFindBar(1);
+    QTest::keyClicks(window->Control("FindString"), "t"); // lets its buttons work
     QWidget *const drawn[] = {window->ViewsTB->button("Zoom"), window->FontLabel,
-                              window->Control("ASCLabel"), window->PercFilled};
+                              window->Control("ASCLabel"),     window->PercFilled,
+                              window->Control("FindStrLabel"), window->Control("FindNextButton")};
     for (QWidget *control : drawn)
         QVERIFY2(inkOf(control) < 128, qPrintable(control->objectName()));
     const auto ground = [window](int cell) {

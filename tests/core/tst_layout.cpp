@@ -53,7 +53,7 @@ const std::set<std::pair<QString, QString>> Overlapping = {
     {"ProgressBack", "ProgressFore"}, {"CharButton", "clbFontMap"},
     {"SampleText0", "SampleText1"},   {"SplitGrip", "SplitBar"},
     {"SplitGrip", "TextBoard"},       {"SplitGrip", "ViewsContainer"},
-    {"SplitGrip", "FMapContainer"},
+    {"SplitGrip", "FMapContainer"},   {"SplitGrip", "FindFrame"},
 };
 
 QString nameOf(const QWidget *control)
