@@ -1,0 +1,392 @@
+// The buffer's files, its selection with the attributes, and the search. The formats of documents
+// are the reader's and the writer's.
+#include "textboard/TextBoardRTF.h"
+
+#include "platform/CodePage.h"
+#include "textboard/RichTextReader.h"
+#include "textboard/RichTextWriter.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <fcntl.h>
+#include <numeric>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 MaxFileSize = qint64(256) << 20;
+
+/// A file that is open for reading, closed at the end.
+class OpenFile
+{
+public:
+    // Without waiting: opening a pipe that nobody writes to would wait for ever.
+    explicit OpenFile(const QString &path)
+        : Descriptor(::open(QFile::encodeName(path).constData(),
+                            O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
+    {
+    }
+    ~OpenFile()
+    {
+        if (Descriptor >= 0)
+            ::close(Descriptor);
+    }
+    Q_DISABLE_COPY_MOVE(OpenFile)
+
+    const int Descriptor;
+};
+
+QString notRegular()
+{
+    return QStringLiteral("Not a regular file");
+}
+
+/// Reads what the file holds when it is opened into `bytes`. Gives nothing, or the reason of a
+/// failure.
+std::optional<QString> readFile(const QString &path, QByteArray &bytes)
+{
+    const OpenFile file(path);
+    struct stat status
+    {
+    };
+    if (file.Descriptor < 0 || ::fstat(file.Descriptor, &status) != 0)
+        return qt_error_string(errno);
+    if (S_ISDIR(status.st_mode))
+        return qt_error_string(EISDIR);
+    if (!S_ISREG(status.st_mode))
+        return notRegular();
+    if (status.st_size > MaxFileSize)
+        return QStringLiteral("The file is larger than 256 MB");
+
+    bytes.resize(status.st_size);
+    qsizetype length = 0;
+    while (length < bytes.size()) {
+        const auto got = ::read(file.Descriptor, bytes.data() + length,
+                                static_cast<std::size_t>(bytes.size() - length));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return qt_error_string(errno);
+        if (got == 0) // the file has become shorter
+            break;
+        length += got;
+    }
+    bytes.truncate(length);
+    return std::nullopt;
+}
+
+/// Every line end as CR LF.
+QByteArray withLineEnds(QByteArrayView bytes)
+{
+    QByteArray result;
+    result.reserve(bytes.size() + bytes.size() / 16);
+    const auto isEnd = [](char byte) { return byte == '\r' || byte == '\n'; };
+    for (auto at = bytes.begin(); at != bytes.end();) {
+        const auto stop = std::find_if(at, bytes.end(), isEnd);
+        result.append(at, stop - at);
+        if (stop == bytes.end())
+            break;
+        result += "\r\n";
+        at = stop + 1;
+        if (*stop == '\r' && at != bytes.end() && *at == '\n')
+            ++at;
+    }
+    return result;
+}
+
+QByteArray codesOf(const QString &text)
+{
+    const bool isInPage = std::ranges::all_of(
+        text, [](QChar character) { return CodePage::toCode(character.unicode()).has_value(); });
+    return withLineEnds(CodePage::toBytes(isInPage ? text : CodePage::fit(text)));
+}
+
+/// The nearest place that is in the text and not within a line end.
+qsizetype snapped(const QByteArray &codes, qsizetype place)
+{
+    place = std::clamp(place, qsizetype(0), codes.size());
+    return place < codes.size() && codes[place] == '\n' ? place - 1 : place;
+}
+
+RichText uniformText(QByteArray codes)
+{
+    RichText text;
+    text.Codes = std::move(codes);
+    const CharacterFormat format{.Font = text.fontPlace(DefaultFontName.toString(), false)};
+    text.Formats.append(text.Codes.size() + 1, format);
+    text.Alignments.append(text.Codes.size() + 1, 0);
+    return text;
+}
+
+// Search
+
+using CodeTable = std::array<char, 256>;
+
+/// Each code's lower case, if that is in the code page; otherwise the code itself.
+CodeTable lowerCases()
+{
+    CodeTable table;
+    for (int code = 0; code < 256; ++code) {
+        const char32_t lower = CodePage::toUnicode(quint8(code)).toLower().unicode();
+        table[std::size_t(code)] = char(CodePage::toCode(lower).value_or(quint8(code)));
+    }
+    return table;
+}
+
+CodeTable asTheyAre()
+{
+    CodeTable table;
+    std::iota(table.begin(), table.end(), char(0));
+    return table;
+}
+
+bool isWordCharacter(char code)
+{
+    const QChar character = CodePage::toUnicode(static_cast<quint8>(code));
+    return character.isLetter() || character.isDigit() || character == u'_';
+}
+
+/// A word goes on across this place of the text.
+bool isInsideWord(const QByteArray &codes, qsizetype place)
+{
+    return place > 0 && place < codes.size() && isWordCharacter(codes[place - 1]) &&
+           isWordCharacter(codes[place]);
+}
+
+/// For every beginning of the pattern the length of the longest shorter beginning that it ends in,
+/// by which a search never goes back in the text (Knuth, Morris and Pratt).
+std::vector<qsizetype> borders(const QByteArray &pattern)
+{
+    std::vector<qsizetype> lengths(std::size_t(pattern.size()) + 1, 0);
+    qsizetype border = 0;
+    for (qsizetype i = 1; i < pattern.size(); ++i) {
+        while (border > 0 && pattern[i] != pattern[border])
+            border = lengths[std::size_t(border)];
+        border += pattern[i] == pattern[border];
+        lengths[std::size_t(i) + 1] = border;
+    }
+    return lengths;
+}
+
+} // namespace
+
+TextBoardRTF::TextBoardRTF(std::function<bool(const QString &)> isSymbolFont)
+    : IsSymbolFont(std::move(isSymbolFont)), Contents(uniformText({}))
+{
+}
+
+// Files
+
+std::optional<QString> TextBoardRTF::LoadFile(const QString &path, FileKind kind)
+{
+    setContents(uniformText({}));
+    QByteArray bytes;
+    if (auto reason = readFile(path, bytes))
+        return reason;
+    if (kind == FileKind::PlainText) {
+        setContents(uniformText(withLineEnds(bytes)));
+        return std::nullopt;
+    }
+    auto contents = readRichText(bytes);
+    if (!contents)
+        return QStringLiteral("Not valid rich text");
+    setContents(std::move(*contents));
+    return std::nullopt;
+}
+
+std::optional<QString> TextBoardRTF::SaveFile(const QString &path, FileKind kind) const
+{
+    // A device or a pipe would be replaced by a file.
+    if (const QFileInfo target(path); target.exists() && !target.isFile())
+        return target.isDir() ? qt_error_string(EISDIR) : notRegular();
+    QSaveFile file(path);
+    const bool isSaved =
+        file.open(QIODevice::WriteOnly) &&
+        file.write(kind == FileKind::PlainText ? Contents.Codes : TextRTF()) >= 0 && file.commit();
+    return isSaved ? std::nullopt : std::optional(file.errorString());
+}
+
+// Text and selection
+
+QString TextBoardRTF::Text() const
+{
+    return CodePage::fromBytes(Contents.Codes);
+}
+
+void TextBoardRTF::setText(const QString &text)
+{
+    setContents(uniformText(codesOf(text)));
+}
+
+void TextBoardRTF::Truncate(qsizetype length)
+{
+    RichText contents = std::exchange(Contents, {});
+    length = snapped(contents.Codes, length);
+    contents.Codes.truncate(length);
+    contents.Formats.truncate(length + 1);
+    contents.Alignments.truncate(length + 1);
+    setContents(std::move(contents));
+}
+
+QByteArray TextBoardRTF::TextRTF() const
+{
+    return writeRichText(Contents);
+}
+
+void TextBoardRTF::setContents(RichText contents)
+{
+    Contents = std::move(contents);
+    Start = 0;
+    Length = 0;
+}
+
+void TextBoardRTF::setSelStart(qsizetype start)
+{
+    Start = snapped(Contents.Codes, start);
+    Length = 0;
+}
+
+void TextBoardRTF::setSelLength(qsizetype length)
+{
+    length = std::clamp(length, qsizetype(0), TextLength() - Start);
+    Length = snapped(Contents.Codes, Start + length) - Start;
+}
+
+QString TextBoardRTF::SelText() const
+{
+    return CodePage::fromBytes(QByteArrayView(Contents.Codes).sliced(Start, Length));
+}
+
+// Attributes of the selection
+
+template<class Property>
+auto TextBoardRTF::common(Property property) const
+{
+    const bool isAtEnd = Start > 0 && Start == TextLength();
+    const qsizetype from = isAtEnd ? Start - 1 : Start;
+    return Contents.Formats.common(from, from + std::max(Length, qsizetype(1)), property);
+}
+
+template<class Change>
+void TextBoardRTF::changeFormats(Change change)
+{
+    // Who changes everything changes the end as well.
+    const bool isWhole = Start == 0 && Length == TextLength();
+    Contents.Formats.change(Start, Start + Length + isWhole, change);
+}
+
+std::optional<QString> TextBoardRTF::SelFontName() const
+{
+    const auto place = common([](const CharacterFormat &format) { return format.Font; });
+    return place ? std::optional(Contents.font(*place).Name) : std::nullopt;
+}
+
+void TextBoardRTF::setSelFontName(const QString &name)
+{
+    const quint32 place = Contents.fontPlace(name, IsSymbolFont && IsSymbolFont(name));
+    changeFormats([place](CharacterFormat &format) { format.Font = place; });
+}
+
+std::optional<double> TextBoardRTF::SelFontSize() const
+{
+    const auto size = common([](const CharacterFormat &format) { return format.HalfPoints; });
+    return size ? std::optional(*size / 2.0) : std::nullopt;
+}
+
+void TextBoardRTF::setSelFontSize(double points)
+{
+    if (!(points > 0))
+        return;
+    const auto size = quint16(std::clamp(std::nearbyint(points * 2), 1.0, double(MaxHalfPoints)));
+    changeFormats([size](CharacterFormat &format) { format.HalfPoints = size; });
+}
+
+std::optional<ColorValue> TextBoardRTF::SelColor() const
+{
+    return common([](const CharacterFormat &format) { return format.Color; });
+}
+
+void TextBoardRTF::setSelColor(ColorValue color)
+{
+    changeFormats([color](CharacterFormat &format) { format.Color = color & 0xFFFFFF; });
+}
+
+std::optional<bool> TextBoardRTF::style(CharacterStyle bit) const
+{
+    return common([bit](const CharacterFormat &format) { return (format.Styles & bit) != 0; });
+}
+
+void TextBoardRTF::setStyle(CharacterStyle bit, bool on)
+{
+    changeFormats([bit, on](CharacterFormat &format) {
+        format.Styles = quint8(on ? format.Styles | bit : format.Styles & ~bit);
+    });
+}
+
+std::optional<int> TextBoardRTF::SelAlignment() const
+{
+    return Contents.Alignments.common(Start, Start + std::max(Length, qsizetype(1)),
+                                      [](ParagraphAlignment alignment) { return int(alignment); });
+}
+
+void TextBoardRTF::setSelAlignment(int alignment)
+{
+    if (alignment < 0 || alignment > 2)
+        return;
+    const QByteArrayView codes = Contents.Codes;
+    const qsizetype from = codes.first(Start).lastIndexOf('\n') + 1;
+    // The last place that is selected: of a selection up to the text's end that is the end.
+    const bool isToEnd = Start + Length == codes.size();
+    const qsizetype last = Length == 0 || isToEnd ? Start + Length : Start + Length - 1;
+    const qsizetype lineEnd = codes.indexOf('\n', last);
+    const qsizetype to = lineEnd < 0 ? codes.size() + 1 : lineEnd + 1;
+    Contents.Alignments.change(from, to, [alignment](ParagraphAlignment &value) {
+        value = ParagraphAlignment(alignment);
+    });
+}
+
+// Search
+
+qsizetype TextBoardRTF::Find(const QString &text, qsizetype start, std::optional<qsizetype> end,
+                             int options)
+{
+    const QString composed = text.normalized(QString::NormalizationForm_C);
+    for (const QChar character : composed)
+        if (!CodePage::toCode(character.unicode()))
+            return -1; // it would match the question mark that stands for it
+    static const CodeTable LowerCases = lowerCases();
+    static const CodeTable AsTheyAre = asTheyAre();
+    const CodeTable &form = options & MatchCase ? AsTheyAre : LowerCases;
+    const auto inForm = [&form](char code) { return form[static_cast<quint8>(code)]; };
+
+    const QByteArray &codes = Contents.Codes;
+    QByteArray pattern = withLineEnds(CodePage::toBytes(composed));
+    std::ranges::transform(pattern, pattern.begin(), inForm);
+    if (pattern.isEmpty())
+        return -1;
+    const std::vector<qsizetype> shorter = borders(pattern);
+    const qsizetype stop = std::min(end.value_or(codes.size()), codes.size());
+    qsizetype matching = 0;
+    for (qsizetype at = std::max(start, qsizetype(0)); at < stop; ++at) {
+        const char code = inForm(codes[at]);
+        while (matching > 0 && pattern[matching] != code)
+            matching = shorter[std::size_t(matching)];
+        matching += pattern[matching] == code;
+        if (matching < pattern.size())
+            continue;
+        const qsizetype found = at + 1 - matching;
+        if (!(options & WholeWord) ||
+            (!isInsideWord(codes, found) && !isInsideWord(codes, at + 1))) {
+            Start = found;
+            Length = matching;
+            return found;
+        }
+        matching = shorter[std::size_t(matching)];
+    }
+    return -1;
+}
