@@ -8,6 +8,7 @@
 #include "platform/ColorValue.h"
 #include "platform/controls/TwipForm.h"
 #include "textboard/RecentFiles.h"
+#include "textboard/TextBoardRTF.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -25,6 +26,7 @@ class QMenu;
 class QToolButton;
 class TextBoard;
 class Toolbar;
+struct ChosenFile;
 
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
@@ -57,8 +59,11 @@ public:
     void SysInfo_DisplayChanged();
     /// The start-up file's path after all checks, or nothing.
     std::optional<QString> GetCommandLine();
-    /// Takes a checked path to where its kind of file is loaded.
-    void RouteStartupFile(const QString &path);
+    /// Takes a checked path to where its kind of file is loaded. A kind that is not the program's
+    /// is told under this title, without the product's name.
+    void RouteFile(const QString &path, const QString &title);
+    /// Loads the file as one given at start, with the same checks.
+    void OpenDroppedFile(const QString &path);
     void CaptureDesignLayout();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
@@ -273,6 +278,8 @@ public:
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 
     void TextBoard_Change();
+    /// The commands that need text on the board.
+    void EnableTextCommands(bool On);
     void UpdateProgressBar();
     void SyncEditCommands();
     void ApplyTextBoardSettings();
@@ -282,8 +289,44 @@ public:
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
     bool FindHasFocus = false;
+
+    // ---- textboard/TextFiles.cpp: loading and saving the board's text
+
+    void FileLoad_Click();
+    /// An empty path asks for the file. A caller that gives a path has put it into PendingFilePath
+    /// and its name into PendingFileTitle. From the first question on, what is said to the user is
+    /// the only result.
+    void LoadTextFile(const QString &Path);
+    /// False if the text of this very path is on the board and the user keeps it.
+    bool CheckAlreadyLoaded(const QString &Path);
+    /// Brings board and controls into line with what TextBoardRTF holds.
+    void ApplyLoadedFont();
+    void FileSave_Click();
+    /// Text and format of the board go to TextBoardRTF: all of the text, or what is selected.
+    void PrepareRTFBuffer(bool Whole);
+    /// Font, size, styles, colour and alignment of the settings come back.
+    void RestoreTextBoardDefaults();
+
+    ::TextBoardRTF TextBoardRTF; ///< where text stands on its way to and from files
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+
+    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
+
+    /// What one of the two lists has of its own.
+    struct RecentList;
+
+    void ReadMRULists();
+    void WriteMRULists();
+    /// Enters a whole path at the top, and makes its folder the one to load from.
+    void AddFileToMRU(const QString &Path);
+    void AddMapToMRU(const QString &Path);
+    /// Loads the file of a row, counted from 1.
+    void FileMRU_Click(int Index);
+    void CFMRU_Click(int Index);
+    /// Runs as the drop-down of the button Load opens.
+    void FillLoadMenu();
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -318,6 +361,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     template<class Widget, class... Arguments>
@@ -343,6 +388,21 @@ private:
     double LowestSplit() const;
     void SizeMapContainers();
     void CopyButtonStates(const char *Menu);
+    bool MayDiscardText();
+    bool AskForTextFile();
+    bool ReadPendingFile();
+    bool TakeFontOfFile();
+    void ShowLoadedText();
+    void TakeColorOfFile();
+    void LimitSizeOfFile();
+    void TakeFormatOfFile();
+    bool MayOverwriteSettings(const QString &path);
+    std::optional<QString> WriteTextFile(const ChosenFile &file);
+    void ShowFileInTitle(bool partially);
+    QAction *RecentItem(const RecentList &list, int index) const;
+    void ShowRecentList(const RecentList &list);
+    void AddToRecentList(const RecentList &list, const QString &path);
+    void LoadRecent(const RecentList &list, int index);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();

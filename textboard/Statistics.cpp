@@ -38,8 +38,13 @@ void Zendova::TextBoard_Change()
     PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
     UpdateProgressBar();
     TextChanged = true;
+    EnableTextCommands(n > 0);
+}
+
+void Zendova::EnableTextCommands(bool On)
+{
     for (const auto &[bar, key] : TextCommands)
-        EnableButton(this->*bar, key, n > 0);
+        EnableButton(this->*bar, key, On);
 }
 
 void Zendova::UpdateProgressBar()
