@@ -11,12 +11,18 @@
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
+#include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
 #include <QSlider>
 #include <algorithm>
 #include <span>
@@ -74,6 +80,14 @@ constexpr ControlRow Controls[] = {
     {"KSLabel", "CVAContainer", {30, 1185, 975, 240}},
     {"KS", "CVAContainer", {1065, 1185, 945, 240}},
     {"TextBoard", "Client", {2145, 735, 9375, 3405}},
+    {"FindFrame", "Client", {2175, 3765, 9345, 345}},
+    {"FindStrLabel", "FindFrame", {60, 45, 390, 210}},
+    {"FindString", "FindFrame", {555, 0, 2730, 345}},
+    {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},
+    {"ClearFindButton", "FindFrame", {4455, 15, 990, 315}},
+    {"FindOpt0", "FindFrame", {5535, 15, 1335, 315}},
+    {"FindOpt1", "FindFrame", {6975, 15, 1335, 315}},
+    {"CloseFindButton", "FindFrame", {8355, 15, 990, 315}},
     {"SplitBar", "Client", {105, 4140, 11370, 30}, "Pull FontMap Up/Down"},
     {"FMapContainer", "Client", {90, 4170, 11415, 3690}},
     {"CharButton", "FMapContainer", {0, 0, 11415, 3690}},
@@ -217,6 +231,7 @@ void Zendova::CreateControls()
                          .builtInItalic = catalog.builtInItalic(name)};
     });
     Adopt(TextBoard, "TextBoard");
+    CreateFindBar();
 
     auto *split = Make<QFrame>("SplitBar");
     split->setFrameStyle(QFrame::HLine | QFrame::Raised);
@@ -242,6 +257,32 @@ void Zendova::CreateControls()
         panels->addWidget(panel);
     }
     ConnectControls();
+}
+
+void Zendova::CreateFindBar()
+{
+    FindFrame = Make<QWidget>("FindFrame");
+    FindFrame->hide();
+    QLabel *label = MakeLabel("FindStrLabel", "Find:", Qt::AlignLeft);
+    FindString = Make<FindBox>("FindString");
+    FindString->setToolTip("Enter a serch string");
+    FindString->setAccessibleName("Find");
+    label->setBuddy(FindString);
+    const auto makeButton = [this](const char *name, const char *caption, const char *toolTip) {
+        auto *button = Make<QPushButton>(name, caption);
+        button->setToolTip(toolTip);
+        button->setAutoDefault(true); // takes Enter while it has the focus
+        return button;
+    };
+    FindNextButton = makeButton("FindNextButton", "Find Next", "Find the next occurance");
+    ClearFindButton = makeButton("ClearFindButton", "Clear", "Clear search field");
+    ClearFindButton->setFocusPolicy(Qt::NoFocus);
+    CloseFindButton = makeButton("CloseFindButton", "Close", "Close Find bar");
+    FindOpt[0] = Make<QCheckBox>("FindOpt0", "Whole Word");
+    FindOpt[0]->setToolTip("Check to search as whole word");
+    FindOpt[1] = Make<QCheckBox>("FindOpt1", "Match Case");
+    FindOpt[1]->setToolTip("Check for a case-sensitive search");
+    FindString_Change();
 }
 
 void Zendova::CreateViews()
@@ -317,5 +358,19 @@ void Zendova::ConnectControls()
     connect(TextBoard, &::TextBoard::Change, this, &Zendova::TextBoard_Change);
     connect(TextBoard, &::TextBoard::KeyUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::MouseUp, this, &Zendova::SyncEditCommands);
+    connect(TextBoard, &::TextBoard::copyAvailable, this, &Zendova::SyncEditCommands);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &Zendova::SyncEditCommands);
+    connect(FindString, &FindBox::textChanged, this, &Zendova::FindString_Change);
+    connect(FindString, &FindBox::returnPressed, FindNextButton, &QPushButton::click);
+    connect(FindNextButton, &QPushButton::clicked, this, &Zendova::FindNextButton_Click);
+    connect(ClearFindButton, &QPushButton::clicked, this, &Zendova::ClearFindButton_Click);
+    connect(CloseFindButton, &QPushButton::clicked, this, &Zendova::CloseFindButton_Click);
+    auto *escape = new QShortcut(Qt::Key_Escape, FindFrame);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &Zendova::CloseFindButton_Click);
+    // The box keeps its claim on the characters while another window or a menu is in front.
+    connect(qApp, &QApplication::focusChanged, this,
+            [this] { FindHasFocus = focusWidget() == FindString; });
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }

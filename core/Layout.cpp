@@ -111,6 +111,7 @@ void Zendova::Form_Resize()
                       OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * TwipsX);
         Form.setWidth(CoolBarTB, Form.width(TextBoard));
         Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
+        StretchFindBar();
     }
     if (FirstActivate)
         Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
@@ -129,6 +130,7 @@ void Zendova::SetViewsSide(const QString &Side)
     Form.setLeft(TextBoard, boardLeft);
     Form.setLeft(ViewsContainer,
                  left ? 7 * TwipsX : boardLeft + Form.width(TextBoard) + 2 * TwipsX);
+    Form.setLeft(FindFrame, boardLeft + 2 * TwipsX);
 }
 
 void Zendova::PutViews(const QString &Side)
@@ -162,6 +164,7 @@ void Zendova::MoveSplit(double target)
 {
     const double delta = std::round(target - Form.top(SplitBar));
     Form.setHeight(TextBoard, Form.height(TextBoard) + delta);
+    PlaceFindBar();
     Form.setTop(FMapContainer, Form.top(FMapContainer) + delta);
     Form.setTop(LLVContainer, Form.top(LLVContainer) + delta);
     Form.setTop(StatBar, Form.top(StatBar) + delta);

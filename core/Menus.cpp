@@ -19,14 +19,21 @@ namespace {
 using Command = void (Zendova::*)();
 
 /// A Toggle is all there is to its command: whoever needs the state reads the check mark.
-enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7, Hidden = 8 };
+enum ItemFlag {
+    Plain = 0,
+    Checkable = 1,
+    CheckedAtDesign = 3,
+    Toggle = 7,
+    Disabled = 8,
+    Hidden = 16
+};
 
 struct MenuRow
 {
     int Depth; ///< 0 for a menu of the bar; a row is a submenu if the next one is deeper
     const char *Name;
     const char *Caption;
-    const char *Key = "";
+    const char *Key = "";      ///< several are parted by "; ", and the menu shows the first
     Command Handler = nullptr; ///< for a menu: what runs as it opens
     QAction *Zendova::*Item = nullptr;
     int Flags = Plain;
@@ -55,15 +62,18 @@ constexpr MenuRow Rows[] = {
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
 
     {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
-    {1, "EditCut", "Cu&t", "Ctrl+X"},
-    {1, "EditCopy", "&Copy", "Ctrl+C"},
-    {1, "EditPaste", "&Paste", "Ctrl+V"},
-    {1, "EditDelete", "&Delete", "Ctrl+D"},
+    {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del", &Zendova::EditCut_Click},
+    {1, "EditCopy", "&Copy", "Ctrl+C; Ctrl+Ins", &Zendova::EditCopy_Click},
+    {1, "EditPaste", "&Paste", "Ctrl+V; Shift+Ins", &Zendova::EditPaste_Click},
+    {1, "EditDelete", "&Delete", "Ctrl+D", &Zendova::EditDelete_Click, &Zendova::EditDelete},
     {1, "EditSep1", Line},
-    {1, "EditSelectAll", "Select &All", "Ctrl+A"},
+    {1, "EditSelectAll", "Select &All", "Ctrl+A", &Zendova::EditSelectAll_Click,
+     &Zendova::EditSelectAll},
     {1, "EditSep2", Line},
-    {1, "EditFind", "&Find...", "Ctrl+F", nullptr, nullptr, Checkable},
-    {1, "EditFindAgain", "Find A&gain", "F3"},
+    {1, "EditFind", "&Find...", "Ctrl+F", &Zendova::EditFind_Click, &Zendova::EditFind,
+     Checkable | Disabled},
+    {1, "EditFindAgain", "Find A&gain", "F3", &Zendova::EditFindAgain_Click,
+     &Zendova::EditFindAgain, Disabled},
 
     {0, "ItemView", "&Views", "", &Zendova::ItemView_Click},
     {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom,
@@ -110,11 +120,11 @@ constexpr MenuRow Rows[] = {
      CheckedAtDesign},
 
     {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click},
-    {1, "ToolsCopy", "&Copy TextBoard to Clipboard"},
-    {1, "ToolsCut", "Cu&t TextBoard to Clipboard"},
+    {1, "ToolsCopy", "&Copy TextBoard to Clipboard", "", &Zendova::ToolsCopy_Click},
+    {1, "ToolsCut", "Cu&t TextBoard to Clipboard", "", &Zendova::ToolsCut_Click},
     {1, "ToolsFS", "&View TextBoard Full Screen..."},
     {1, "ToolsPrint", "&Print TextBoard Contents..."},
-    {1, "ToolsClear", "&Unload TextBoard Contents"},
+    {1, "ToolsClear", "&Unload TextBoard Contents", "", &Zendova::ToolsClear_Click},
     {1, "ToolsSep1", Line},
     {1, "ToolsFB", "&Browse Fonts..."},
     {1, "ToolsKB", "View &Keyboard Layout..."},
@@ -231,10 +241,10 @@ void Zendova::CreateMenus()
             continue;
         QAction *item = parent->addAction(row.Caption);
         item->setObjectName(row.Name);
-        item->setShortcut(QKeySequence(row.Key));
+        item->setShortcuts(QKeySequence::listFromString(row.Key));
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-        item->setEnabled(row.Handler || row.Flags == Toggle);
+        item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)

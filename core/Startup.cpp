@@ -17,12 +17,13 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMimeData>
 #include <QUrl>
 #include <QWindow>
-#include <algorithm>
 #include <cmath>
 
 Zendova *Zendova::Shared = nullptr;
@@ -30,8 +31,6 @@ Zendova *Zendova::Shared = nullptr;
 namespace {
 
 constexpr int LeastScreenWidth = 800; // pixels
-
-constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
 
 void showScreenMessage()
 {
@@ -41,14 +40,6 @@ void showScreenMessage()
             "Please change your screen resolution and/or\r"
             "font size accordingly and try again.",
             "OK", ProductName + " Resource Initilalization Error", false, 1);
-}
-
-bool isSymbolFont(const QString &name)
-{
-    constexpr int symbolCharSet = 2;
-    return std::ranges::any_of(FontLF, [&](const LogicalFont &font) {
-        return font.lfFaceName == name && font.lfCharSet == symbolCharSet;
-    });
 }
 
 /// What a file's name must end in, compared in capitals; no dot is asked for.
@@ -91,7 +82,6 @@ Zendova::Zendova(QString commandTail)
     : TextFiles(u"MRU", 9)
     , MapFiles(u"CFMRU", 5)
     , Form(SysInfo::current().scale())
-    , TextBoardRTF(isSymbolFont)
     , CommandTail(std::move(commandTail))
 {
     Q_ASSERT(!Shared);
@@ -107,6 +97,7 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
+    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }
@@ -223,6 +214,13 @@ bool Zendova::event(QEvent *event)
         break;
     case QEvent::WindowActivate:
         Form_Activate();
+        break;
+    case QEvent::ShortcutOverride:
+        // A key may be a command's: it meets the state of now, not that of the menu's last opening.
+        if (static_cast<const QKeyEvent *>(event)->modifiers()) {
+            ItemFile_Click();
+            ItemEdit_Click();
+        }
         break;
     default:
         break;

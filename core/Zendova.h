@@ -17,12 +17,15 @@
 
 class BandBar;
 class CharCells;
+class FindBox;
 class FontCombo;
 class NumberSlider;
 class QAction;
+class QCheckBox;
 class QFrame;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QToolButton;
 class TextBoard;
 class Toolbar;
@@ -73,6 +76,7 @@ public:
     bool RepairRan = false;
     bool DefaultsApplied = false; ///< the store was just created or repaired
     bool DisplayEventSeen = false;
+    static constexpr const char *VersionSuffix = " Version 3.0.0 RC2"; ///< of the title
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
 
@@ -118,6 +122,10 @@ public:
     QLabel *ProgressFore = nullptr;
     QLabel *PercFilled = nullptr;
     ::TextBoard *TextBoard = nullptr;
+    QWidget *FindFrame = nullptr;
+    FindBox *FindString = nullptr;
+    QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
+    std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
     QWidget *SplitBar = nullptr;
     QWidget *FMapContainer = nullptr;
     BandBar *clbFontMap = nullptr;
@@ -183,6 +191,8 @@ public:
 
     QMenu *FormatFM = nullptr;
     QAction *FileExit = nullptr;
+    QAction *EditDelete = nullptr, *EditSelectAll = nullptr;
+    QAction *EditFind = nullptr, *EditFindAgain = nullptr;
     QAction *ViewZoom = nullptr, *ViewCode = nullptr, *ViewKS = nullptr, *ViewAll = nullptr;
     QAction *FormatFont = nullptr;
     QAction *FFontBold = nullptr, *FFontItalic = nullptr;
@@ -288,7 +298,6 @@ public:
     int TBLimit = 0;
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
-    bool FindHasFocus = false;
 
     // ---- textboard/TextFiles.cpp: loading and saving the board's text
 
@@ -302,12 +311,7 @@ public:
     /// Brings board and controls into line with what TextBoardRTF holds.
     void ApplyLoadedFont();
     void FileSave_Click();
-    /// Text and format of the board go to TextBoardRTF: all of the text, or what is selected.
-    void PrepareRTFBuffer(bool Whole);
-    /// Font, size, styles, colour and alignment of the settings come back.
-    void RestoreTextBoardDefaults();
 
-    ::TextBoardRTF TextBoardRTF; ///< where text stands on its way to and from files
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
     bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
@@ -327,6 +331,43 @@ public:
     void CFMRU_Click(int Index);
     /// Runs as the drop-down of the button Load opens.
     void FillLoadMenu();
+
+    // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
+
+    void EditCut_Click();
+    void EditCopy_Click();
+    void EditPaste_Click();
+    void EditDelete_Click();
+    void EditSelectAll_Click();
+    void ToolsCopy_Click();
+    void ToolsCut_Click();
+    void ToolsClear_Click();
+    /// Puts the whole board on the clipboard, as plain text and as rich text.
+    void CopyBoardToClipboard();
+    /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
+    void PrepareRTFBuffer(bool Whole);
+    /// Takes font, size, styles, alignment and colour from the settings again.
+    void RestoreTextBoardDefaults();
+    static bool IsSymbolFont(const QString &Name);
+
+    ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
+
+    // ---- textboard/FindBar.cpp: the find bar and the search
+
+    /// 1 opens the bar or fills it anew; any other value closes it.
+    void ShowFindBar(int Value);
+    /// Searches the board for FindText, from behind the caret or the start of the selection.
+    void FindInBoard();
+    void EditFind_Click();
+    void EditFindAgain_Click();
+    void FindNextButton_Click();
+    void ClearFindButton_Click();
+    void CloseFindButton_Click();
+    void FindString_Change();
+
+    QString FindText;          ///< of the last search
+    bool FindHasFocus = false; ///< characters of the map go to FindString
+    double FindRoom = 0;       ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -378,6 +419,7 @@ private:
     };
     NumberSlider *MakeNumberSlider(const NumberSliderNames &names, int least, int most,
                                    bool badTextCountsZero);
+    void CreateFindBar();
     void CreateViews();
     void CreateMap();
     void ConnectControls();
@@ -387,6 +429,11 @@ private:
     void MoveSplit(double target);
     double LowestSplit() const;
     void SizeMapContainers();
+    void CloseFindBar();
+    void PlaceFindBar();
+    void StretchFindBar();
+    void EmptyBoard();
+    bool MayUnload();
     void CopyButtonStates(const char *Menu);
     bool MayDiscardText();
     bool AskForTextFile();

@@ -80,8 +80,7 @@ void Zendova::LoadTextFile(const QString &Path)
 {
     if (!MayDiscardText() || (Path.isEmpty() && !AskForTextFile()))
         return;
-    TextBoard->setText({});
-    TextBoardRTF.setText({});
+    EmptyBoard();
     LoadedFilePath.clear();
     LoadedFileTitle.clear();
     try {
@@ -320,27 +319,4 @@ std::optional<QString> Zendova::WriteTextFile(const ChosenFile &file)
     }
     PrepareRTFBuffer(true);
     return TextBoardRTF.SaveFile(file.FileName, FileKind::RichText);
-}
-
-void Zendova::PrepareRTFBuffer(bool Whole)
-{
-    TextBoardRTF.setText(Whole ? TextBoard->Text() : TextBoard->SelText());
-    selectAll(TextBoardRTF);
-    TextBoardRTF.setSelFontName(TextBoard->FontName());
-    TextBoardRTF.setSelFontSize(TextBoard->FontSize());
-    TextBoardRTF.setSelBold(TextBoard->FontBold());
-    TextBoardRTF.setSelItalic(TextBoard->FontItalic());
-    TextBoardRTF.setSelUnderline(TextBoard->FontUnderline());
-    TextBoardRTF.setSelStrikeThru(TextBoard->FontStrikethru());
-    TextBoardRTF.setSelColor(FromColor(TextBoard->ForeColor()));
-    TextBoardRTF.setSelAlignment(TextBoard->Alignment());
-}
-
-void Zendova::RestoreTextBoardDefaults()
-{
-    ReadTextBoardDefaults();
-    ApplyTextBoardSettings();
-    TBFontIndex = FindCurrentFontIndex();
-    FontNameCombo->SelectItem(TBFontIndex);
-    ApplyFontToAll();
 }

@@ -87,8 +87,9 @@ struct FileOffer
     QString Filter;      ///< "text|pattern|text|pattern...": kinds of files, in any case of letters
     int FilterIndex = 1; ///< the kind that is offered first, from 1
     int Flags = 0;
-    QString InitDir;  ///< the documents folder stands in for one that isn't there
-    QString FileName{}; ///< offered name, whose folder, if it has one, comes before InitDir; or empty
+    QString InitDir; ///< the documents folder stands in for one that isn't there
+    QString
+        FileName{}; ///< offered name, whose folder, if it has one, comes before InitDir; or empty
 };
 
 struct ChosenFile
