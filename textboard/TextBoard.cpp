@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -293,6 +294,14 @@ void TextBoard::dropEvent(QDropEvent *event)
         event->setDropAction(copies ? Qt::CopyAction : Qt::IgnoreAction);
         event->accept();
     }
+}
+
+bool TextBoard::canInsertFromMimeData(const QMimeData *source) const
+{
+    // A file is no text: what is done with one that is dropped here is the owner's affair.
+    const QList<QUrl> urls = source->urls();
+    return std::ranges::none_of(urls, &QUrl::isLocalFile) &&
+           QPlainTextEdit::canInsertFromMimeData(source);
 }
 
 void TextBoard::insertFromMimeData(const QMimeData *source)
