@@ -38,6 +38,8 @@ struct MenuRow
     Command Handler = nullptr; ///< for a menu: what runs as it opens
     QAction *Zendova::*Item = nullptr;
     int Flags = Plain;
+    int Elements = 0; ///< for an array of items, which are "Name1", "Name2", ...
+    void (Zendova::*ElementHandler)(int) = nullptr; ///< takes the number of the item
 };
 
 constexpr const char *Line = "-";
@@ -45,14 +47,18 @@ constexpr const char *Line = "-";
 constexpr MenuRow Rows[] = {
     {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click},
     {1, "FileTF", "&Text File"},
-    {2, "FileLoad", "&Load Text from File...", "Ctrl+L"},
-    {2, "FileSave", "&Save Text in File...", "Ctrl+S"},
+    {2, "FileLoad", "&Load Text from File...", "Ctrl+L", &Zendova::FileLoad_Click},
+    {2, "FileSave", "&Save Text in File...", "Ctrl+S", &Zendova::FileSave_Click},
+    {2, "FileSep3", Line, "", nullptr, nullptr, Hidden},
+    {2, "FileMRU", "", "", nullptr, nullptr, Hidden, 9, &Zendova::FileMRU_Click},
     {1, "FileSep1", Line},
     {1, "FileCFM", "Custom Font&Map"},
     {2, "FileCFMLoad", "&Load..."},
     {2, "FileCFMNew", "&New..."},
     {2, "FileCFMEdit", "&Edit..."},
     {2, "FileCFMUnld", "&Unload"},
+    {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},
+    {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 5, &Zendova::CFMRU_Click},
     {1, "FileSep4", Line},
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
 
@@ -222,9 +228,20 @@ void Zendova::CreateMenus()
             continue;
         }
         if (row.Caption == Line) {
-            parent->addSeparator()->setObjectName(row.Name);
+            QAction *line = parent->addSeparator();
+            line->setObjectName(row.Name);
+            line->setVisible(!(row.Flags & Hidden));
             continue;
         }
+        for (int element = 1; element <= row.Elements; ++element) {
+            QAction *item = parent->addAction(row.Caption);
+            item->setObjectName(row.Name + QString::number(element));
+            item->setVisible(!(row.Flags & Hidden));
+            connect(item, &QAction::triggered, this,
+                    [this, element, handler = row.ElementHandler] { (this->*handler)(element); });
+        }
+        if (row.Elements > 0)
+            continue;
         QAction *item = parent->addAction(row.Caption);
         item->setObjectName(row.Name);
         item->setShortcuts(QKeySequence::listFromString(row.Key));

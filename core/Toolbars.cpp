@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QLayout>
+#include <QMenu>
 
 namespace {
 
@@ -24,14 +25,17 @@ struct ButtonRow
     const char *Tag;
     Kind ButtonKind = Kind::Push;
     Command Action = nullptr;
+    Command FillMenu = nullptr; ///< for a drop-down: runs each time before it opens
 };
 
 constexpr auto Check = Kind::Check;
 constexpr auto Push = Kind::Push;
 
 const ButtonRow Buttons[] = {
-    {&Zendova::LoadSaveTB, "Load", "Load", "Load Text from File"},
-    {&Zendova::LoadSaveTB, "Save", "Save", "Save Text in File"},
+    {&Zendova::LoadSaveTB, "Load", "Load", "Load Text from File", Kind::DropDown,
+     [](Zendova &z) { z.FileLoad_Click(); }, [](Zendova &z) { z.FillLoadMenu(); }},
+    {&Zendova::LoadSaveTB, "Save", "Save", "Save Text in File", Push,
+     [](Zendova &z) { z.FileSave_Click(); }},
     {&Zendova::ZndvDefTB, "Opt", "Opt", "Set Default Options"},
     {&Zendova::ZndvDefTB, "KB", "KB", "View Keyboard Layout"},
     {&Zendova::ZndvDefTB, "FB", "FB", "Browse Fonts"},
@@ -163,7 +167,11 @@ void Zendova::CreateToolbars()
         if (row.Action)
             connect(button, &QToolButton::clicked, this,
                     [this, action = row.Action] { action(*this); });
+        if (row.FillMenu)
+            connect(button->menu(), &QMenu::aboutToShow, this,
+                    [this, fill = row.FillMenu] { fill(*this); });
     }
+    EnableTextCommands(false);
 }
 
 void Zendova::FillMapToolbars()

@@ -32,6 +32,7 @@ class QPushButton;
 class QToolButton;
 class TextBoard;
 class Toolbar;
+struct ChosenFile;
 
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
@@ -64,8 +65,11 @@ public:
     void SysInfo_DisplayChanged();
     /// The start-up file's path after all checks, or nothing.
     std::optional<QString> GetCommandLine();
-    /// Takes a checked path to where its kind of file is loaded.
-    void RouteStartupFile(const QString &path);
+    /// Takes a checked path to where its kind of file is loaded. A kind that is not the program's
+    /// is told under this title, without the product's name.
+    void RouteFile(const QString &path, const QString &title);
+    /// Loads the file as one given at start, with the same checks.
+    void OpenDroppedFile(const QString &path);
     void CaptureDesignLayout();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
@@ -316,6 +320,8 @@ public:
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 
     void TextBoard_Change();
+    /// The commands that need text on the board.
+    void EnableTextCommands(bool On);
     void UpdateProgressBar();
     void SyncEditCommands();
     void ApplyTextBoardSettings();
@@ -324,8 +330,39 @@ public:
     int TBLimit = 0;
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
+
+    // ---- textboard/TextFiles.cpp: loading and saving the board's text
+
+    void FileLoad_Click();
+    /// An empty path asks for the file. A caller that gives a path has put it into PendingFilePath
+    /// and its name into PendingFileTitle. From the first question on, what is said to the user is
+    /// the only result.
+    void LoadTextFile(const QString &Path);
+    /// False if the text of this very path is on the board and the user keeps it.
+    bool CheckAlreadyLoaded(const QString &Path);
+    /// Brings board and controls into line with what TextBoardRTF holds.
+    void ApplyLoadedFont();
+    void FileSave_Click();
+
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+
+    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
+
+    /// What one of the two lists has of its own.
+    struct RecentList;
+
+    void ReadMRULists();
+    void WriteMRULists();
+    /// Enters a whole path at the top, and makes its folder the one to load from.
+    void AddFileToMRU(const QString &Path);
+    void AddMapToMRU(const QString &Path);
+    /// Loads the file of a row, counted from 1.
+    void FileMRU_Click(int Index);
+    void CFMRU_Click(int Index);
+    /// Runs as the drop-down of the button Load opens.
+    void FillLoadMenu();
 
     // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
 
@@ -397,6 +434,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     template<class Widget, class... Arguments>
@@ -431,6 +470,21 @@ private:
     void EmptyBoard();
     bool MayUnload();
     void CopyButtonStates(const char *Menu);
+    bool MayDiscardText();
+    bool AskForTextFile();
+    bool ReadPendingFile();
+    bool TakeFontOfFile();
+    void ShowLoadedText();
+    void TakeColorOfFile();
+    void LimitSizeOfFile();
+    void TakeFormatOfFile();
+    bool MayOverwriteSettings(const QString &path);
+    std::optional<QString> WriteTextFile(const ChosenFile &file);
+    void ShowFileInTitle(bool partially);
+    QAction *RecentItem(const RecentList &list, int index) const;
+    void ShowRecentList(const RecentList &list);
+    void AddToRecentList(const RecentList &list, const QString &path);
+    void LoadRecent(const RecentList &list, int index);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();

@@ -5,11 +5,13 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QMenu>
 
 namespace {
 
 constexpr int ButtonSide = 22; // pixels: a picture of 16 and its frame
 constexpr int PictureSide = 16;
+constexpr int ArrowWidth = 14; // pixels
 
 } // namespace
 
@@ -30,6 +32,11 @@ QToolButton *Toolbar::addButton(const QString &key, Kind kind)
     button->setCheckable(kind == Kind::Check);
     button->setIconSize(QSize(PictureSide, PictureSide));
     button->setFixedSize(ButtonSide, ButtonSide);
+    if (kind == Kind::DropDown) {
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+        button->setMenu(new QMenu(button));
+        button->setFixedWidth(ButtonSide + ArrowWidth);
+    }
     Row->insertWidget(Row->count() - 1, button);
     Buttons.insert(key, button);
     return button;
