@@ -9,9 +9,11 @@
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
+#include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -77,12 +79,44 @@ void mapSizeJump(benchmark::State &state)
     }
 }
 
+/// From the click on the button to the selected hit, over the whole board.
+void search(benchmark::State &state)
+{
+    const QString needle = "needle";
+    fillBoard();
+    window->TextBoard->setSelStart(TextBoard::MaxLength() - static_cast<int>(needle.size()));
+    window->TextBoard->setSelLength(static_cast<int>(needle.size()));
+    window->TextBoard->setSelText(needle);
+    window->ShowFindBar(1);
+    window->FindString->setText(needle);
+    for ([[maybe_unused]] auto unused : state) {
+        state.PauseTiming();
+        window->TextBoard->setSelStart(0);
+        paint();
+        state.ResumeTiming();
+        window->FindNextButton->click();
+    }
+    if (window->TextBoard->SelText() != needle)
+        state.SkipWithError("not found");
+    window->CloseFindButton_Click();
+}
+
+/// The whole board to the clipboard in both formats.
+void copyBoard(benchmark::State &state)
+{
+    fillBoard();
+    for ([[maybe_unused]] auto unused : state)
+        window->CopyBoardToClipboard();
+}
+
 } // namespace
 
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(hover)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK(search)->Unit(benchmark::kMillisecond);
+BENCHMARK(copyBoard)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char *argv[])
 {

@@ -17,7 +17,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
@@ -68,12 +67,12 @@ Zendova::Zendova(QString commandTail)
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     CreateControls();
     CreateMenus();
+    EnableTextCommands();
     SetFormSize(OuterWidth, OuterHeight);
 }
 
 Zendova::~Zendova()
 {
-    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }

@@ -40,12 +40,18 @@ void Zendova::TextBoard_Change()
     PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
     UpdateProgressBar();
     TextChanged = true;
-    for (const auto &[bar, key] : TextCommands)
-        EnableButton(this->*bar, key, n > 0);
-    EditFind->setEnabled(n > 0);
-    EditSelectAll->setEnabled(n > 0);
+    EnableTextCommands();
     if (n == 0 && !FindFrame->isHidden())
         CloseFindButton_Click();
+}
+
+void Zendova::EnableTextCommands()
+{
+    const bool holdsText = TextBoard->TextLength() > 0;
+    for (const auto &[bar, key] : TextCommands)
+        EnableButton(this->*bar, key, holdsText);
+    EditFind->setEnabled(holdsText);
+    EditSelectAll->setEnabled(holdsText);
 }
 
 void Zendova::UpdateProgressBar()
