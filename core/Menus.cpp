@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 #include <array>
 
@@ -19,7 +20,14 @@ namespace {
 using Command = void (Zendova::*)();
 
 /// A Toggle is all there is to its command: whoever needs the state reads the check mark.
-enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7, Disabled = 8 };
+enum ItemFlag {
+    Plain = 0,
+    Checkable = 1,
+    CheckedAtDesign = 3,
+    Toggle = 7,
+    Hidden = 8,
+    Disabled = 16
+};
 
 struct MenuRow
 {
@@ -30,6 +38,8 @@ struct MenuRow
     Command Handler = nullptr; ///< for a menu: what runs as it opens
     QAction *Zendova::*Item = nullptr;
     int Flags = Plain;
+    int Elements = 0; ///< for an array of items, which are "Name1", "Name2", ...
+    void (Zendova::*ElementHandler)(int) = nullptr; ///< takes the number of the item
 };
 
 constexpr const char *Line = "-";
@@ -37,14 +47,18 @@ constexpr const char *Line = "-";
 constexpr MenuRow Rows[] = {
     {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click},
     {1, "FileTF", "&Text File"},
-    {2, "FileLoad", "&Load Text from File...", "Ctrl+L"},
-    {2, "FileSave", "&Save Text in File...", "Ctrl+S"},
+    {2, "FileLoad", "&Load Text from File...", "Ctrl+L", &Zendova::FileLoad_Click},
+    {2, "FileSave", "&Save Text in File...", "Ctrl+S", &Zendova::FileSave_Click},
+    {2, "FileSep3", Line, "", nullptr, nullptr, Hidden},
+    {2, "FileMRU", "", "", nullptr, nullptr, Hidden, 9, &Zendova::FileMRU_Click},
     {1, "FileSep1", Line},
     {1, "FileCFM", "Custom Font&Map"},
     {2, "FileCFMLoad", "&Load..."},
     {2, "FileCFMNew", "&New..."},
     {2, "FileCFMEdit", "&Edit..."},
     {2, "FileCFMUnld", "&Unload"},
+    {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},
+    {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 5, &Zendova::CFMRU_Click},
     {1, "FileSep4", Line},
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
 
@@ -142,13 +156,15 @@ constexpr MenuRow Rows[] = {
      CheckedAtDesign},
 
     {0, "ItemHelp", "&Help"},
-    {1, "HelpReadme", "Open &Readme File"},
+    {1, "HelpContents", "&Contents...", "", &Zendova::HelpContents_Click, &Zendova::HelpContents,
+     Hidden},
+    {1, "HelpReadme", "Open &Readme File", "", &Zendova::HelpReadme_Click},
     {1, "HelpSep1", Line},
-    {1, "HelpCheckUpd", "Check for &Updates..."},
-    {1, "HelpVisit", "Visit Zendova &Home Page..."},
-    {1, "HelpFeedback", "&E-Mail Zendova Feedback..."},
+    {1, "HelpCheckUpd", "Check for &Updates...", "", &Zendova::HelpCheckUpd_Click},
+    {1, "HelpVisit", "Visit Zendova &Home Page...", "", &Zendova::HelpVisit_Click},
+    {1, "HelpFeedback", "&E-Mail Zendova Feedback...", "", &Zendova::HelpFeedback_Click},
     {1, "HelpSep2", Line},
-    {1, "HelpAbout", "&About..."},
+    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click},
 };
 
 enum class State { Enabled, Checked };
@@ -212,21 +228,38 @@ void Zendova::CreateMenus()
             continue;
         }
         if (row.Caption == Line) {
-            parent->addSeparator()->setObjectName(row.Name);
+            QAction *line = parent->addSeparator();
+            line->setObjectName(row.Name);
+            line->setVisible(!(row.Flags & Hidden));
             continue;
         }
+        for (int element = 1; element <= row.Elements; ++element) {
+            QAction *item = parent->addAction(row.Caption);
+            item->setObjectName(row.Name + QString::number(element));
+            item->setVisible(!(row.Flags & Hidden));
+            connect(item, &QAction::triggered, this,
+                    [this, element, handler = row.ElementHandler] { (this->*handler)(element); });
+        }
+        if (row.Elements > 0)
+            continue;
         QAction *item = parent->addAction(row.Caption);
         item->setObjectName(row.Name);
         item->setShortcuts(QKeySequence::listFromString(row.Key));
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
         item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
+        item->setVisible(!(row.Flags & Hidden));
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)
             this->*row.Item = item;
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
+    // The key that opens the help everywhere; the menu does not show it.
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] {
+        if (HelpContents->isVisible())
+            HelpContents_Click();
+    });
 }
 
 void Zendova::CopyButtonStates(const char *Menu)

@@ -13,14 +13,17 @@
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <memory>
 #include <optional>
 
 class BandBar;
 class CharCells;
 class FindBox;
 class FontCombo;
+class KeyboardLocks;
 class NumberSlider;
 class QAction;
+class QContextMenuEvent;
 class QCheckBox;
 class QFrame;
 class QLabel;
@@ -29,6 +32,7 @@ class QPushButton;
 class QToolButton;
 class TextBoard;
 class Toolbar;
+struct ChosenFile;
 
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
@@ -61,8 +65,11 @@ public:
     void SysInfo_DisplayChanged();
     /// The start-up file's path after all checks, or nothing.
     std::optional<QString> GetCommandLine();
-    /// Takes a checked path to where its kind of file is loaded.
-    void RouteStartupFile(const QString &path);
+    /// Takes a checked path to where its kind of file is loaded. A kind that is not the program's
+    /// is told under this title, without the product's name.
+    void RouteFile(const QString &path, const QString &title);
+    /// Loads the file as one given at start, with the same checks.
+    void OpenDroppedFile(const QString &path);
     void CaptureDesignLayout();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
@@ -123,6 +130,7 @@ public:
     QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
     std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
     QWidget *SplitBar = nullptr;
+    QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
     QWidget *FMapContainer = nullptr;
     BandBar *clbFontMap = nullptr;
     QWidget *pbxSetFMapSize = nullptr;
@@ -154,6 +162,8 @@ public:
     void SplitBar_MouseMove(double Y);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
+    /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
+    void PlaceSplitGrip();
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
@@ -169,6 +179,13 @@ public:
 
     double EdgeMargin = 105; ///< twips
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
+
+    // ---- core/StatBar.cpp: the lock keys in the status bar
+
+    /// Shows what is known of the locks.
+    void ShowLocks();
+
+    std::unique_ptr<KeyboardLocks> Locks;
 
     // ---- core/Menus.cpp: the menus
 
@@ -200,6 +217,21 @@ public:
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+    QAction *HelpContents = nullptr;
+
+    // ---- core/SetMenuPics.cpp: the pictures of the menus
+
+    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    void SetAllMenuPics();
+
+    // ---- core/Help.cpp: the commands of the Help menu
+
+    void HelpContents_Click();
+    void HelpReadme_Click();
+    void HelpCheckUpd_Click();
+    void HelpVisit_Click();
+    void HelpFeedback_Click();
+    void HelpAbout_Click();
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
 
@@ -267,6 +299,10 @@ public:
     void ViewKS_Click();
     void ViewAll_Click();
     void SetZoomSize(int Size);
+    /// Offers the one command of the view that was clicked, or that the focus is in.
+    void OfferView(const QContextMenuEvent &Event);
+    /// Code, character and keystroke of a cell in one line, as it is read out.
+    QString SpokenCell(int Index) const;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
@@ -284,9 +320,9 @@ public:
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 
     void TextBoard_Change();
+    /// The commands that need text on the board.
+    void EnableTextCommands(bool On);
     void UpdateProgressBar();
-    /// The commands that need text on the board follow whether it holds any.
-    void EnableTextCommands();
     void SyncEditCommands();
     void ApplyTextBoardSettings();
     void SetTabOrder();
@@ -294,8 +330,39 @@ public:
     int TBLimit = 0;
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
+
+    // ---- textboard/TextFiles.cpp: loading and saving the board's text
+
+    void FileLoad_Click();
+    /// An empty path asks for the file. A caller that gives a path has put it into PendingFilePath
+    /// and its name into PendingFileTitle. From the first question on, what is said to the user is
+    /// the only result.
+    void LoadTextFile(const QString &Path);
+    /// False if the text of this very path is on the board and the user keeps it.
+    bool CheckAlreadyLoaded(const QString &Path);
+    /// Brings board and controls into line with what TextBoardRTF holds.
+    void ApplyLoadedFont();
+    void FileSave_Click();
+
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+
+    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
+
+    /// What one of the two lists has of its own.
+    struct RecentList;
+
+    void ReadMRULists();
+    void WriteMRULists();
+    /// Enters a whole path at the top, and makes its folder the one to load from.
+    void AddFileToMRU(const QString &Path);
+    void AddMapToMRU(const QString &Path);
+    /// Loads the file of a row, counted from 1.
+    void FileMRU_Click(int Index);
+    void CFMRU_Click(int Index);
+    /// Runs as the drop-down of the button Load opens.
+    void FillLoadMenu();
 
     // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
 
@@ -369,6 +436,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     template<class Widget, class... Arguments>
@@ -387,6 +456,9 @@ private:
     void CreateFindBar();
     void CreateViews();
     void CreateMap();
+    void CreateLockPanels();
+    void CreateSplitGrip();
+    bool SplitEvent(const QWidget *under, QEvent *event);
     void ConnectControls();
     void FillMapToolbars();
     void FirstRunPath();
@@ -400,6 +472,21 @@ private:
     void EmptyBoard();
     bool MayUnload();
     void CopyButtonStates(const char *Menu);
+    bool MayDiscardText();
+    bool AskForTextFile();
+    bool ReadPendingFile();
+    bool TakeFontOfFile();
+    void ShowLoadedText();
+    void TakeColorOfFile();
+    void LimitSizeOfFile();
+    void TakeFormatOfFile();
+    bool MayOverwriteSettings(const QString &path);
+    std::optional<QString> WriteTextFile(const ChosenFile &file);
+    void ShowFileInTitle(bool partially);
+    QAction *RecentItem(const RecentList &list, int index) const;
+    void ShowRecentList(const RecentList &list);
+    void AddToRecentList(const RecentList &list, const QString &path);
+    void LoadRecent(const RecentList &list, int index);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
@@ -414,6 +501,7 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
 };

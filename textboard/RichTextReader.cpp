@@ -14,7 +14,7 @@
 namespace {
 
 constexpr std::size_t MaxGroups = 1 << 20; ///< deeper ones are read, but restore no format
-constexpr std::size_t MaxRuns = 1 << 22;
+constexpr std::size_t MaxRuns = 1 << 20;
 constexpr std::size_t MaxTableEntries = 1 << 16; ///< fonts, colours; the format's numbers end there
 constexpr qsizetype MaxFontName = 1024;
 constexpr qsizetype PendingBlock = 4096;
@@ -424,6 +424,10 @@ void Reader::obeyWord()
     static_assert(std::ranges::is_sorted(Keywords, {}, &Keyword::Name));
     const auto row = std::ranges::lower_bound(Keywords, word.Name, {}, &Keyword::Name);
     const bool isKnown = row != std::end(Keywords) && row->Name == word.Name;
+    // A word too can stand for the character before it in older readers. Only those that are
+    // characters are left out then: where the substitute is missing, nothing else may be lost.
+    if (!isKnown || row->Act != &Reader::character)
+        ToSkip = std::max(ToSkip - 1, 0);
     if (isOptional && !(isKnown && row->IsDestination))
         passOver(0, {});
     else if (isKnown)
@@ -530,7 +534,7 @@ void Reader::takeStretch(const char *from, const char *to)
                 Colors.push_back(std::exchange(EntryColor, 0));
         return;
     }
-    if (AwaitsSecondByte)
+    if (std::exchange(AwaitsSecondByte, false))
         PendingBytes += *from++;
     flush();
     if (Now.Into == Destination::FontTable)
@@ -611,9 +615,9 @@ void Reader::takeFontName(const char *from, const char *to)
 
 void Reader::decodePending()
 {
-    AwaitsSecondByte = false;
     if (PendingBytes.isEmpty())
         return;
+    const bool isIncomplete = std::exchange(AwaitsSecondByte, false);
     const int page = currentPage();
     auto decoder = Decoders.find(page);
     if (decoder == Decoders.end())
@@ -624,6 +628,8 @@ void Reader::decodePending()
         decoder->second.resetState();
         PendingText += decoder->second.decode(PendingBytes);
     }
+    if (isIncomplete)
+        PendingText += u'?';
     PendingBytes.clear();
 }
 
@@ -841,7 +847,6 @@ void Reader::unicode(int, Number number)
 void Reader::binary(int, Number number)
 {
     At += std::clamp(qsizetype(number.value_or(0)), qsizetype(0), qsizetype(End - At));
-    ToSkip = std::max(ToSkip - 1, 0);
 }
 
 void Reader::documentPage(int page, Number)

@@ -40,18 +40,17 @@ void Zendova::TextBoard_Change()
     PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
     UpdateProgressBar();
     TextChanged = true;
-    EnableTextCommands();
+    EnableTextCommands(n > 0);
+    EditFind->setEnabled(n > 0);
+    EditSelectAll->setEnabled(n > 0);
     if (n == 0 && !FindFrame->isHidden())
         CloseFindButton_Click();
 }
 
-void Zendova::EnableTextCommands()
+void Zendova::EnableTextCommands(bool On)
 {
-    const bool holdsText = TextBoard->TextLength() > 0;
     for (const auto &[bar, key] : TextCommands)
-        EnableButton(this->*bar, key, holdsText);
-    EditFind->setEnabled(holdsText);
-    EditSelectAll->setEnabled(holdsText);
+        EnableButton(this->*bar, key, On);
 }
 
 void Zendova::UpdateProgressBar()

@@ -6,11 +6,11 @@
 #include "textboard/EditKeys.h"
 
 #include <QFontInfo>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -296,6 +296,14 @@ void TextBoard::dropEvent(QDropEvent *event)
     }
 }
 
+bool TextBoard::canInsertFromMimeData(const QMimeData *source) const
+{
+    // A file is no text: what is done with one that is dropped here is the owner's affair.
+    const QList<QUrl> urls = source->urls();
+    return std::ranges::none_of(urls, &QUrl::isLocalFile) &&
+           QPlainTextEdit::canInsertFromMimeData(source);
+}
+
 void TextBoard::insertFromMimeData(const QMimeData *source)
 {
     m_dropWasCut = !insertWhatFits(source->text());
@@ -404,9 +412,8 @@ void TextBoard::keepSelectionVisible()
     // Many desktops show a selection without the focus in a tone of their windows, which on white
     // paper can hardly be seen.
     QPalette colors = palette();
-    const QPalette desktop = QGuiApplication::palette();
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
-        colors.setColor(QPalette::Inactive, role, desktop.color(QPalette::Active, role));
+        colors.setColor(QPalette::Inactive, role, colors.color(QPalette::Active, role));
     if (colors != palette())
         setPalette(colors);
 }
