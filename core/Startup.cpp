@@ -18,7 +18,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
@@ -98,7 +97,6 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
-    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }

@@ -97,7 +97,7 @@ void Zendova::EditPaste_Click()
     if (!MsgResult)
         return;
     const QString part = text.left(TextBoard->MaxLength() - (count - TextBoard->SelLength()));
-    paste([&] { FindHasFocus ? FindString->insert(part) : TextBoard->setSelText(part); });
+    paste([&] { FindHasFocus() ? FindString->insert(part) : TextBoard->setSelText(part); });
 }
 
 void Zendova::EditDelete_Click()

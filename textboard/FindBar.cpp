@@ -94,6 +94,11 @@ void Zendova::StretchFindBar()
     Form.setLeft(CloseFindButton, next + 332 * pixel);
 }
 
+bool Zendova::FindHasFocus() const
+{
+    return focusWidget() == FindString;
+}
+
 // The search
 
 void Zendova::FindString_Change()
