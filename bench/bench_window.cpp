@@ -11,7 +11,10 @@
 #include "platform/controls/NumberSlider.h"
 #include "textboard/TextBoard.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -58,13 +61,24 @@ void changeToNewFont(benchmark::State &state)
         chooseFont(++position);
 }
 
-void hover(benchmark::State &state)
+void hover(benchmark::State &state, bool highlight)
 {
+    window->FMHiLite->setChecked(highlight);
     int cell = 0;
     for ([[maybe_unused]] auto unused : state) {
         window->CharButton_MouseMove(cell = (cell + 1) % CellCount);
         paint();
     }
+    window->FMHiLite->setChecked(false);
+}
+
+/// What the program itself does as its menus open, all of them.
+void menusOpen(benchmark::State &state)
+{
+    const QList<QMenu *> menus = window->menuBar()->findChildren<QMenu *>();
+    for ([[maybe_unused]] auto unused : state)
+        for (QMenu *menu : menus)
+            emit menu->aboutToShow();
 }
 
 void mapSizeJump(benchmark::State &state)
@@ -81,7 +95,9 @@ void mapSizeJump(benchmark::State &state)
 
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
-BENCHMARK(hover)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, plain, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, highlighted, true)->Unit(benchmark::kMillisecond);
+BENCHMARK(menusOpen)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
 
 int main(int argc, char *argv[])

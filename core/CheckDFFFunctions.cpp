@@ -24,6 +24,12 @@ SplitPath SplitAtLastSeparator(const QString &Path)
     return {.Folder = Path.left(cut), .Name = Path.mid(cut)};
 }
 
+QString WithoutSeparator(QString Folder)
+{
+    Folder.chop(1);
+    return Folder;
+}
+
 QString PathNotice(const QString &Path)
 {
     const auto [Folder, Name] = SplitAtLastSeparator(Path);

@@ -19,6 +19,8 @@ struct SplitPath
     QString Name;
 };
 SplitPath SplitAtLastSeparator(const QString &Path);
+/// A folder without its closing separator, as the last folders of the file dialogs are kept.
+QString WithoutSeparator(QString Folder);
 
 /// The standard check of a path: drive, folder, file in this order. Gives the empty string for a
 /// good path, otherwise the body of the notice, its lines joined by carriage returns.

@@ -11,6 +11,8 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -18,45 +20,61 @@ namespace {
 using Command = void (Zendova::*)();
 
 /// A Toggle is all there is to its command: whoever needs the state reads the check mark.
-enum ItemFlag { Plain = 0, Checkable = 1, CheckedAtDesign = 3, Toggle = 7 };
+enum ItemFlag {
+    Plain = 0,
+    Checkable = 1,
+    CheckedAtDesign = 3,
+    Toggle = 7,
+    Hidden = 8,
+    Disabled = 16
+};
 
 struct MenuRow
 {
     int Depth; ///< 0 for a menu of the bar; a row is a submenu if the next one is deeper
     const char *Name;
     const char *Caption;
-    const char *Key = "";
+    const char *Key = "";      ///< several are parted by "; ", and the menu shows the first
     Command Handler = nullptr; ///< for a menu: what runs as it opens
     QAction *Zendova::*Item = nullptr;
     int Flags = Plain;
+    int Elements = 0; ///< for an array of items, which are "Name1", "Name2", ...
+    void (Zendova::*ElementHandler)(int) = nullptr; ///< takes the number of the item
 };
 
 constexpr const char *Line = "-";
 
 constexpr MenuRow Rows[] = {
-    {0, "ItemFile", "&File"},
+    {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click},
     {1, "FileTF", "&Text File"},
-    {2, "FileLoad", "&Load Text from File...", "Ctrl+L"},
-    {2, "FileSave", "&Save Text in File...", "Ctrl+S"},
+    {2, "FileLoad", "&Load Text from File...", "Ctrl+L", &Zendova::FileLoad_Click},
+    {2, "FileSave", "&Save Text in File...", "Ctrl+S", &Zendova::FileSave_Click},
+    {2, "FileSep3", Line, "", nullptr, nullptr, Hidden},
+    {2, "FileMRU", "", "", nullptr, nullptr, Hidden, 9, &Zendova::FileMRU_Click},
     {1, "FileSep1", Line},
     {1, "FileCFM", "Custom Font&Map"},
     {2, "FileCFMLoad", "&Load..."},
     {2, "FileCFMNew", "&New..."},
     {2, "FileCFMEdit", "&Edit..."},
     {2, "FileCFMUnld", "&Unload"},
+    {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},
+    {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 5, &Zendova::CFMRU_Click},
     {1, "FileSep4", Line},
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
 
-    {0, "ItemEdit", "&Edit"},
-    {1, "EditCut", "Cu&t", "Ctrl+X"},
-    {1, "EditCopy", "&Copy", "Ctrl+C"},
-    {1, "EditPaste", "&Paste", "Ctrl+V"},
-    {1, "EditDelete", "&Delete", "Ctrl+D"},
+    {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
+    {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del", &Zendova::EditCut_Click},
+    {1, "EditCopy", "&Copy", "Ctrl+C; Ctrl+Ins", &Zendova::EditCopy_Click},
+    {1, "EditPaste", "&Paste", "Ctrl+V; Shift+Ins", &Zendova::EditPaste_Click},
+    {1, "EditDelete", "&Delete", "Ctrl+D", &Zendova::EditDelete_Click, &Zendova::EditDelete},
     {1, "EditSep1", Line},
-    {1, "EditSelectAll", "Select &All", "Ctrl+A"},
+    {1, "EditSelectAll", "Select &All", "Ctrl+A", &Zendova::EditSelectAll_Click,
+     &Zendova::EditSelectAll},
     {1, "EditSep2", Line},
-    {1, "EditFind", "&Find...", "Ctrl+F"},
-    {1, "EditFindAgain", "Find A&gain", "F3"},
+    {1, "EditFind", "&Find...", "Ctrl+F", &Zendova::EditFind_Click, &Zendova::EditFind,
+     Checkable | Disabled},
+    {1, "EditFindAgain", "Find A&gain", "F3", &Zendova::EditFindAgain_Click,
+     &Zendova::EditFindAgain, Disabled},
 
     {0, "ItemView", "&Views", "", &Zendova::ItemView_Click},
     {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom,
@@ -102,12 +120,12 @@ constexpr MenuRow Rows[] = {
     {2, "FMBorders", "Show &Grid", "", &Zendova::FMBorders_Click, &Zendova::FMBorders,
      CheckedAtDesign},
 
-    {0, "ItemTools", "&Tools"},
-    {1, "ToolsCopy", "&Copy TextBoard to Clipboard"},
-    {1, "ToolsCut", "Cu&t TextBoard to Clipboard"},
+    {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click},
+    {1, "ToolsCopy", "&Copy TextBoard to Clipboard", "", &Zendova::ToolsCopy_Click},
+    {1, "ToolsCut", "Cu&t TextBoard to Clipboard", "", &Zendova::ToolsCut_Click},
     {1, "ToolsFS", "&View TextBoard Full Screen..."},
     {1, "ToolsPrint", "&Print TextBoard Contents..."},
-    {1, "ToolsClear", "&Unload TextBoard Contents"},
+    {1, "ToolsClear", "&Unload TextBoard Contents", "", &Zendova::ToolsClear_Click},
     {1, "ToolsSep1", Line},
     {1, "ToolsFB", "&Browse Fonts..."},
     {1, "ToolsKB", "View &Keyboard Layout..."},
@@ -138,14 +156,57 @@ constexpr MenuRow Rows[] = {
      CheckedAtDesign},
 
     {0, "ItemHelp", "&Help"},
-    {1, "HelpReadme", "Open &Readme File"},
+    {1, "HelpContents", "&Contents...", "", &Zendova::HelpContents_Click, &Zendova::HelpContents,
+     Hidden},
+    {1, "HelpReadme", "Open &Readme File", "", &Zendova::HelpReadme_Click},
     {1, "HelpSep1", Line},
-    {1, "HelpCheckUpd", "Check for &Updates..."},
-    {1, "HelpVisit", "Visit Zendova &Home Page..."},
-    {1, "HelpFeedback", "&E-Mail Zendova Feedback..."},
+    {1, "HelpCheckUpd", "Check for &Updates...", "", &Zendova::HelpCheckUpd_Click},
+    {1, "HelpVisit", "Visit Zendova &Home Page...", "", &Zendova::HelpVisit_Click},
+    {1, "HelpFeedback", "&E-Mail Zendova Feedback...", "", &Zendova::HelpFeedback_Click},
     {1, "HelpSep2", Line},
-    {1, "HelpAbout", "&About..."},
+    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click},
 };
+
+enum class State { Enabled, Checked };
+
+/// What an item takes from a button as its menu opens.
+struct CopyRow
+{
+    const char *Menu;
+    const char *Item;
+    State Copied;
+    Toolbar *Zendova::*Bar;
+    const char *Button;
+};
+
+constexpr CopyRow Copies[] = {
+    {"ItemFile", "FileSave", State::Enabled, &Zendova::LoadSaveTB, "Save"},
+    {"ItemEdit", "EditCut", State::Enabled, &Zendova::TextEditTB, "Cut"},
+    {"ItemEdit", "EditCopy", State::Enabled, &Zendova::TextEditTB, "Copy"},
+    {"ItemEdit", "EditPaste", State::Enabled, &Zendova::TextEditTB, "Paste"},
+    {"ItemEdit", "EditFind", State::Enabled, &Zendova::TextEditTB, "Find"},
+    {"ItemEdit", "EditFind", State::Checked, &Zendova::TextEditTB, "Find"},
+    {"ItemFormat", "FFontBold", State::Enabled, &Zendova::FontFormatTB, "Bold"},
+    {"ItemFormat", "FFontItalic", State::Enabled, &Zendova::FontFormatTB, "Italic"},
+    {"ItemFormat", "FFontUnderline", State::Enabled, &Zendova::FontFormatTB, "Underline"},
+    {"ItemFormat", "FFontStrikethrough", State::Enabled, &Zendova::FontFormatTB, "Strikethrough"},
+    {"ItemFormat", "AlignLeft", State::Checked, &Zendova::TextAlignTB, "AlignLeft"},
+    {"ItemFormat", "AlignCenter", State::Checked, &Zendova::TextAlignTB, "CenterText"},
+    {"ItemFormat", "AlignRight", State::Checked, &Zendova::TextAlignTB, "AlignRight"},
+    {"ItemTools", "ToolsClear", State::Enabled, &Zendova::TBOperationsTB, "ClearButton"},
+    {"ItemTools", "ToolsCopy", State::Enabled, &Zendova::TBOperationsTB, "CopyButton"},
+    {"ItemTools", "ToolsCut", State::Enabled, &Zendova::TBOperationsTB, "CutButton"},
+    {"ItemTools", "ToolsPrint", State::Enabled, &Zendova::TBOperationsTB, "PrintButton"},
+    {"ItemTools", "ToolsFS", State::Enabled, &Zendova::TBOperationsTB, "FullScreen"},
+    {"ItemDisplay", "VCOnR", State::Checked, &Zendova::ViewsTB, "VCRight"},
+    {"ItemDisplay", "VCOnL", State::Checked, &Zendova::ViewsTB, "VCLeft"},
+};
+
+bool hasCommand(const char *item)
+{
+    return std::ranges::any_of(
+        Rows, [item](const MenuRow &row) { return row.Handler && qstrcmp(row.Name, item) == 0; });
+}
 
 } // namespace
 
@@ -167,21 +228,62 @@ void Zendova::CreateMenus()
             continue;
         }
         if (row.Caption == Line) {
-            parent->addSeparator()->setObjectName(row.Name);
+            QAction *line = parent->addSeparator();
+            line->setObjectName(row.Name);
+            line->setVisible(!(row.Flags & Hidden));
             continue;
         }
+        for (int element = 1; element <= row.Elements; ++element) {
+            QAction *item = parent->addAction(row.Caption);
+            item->setObjectName(row.Name + QString::number(element));
+            item->setVisible(!(row.Flags & Hidden));
+            connect(item, &QAction::triggered, this,
+                    [this, element, handler = row.ElementHandler] { (this->*handler)(element); });
+        }
+        if (row.Elements > 0)
+            continue;
         QAction *item = parent->addAction(row.Caption);
         item->setObjectName(row.Name);
-        item->setShortcut(QKeySequence(row.Key));
+        item->setShortcuts(QKeySequence::listFromString(row.Key));
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-        item->setEnabled(row.Handler || row.Flags == Toggle);
+        item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
+        item->setVisible(!(row.Flags & Hidden));
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)
             this->*row.Item = item;
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
+    // The key that opens the help everywhere; the menu does not show it.
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] {
+        if (HelpContents->isVisible())
+            HelpContents_Click();
+    });
+}
+
+void Zendova::CopyButtonStates(const char *Menu)
+{
+    for (const CopyRow &row : Copies) {
+        if (qstrcmp(row.Menu, Menu) != 0)
+            continue;
+        auto *item = menuBar()->findChild<QAction *>(row.Item);
+        const QToolButton *button = (this->*row.Bar)->button(row.Button);
+        if (row.Copied == State::Checked)
+            item->setChecked(button->isChecked());
+        else
+            item->setEnabled(button->isEnabled() && hasCommand(row.Item));
+    }
+}
+
+void Zendova::ItemFile_Click()
+{
+    CopyButtonStates("ItemFile");
+}
+
+void Zendova::ItemEdit_Click()
+{
+    CopyButtonStates("ItemEdit");
 }
 
 void Zendova::ItemView_Click()
@@ -195,19 +297,17 @@ void Zendova::ItemFormat_Click()
     FFontItalic->setChecked(TextBoard->FontItalic());
     FFontUnderline->setChecked(TextBoard->FontUnderline());
     FFontStrikethrough->setChecked(TextBoard->FontStrikethru());
-    FFontBold->setEnabled(FontFormatTB->button("Bold")->isEnabled());
-    FFontItalic->setEnabled(FontFormatTB->button("Italic")->isEnabled());
-    FFontUnderline->setEnabled(FontFormatTB->button("Underline")->isEnabled());
-    FFontStrikethrough->setEnabled(FontFormatTB->button("Strikethrough")->isEnabled());
-    AlignLeft->setChecked(TextAlignTB->button("AlignLeft")->isChecked());
-    AlignCenter->setChecked(TextAlignTB->button("CenterText")->isChecked());
-    AlignRight->setChecked(TextAlignTB->button("AlignRight")->isChecked());
+    CopyButtonStates("ItemFormat");
+}
+
+void Zendova::ItemTools_Click()
+{
+    CopyButtonStates("ItemTools");
 }
 
 void Zendova::ItemDisplay_Click()
 {
-    VCOnR->setChecked(ViewsTB->button("VCRight")->isChecked());
-    VCOnL->setChecked(ViewsTB->button("VCLeft")->isChecked());
+    CopyButtonStates("ItemDisplay");
 }
 
 void Zendova::DisplayCS_Click()

@@ -35,6 +35,11 @@ void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Titl
     dialog.exec();
 }
 
+bool IsDialogOpen()
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
 Message::Message(const QString &MsgText, const QString &Buttons, const QString &Title,
                  bool ShowCheck, int DefaultButton, QWidget *parent)
     : QDialog(parent), Form(SysInfo::current().scale())

@@ -134,10 +134,7 @@ void Zendova::LoadSettings()
     }
     if (RegistryError)
         return FirstRunPath();
-    TextFiles.read();
-    if (RegistryError)
-        return FirstRunPath();
-    MapFiles.read();
+    ReadMRULists();
     if (!RegistryError)
         ReadTextBoardDefaults();
     if (!RegistryError)
@@ -378,8 +375,7 @@ void Zendova::WriteDefaultSettings()
 void Zendova::SaveLastSettings()
 {
     const auto oneTransaction = GroupRegWrites();
-    TextFiles.write();
-    MapFiles.write();
+    WriteMRULists();
     write(u"FontMap", u"SizeIndex", sldSetFMapSize->number()->text().toInt());
     for (const BandSetting &setting : BandSettings) {
         const BandBar *bar = this->*setting.Bar;

@@ -9,6 +9,7 @@
 #include "core/Message.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "platform/KeyboardLocks.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
@@ -17,8 +18,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMimeData>
+#include <QUrl>
 #include <QWindow>
 #include <cmath>
 
@@ -27,8 +32,6 @@ Zendova *Zendova::Shared = nullptr;
 namespace {
 
 constexpr int LeastScreenWidth = 800; // pixels
-
-constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
 
 void showScreenMessage()
 {
@@ -40,17 +43,38 @@ void showScreenMessage()
             "OK", ProductName + " Resource Initilalization Error", false, 1);
 }
 
-/// What a start-up file must end in, compared in capitals; no dot is asked for.
-enum class StartupFile { Map, Text, NotOurs };
+/// What a file's name must end in, compared in capitals; no dot is asked for.
+enum class OurFile { Map, Text, NotOurs };
 
-StartupFile kindOf(const QString &path)
+OurFile kindOf(const QString &path)
 {
     const QString extension = path.right(3).toUpper();
     if (extension == "ZCM")
-        return StartupFile::Map;
+        return OurFile::Map;
     if (extension == "ZUF" || extension == "TXT")
-        return StartupFile::Text;
-    return StartupFile::NotOurs;
+        return OurFile::Text;
+    return OurFile::NotOurs;
+}
+
+constexpr auto StartupTitle = " Startup File Load Error";
+constexpr auto DropTitle = " File Load Error";
+
+/// The first file of this computer in what is being dragged; empty if there is none.
+QString firstFile(const QMimeData *dragged)
+{
+    for (const QUrl &url : dragged->urls())
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    return {};
+}
+
+/// True for a good path; the user is told otherwise.
+bool isThere(const QString &path, const QString &title)
+{
+    const QString notice = PathNotice(path);
+    if (!notice.isEmpty())
+        ZndvMsg(notice, "OK", ProductName + title, false, 1);
+    return notice.isEmpty();
 }
 
 } // namespace
@@ -65,6 +89,7 @@ Zendova::Zendova(QString commandTail)
     Shared = this;
     setObjectName("Zendova");
     setFont(TwipForm::font());
+    setAcceptDrops(true);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     CreateControls();
     CreateMenus();
@@ -73,6 +98,7 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
+    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }
@@ -126,13 +152,15 @@ void Zendova::Form_Load()
     CreditLine += "ork";
     ApplyTextBoardSettings();
     ApplyViewSettings();
+    SetAllMenuPics();
 }
 
 void Zendova::CheckScreen()
 {
     if (Display() < LeastScreenWidth) {
-        if (!FirstActivate)
-            close();
+        // Not as a request to close: that would wait for an open dialog, and this does not.
+        if (!FirstActivate && Form_QueryUnload())
+            Form_Unload();
         showScreenMessage();
         LoadAborted = true;
     }
@@ -190,6 +218,11 @@ bool Zendova::event(QEvent *event)
     case QEvent::WindowActivate:
         Form_Activate();
         break;
+    case QEvent::PaletteChange:
+        // What is painted asks for its colours then; what keeps them takes the new ones.
+        if (SampleText.back())
+            ColorSampleText();
+        break;
     default:
         break;
     }
@@ -198,6 +231,7 @@ bool Zendova::event(QEvent *event)
 
 void Zendova::Form_Activate()
 {
+    Locks->refresh(); // another window may have had the keyboard
     // A message of this very procedure lets the window be activated again while it is open.
     if (!FirstActivate || Activating || Unloaded)
         return;
@@ -207,29 +241,32 @@ void Zendova::Form_Activate()
     setWindowTitle(ProductName + VersionSuffix);
     TextBoard->setFocus();
     if (const std::optional<QString> path = GetCommandLine())
-        RouteStartupFile(*path);
+        RouteFile(*path, StartupTitle);
     FirstActivate = false;
 }
 
-void Zendova::RouteStartupFile(const QString &path)
+void Zendova::RouteFile(const QString &path, const QString &title)
 {
     const auto [folder, name] = SplitAtLastSeparator(path);
     switch (kindOf(path)) {
-    case StartupFile::NotOurs:
+    case OurFile::NotOurs:
         ZndvMsg("\r\r\rFiles with extension '" + path.right(3).toUpper() + "' are not valid " +
                     ProductName + " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
-                "OK", ProductName + " Startup File Load Error", false, 1);
+                "OK", ProductName + title, false, 1);
         break;
-    case StartupFile::Map:
+    case OurFile::Map:
         LMLoadPath = folder;
         PendingMapPath = path;
         PendingMapName = name;
         UpdateMapCommands(1);
         break;
-    case StartupFile::Text:
+    case OurFile::Text:
+        if (!CheckAlreadyLoaded(path))
+            break;
         LFLoadPath = folder;
         PendingFilePath = path;
         PendingFileTitle = name;
+        LoadTextFile(PendingFilePath);
         break;
     }
 }
@@ -245,11 +282,33 @@ std::optional<QString> Zendova::GetCommandLine()
         path.chop(1);
     if (path.isEmpty())
         return std::nullopt;
-    if (const QString notice = PathNotice(path); !notice.isEmpty()) {
-        ZndvMsg(notice, "OK", ProductName + " Startup File Load Error", false, 1);
+    if (!isThere(path, StartupTitle))
         return std::nullopt;
-    }
     return path;
+}
+
+void Zendova::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!firstFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void Zendova::dropEvent(QDropEvent *event)
+{
+    // Later, as questions may be asked and the program that the file comes from waits for this to
+    // return. It is only read, whatever that program proposes.
+    QMetaObject::invokeMethod(
+        this, [this, path = firstFile(event->mimeData())] { OpenDroppedFile(path); },
+        Qt::QueuedConnection);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void Zendova::OpenDroppedFile(const QString &path)
+{
+    activateWindow();
+    if (isThere(path, DropTitle))
+        RouteFile(path, DropTitle);
 }
 
 void Zendova::FileExit_Click()
@@ -263,7 +322,9 @@ void Zendova::closeEvent(QCloseEvent *event)
         event->accept();
         return;
     }
-    if (!Form_QueryUnload()) {
+    // The window system asks for no close while a dialog is open, but the end of a session does.
+    // The dialog is answered first, and the exit asked for again: what runs goes to its end.
+    if (IsDialogOpen() || !Form_QueryUnload()) {
         event->ignore();
         return;
     }

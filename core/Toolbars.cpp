@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QLayout>
+#include <QMenu>
 
 namespace {
 
@@ -24,14 +25,17 @@ struct ButtonRow
     const char *Tag;
     Kind ButtonKind = Kind::Push;
     Command Action = nullptr;
+    Command FillMenu = nullptr; ///< for a drop-down: runs each time before it opens
 };
 
 constexpr auto Check = Kind::Check;
 constexpr auto Push = Kind::Push;
 
 const ButtonRow Buttons[] = {
-    {&Zendova::LoadSaveTB, "Load", "Load", "Load Text from File"},
-    {&Zendova::LoadSaveTB, "Save", "Save", "Save Text in File"},
+    {&Zendova::LoadSaveTB, "Load", "Load", "Load Text from File", Kind::DropDown,
+     [](Zendova &z) { z.FileLoad_Click(); }, [](Zendova &z) { z.FillLoadMenu(); }},
+    {&Zendova::LoadSaveTB, "Save", "Save", "Save Text in File", Push,
+     [](Zendova &z) { z.FileSave_Click(); }},
     {&Zendova::ZndvDefTB, "Opt", "Opt", "Set Default Options"},
     {&Zendova::ZndvDefTB, "KB", "KB", "View Keyboard Layout"},
     {&Zendova::ZndvDefTB, "FB", "FB", "Browse Fonts"},
@@ -47,15 +51,22 @@ const ButtonRow Buttons[] = {
     {&Zendova::ViewsTB, "", "", ""},
     {&Zendova::ViewsTB, "VCRight", "VCRight", "Views on the Right", Check,
      [](Zendova &z) { z.PutViews("R"); }},
-    {&Zendova::TBOperationsTB, "CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard"},
-    {&Zendova::TBOperationsTB, "CutButton", "TBCut", "Cut TextBoard Contents to Clipboard"},
+    {&Zendova::TBOperationsTB, "CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard", Push,
+     [](Zendova &z) { z.ToolsCopy_Click(); }},
+    {&Zendova::TBOperationsTB, "CutButton", "TBCut", "Cut TextBoard Contents to Clipboard", Push,
+     [](Zendova &z) { z.ToolsCut_Click(); }},
     {&Zendova::TBOperationsTB, "FullScreen", "FullScr", "View TextBoard Full Screen"},
-    {&Zendova::TBOperationsTB, "PrintButton", "TBPrint", "Print TextBoard Contents"},
-    {&Zendova::TBOperationsTB, "ClearButton", "TBClear", "Unload TextBoard Contents"},
-    {&Zendova::TextEditTB, "Cut", "Cut", "Cut"},
-    {&Zendova::TextEditTB, "Copy", "Copy", "Copy"},
-    {&Zendova::TextEditTB, "Paste", "Paste", "Paste"},
-    {&Zendova::TextEditTB, "Find", "Find", "Find in TextBoard", Check},
+    // Printing is the menu's alone; the button only keeps the state that the menu copies.
+    {&Zendova::TBOperationsTB, "PrintButton", "TBPrint", "Print TextBoard Contents", Push,
+     [](Zendova &) {}},
+    {&Zendova::TBOperationsTB, "ClearButton", "TBClear", "Unload TextBoard Contents", Push,
+     [](Zendova &z) { z.ToolsClear_Click(); }},
+    {&Zendova::TextEditTB, "Cut", "Cut", "Cut", Push, [](Zendova &z) { z.EditCut_Click(); }},
+    {&Zendova::TextEditTB, "Copy", "Copy", "Copy", Push, [](Zendova &z) { z.EditCopy_Click(); }},
+    {&Zendova::TextEditTB, "Paste", "Paste", "Paste", Push,
+     [](Zendova &z) { z.EditPaste_Click(); }},
+    {&Zendova::TextEditTB, "Find", "Find", "Find in TextBoard", Check,
+     [](Zendova &z) { z.ShowFindBar(z.TextEditTB->button("Find")->isChecked() ? 1 : 0); }},
     {&Zendova::FontFormatTB, "Bold", "Bold", "Toggle Bold Style", Check,
      [](Zendova &z) { z.SetBold(z.FontFormatTB->button("Bold")->isChecked()); }},
     {&Zendova::FontFormatTB, "Italic", "Italic", "Toggle Italic Style", Check,
@@ -112,21 +123,35 @@ constexpr const char *TaggedControls[] = {
     "pbxCFMName",
 };
 
-constexpr std::pair<Toolbar * Zendova::*, const char *> Bars[] = {
-    {&Zendova::LoadSaveTB, "LoadSaveTB"},   {&Zendova::ZndvDefTB, "ZndvDefTB"},
-    {&Zendova::ViewsTB, "ViewsTB"},         {&Zendova::TBOperationsTB, "TBOperationsTB"},
-    {&Zendova::TextEditTB, "TextEditTB"},   {&Zendova::FontFormatTB, "FontFormatTB"},
-    {&Zendova::TextAlignTB, "TextAlignTB"}, {&Zendova::tlbCustFMap, "tlbCustFMap"},
-    {&Zendova::tlbCFMapFmt, "tlbCFMapFmt"}, {&Zendova::tlbCFMapName, "tlbCFMapName"},
+struct BarRow
+{
+    Toolbar *Zendova::*Bar;
+    const char *Name;
+    const char *Spoken; ///< accessible name
+};
+
+constexpr BarRow Bars[] = {
+    {&Zendova::LoadSaveTB, "LoadSaveTB", "Text files"},
+    {&Zendova::ZndvDefTB, "ZndvDefTB", "Tools"},
+    {&Zendova::ViewsTB, "ViewsTB", "Views"},
+    {&Zendova::TBOperationsTB, "TBOperationsTB", "TextBoard"},
+    {&Zendova::TextEditTB, "TextEditTB", "Editing"},
+    {&Zendova::FontFormatTB, "FontFormatTB", "Font style"},
+    {&Zendova::TextAlignTB, "TextAlignTB", "Alignment"},
+    {&Zendova::tlbCustFMap, "tlbCustFMap", "Custom FontMaps"},
+    {&Zendova::tlbCFMapFmt, "tlbCFMapFmt", "FontMap format"},
+    {&Zendova::tlbCFMapName, "tlbCFMapName", "Custom FontMap's name"},
 };
 
 } // namespace
 
 void Zendova::CreateToolbars()
 {
-    for (const auto &[bar, name] : Bars) {
-        this->*bar = new Toolbar(Client);
-        (this->*bar)->setObjectName(name);
+    for (const BarRow &row : Bars) {
+        auto *bar = new Toolbar(Client);
+        bar->setObjectName(row.Name);
+        bar->setAccessibleName(row.Spoken);
+        this->*row.Bar = bar;
     }
     for (const ButtonRow &row : Buttons) {
         Toolbar *bar = this->*row.Bar;
@@ -142,7 +167,11 @@ void Zendova::CreateToolbars()
         if (row.Action)
             connect(button, &QToolButton::clicked, this,
                     [this, action = row.Action] { action(*this); });
+        if (row.FillMenu)
+            connect(button->menu(), &QMenu::aboutToShow, this,
+                    [this, fill = row.FillMenu] { fill(*this); });
     }
+    EnableTextCommands(false);
 }
 
 void Zendova::FillMapToolbars()

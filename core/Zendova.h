@@ -8,23 +8,31 @@
 #include "platform/ColorValue.h"
 #include "platform/controls/TwipForm.h"
 #include "textboard/RecentFiles.h"
+#include "textboard/TextBoardRTF.h"
 
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <memory>
 #include <optional>
 
 class BandBar;
 class CharCells;
+class FindBox;
 class FontCombo;
+class KeyboardLocks;
 class NumberSlider;
 class QAction;
+class QContextMenuEvent;
+class QCheckBox;
 class QFrame;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QToolButton;
 class TextBoard;
 class Toolbar;
+struct ChosenFile;
 
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
@@ -57,8 +65,11 @@ public:
     void SysInfo_DisplayChanged();
     /// The start-up file's path after all checks, or nothing.
     std::optional<QString> GetCommandLine();
-    /// Takes a checked path to where its kind of file is loaded.
-    void RouteStartupFile(const QString &path);
+    /// Takes a checked path to where its kind of file is loaded. A kind that is not the program's
+    /// is told under this title, without the product's name.
+    void RouteFile(const QString &path, const QString &title);
+    /// Loads the file as one given at start, with the same checks.
+    void OpenDroppedFile(const QString &path);
     void CaptureDesignLayout();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
@@ -68,6 +79,7 @@ public:
     bool RepairRan = false;
     bool DefaultsApplied = false; ///< the store was just created or repaired
     bool DisplayEventSeen = false;
+    static constexpr const char *VersionSuffix = " Version 3.0.0 RC2"; ///< of the title
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
 
@@ -113,7 +125,12 @@ public:
     QLabel *ProgressFore = nullptr;
     QLabel *PercFilled = nullptr;
     ::TextBoard *TextBoard = nullptr;
+    QWidget *FindFrame = nullptr;
+    FindBox *FindString = nullptr;
+    QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
+    std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
     QWidget *SplitBar = nullptr;
+    QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
     QWidget *FMapContainer = nullptr;
     BandBar *clbFontMap = nullptr;
     QWidget *pbxSetFMapSize = nullptr;
@@ -145,6 +162,8 @@ public:
     void SplitBar_MouseMove(double Y);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
+    /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
+    void PlaceSplitGrip();
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
@@ -161,11 +180,22 @@ public:
     double EdgeMargin = 105; ///< twips
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
 
+    // ---- core/StatBar.cpp: the lock keys in the status bar
+
+    /// Shows what is known of the locks.
+    void ShowLocks();
+
+    std::unique_ptr<KeyboardLocks> Locks;
+
     // ---- core/Menus.cpp: the menus
 
     void CreateMenus();
-    void ItemFormat_Click();
+    // Run as each menu opens; nothing else brings the items in step.
+    void ItemFile_Click();
+    void ItemEdit_Click();
     void ItemView_Click();
+    void ItemFormat_Click();
+    void ItemTools_Click();
     void ItemDisplay_Click();
     void VCOnL_Click();
     void VCOnR_Click();
@@ -174,6 +204,8 @@ public:
 
     QMenu *FormatFM = nullptr;
     QAction *FileExit = nullptr;
+    QAction *EditDelete = nullptr, *EditSelectAll = nullptr;
+    QAction *EditFind = nullptr, *EditFindAgain = nullptr;
     QAction *ViewZoom = nullptr, *ViewCode = nullptr, *ViewKS = nullptr, *ViewAll = nullptr;
     QAction *FormatFont = nullptr;
     QAction *FFontBold = nullptr, *FFontItalic = nullptr;
@@ -185,6 +217,21 @@ public:
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+    QAction *HelpContents = nullptr;
+
+    // ---- core/SetMenuPics.cpp: the pictures of the menus
+
+    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    void SetAllMenuPics();
+
+    // ---- core/Help.cpp: the commands of the Help menu
+
+    void HelpContents_Click();
+    void HelpReadme_Click();
+    void HelpCheckUpd_Click();
+    void HelpVisit_Click();
+    void HelpFeedback_Click();
+    void HelpAbout_Click();
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
 
@@ -252,6 +299,10 @@ public:
     void ViewKS_Click();
     void ViewAll_Click();
     void SetZoomSize(int Size);
+    /// Offers the one command of the view that was clicked, or that the focus is in.
+    void OfferView(const QContextMenuEvent &Event);
+    /// Code, character and keystroke of a cell in one line, as it is read out.
+    QString SpokenCell(int Index) const;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
@@ -269,6 +320,8 @@ public:
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 
     void TextBoard_Change();
+    /// The commands that need text on the board.
+    void EnableTextCommands(bool On);
     void UpdateProgressBar();
     void SyncEditCommands();
     void ApplyTextBoardSettings();
@@ -277,9 +330,76 @@ public:
     int TBLimit = 0;
     bool TextChanged = false;
     double ProgressWidth = 0; ///< twips
-    bool FindHasFocus = false;
+
+    // ---- textboard/TextFiles.cpp: loading and saving the board's text
+
+    void FileLoad_Click();
+    /// An empty path asks for the file. A caller that gives a path has put it into PendingFilePath
+    /// and its name into PendingFileTitle. From the first question on, what is said to the user is
+    /// the only result.
+    void LoadTextFile(const QString &Path);
+    /// False if the text of this very path is on the board and the user keeps it.
+    bool CheckAlreadyLoaded(const QString &Path);
+    /// Brings board and controls into line with what TextBoardRTF holds.
+    void ApplyLoadedFont();
+    void FileSave_Click();
+
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+
+    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
+
+    /// What one of the two lists has of its own.
+    struct RecentList;
+
+    void ReadMRULists();
+    void WriteMRULists();
+    /// Enters a whole path at the top, and makes its folder the one to load from.
+    void AddFileToMRU(const QString &Path);
+    void AddMapToMRU(const QString &Path);
+    /// Loads the file of a row, counted from 1.
+    void FileMRU_Click(int Index);
+    void CFMRU_Click(int Index);
+    /// Runs as the drop-down of the button Load opens.
+    void FillLoadMenu();
+
+    // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
+
+    void EditCut_Click();
+    void EditCopy_Click();
+    void EditPaste_Click();
+    void EditDelete_Click();
+    void EditSelectAll_Click();
+    void ToolsCopy_Click();
+    void ToolsCut_Click();
+    void ToolsClear_Click();
+    /// Puts the whole board on the clipboard, as plain text and as rich text.
+    void CopyBoardToClipboard();
+    /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
+    void PrepareRTFBuffer(bool Whole);
+    /// Takes font, size, styles, alignment and colour from the settings again.
+    void RestoreTextBoardDefaults();
+    static bool IsSymbolFont(const QString &Name);
+
+    ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
+
+    // ---- textboard/FindBar.cpp: the find bar and the search
+
+    /// 1 opens the bar or fills it anew; any other value closes it.
+    void ShowFindBar(int Value);
+    /// Searches the board for FindText, from behind the caret or the start of the selection.
+    void FindInBoard();
+    void EditFind_Click();
+    void EditFindAgain_Click();
+    void FindNextButton_Click();
+    void ClearFindButton_Click();
+    void CloseFindButton_Click();
+    void FindString_Change();
+
+    QString FindText;          ///< of the last search
+    bool FindHasFocus = false; ///< characters of the map go to FindString
+    double FindRoom = 0;       ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -314,6 +434,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     template<class Widget, class... Arguments>
@@ -329,8 +451,12 @@ private:
     };
     NumberSlider *MakeNumberSlider(const NumberSliderNames &names, int least, int most,
                                    bool badTextCountsZero);
+    void CreateFindBar();
     void CreateViews();
     void CreateMap();
+    void CreateLockPanels();
+    void CreateSplitGrip();
+    bool SplitEvent(const QWidget *under, QEvent *event);
     void ConnectControls();
     void FillMapToolbars();
     void FirstRunPath();
@@ -338,6 +464,27 @@ private:
     void MoveSplit(double target);
     double LowestSplit() const;
     void SizeMapContainers();
+    void CloseFindBar();
+    void PlaceFindBar();
+    void StretchFindBar();
+    void EmptyBoard();
+    bool MayUnload();
+    void CopyButtonStates(const char *Menu);
+    bool MayDiscardText();
+    bool AskForTextFile();
+    bool ReadPendingFile();
+    bool TakeFontOfFile();
+    void ShowLoadedText();
+    void TakeColorOfFile();
+    void LimitSizeOfFile();
+    void TakeFormatOfFile();
+    bool MayOverwriteSettings(const QString &path);
+    std::optional<QString> WriteTextFile(const ChosenFile &file);
+    void ShowFileInTitle(bool partially);
+    QAction *RecentItem(const RecentList &list, int index) const;
+    void ShowRecentList(const RecentList &list);
+    void AddToRecentList(const RecentList &list, const QString &path);
+    void LoadRecent(const RecentList &list, int index);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
@@ -352,6 +499,7 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
 };

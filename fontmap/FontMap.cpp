@@ -4,6 +4,7 @@
 
 #include "platform/controls/CharCells.h"
 #include "platform/controls/Toolbar.h"
+#include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
@@ -21,8 +22,13 @@ void Zendova::FillDefaultMap()
 void Zendova::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
 {
     if (Button == Qt::LeftButton) {
-        TextBoard->setFocus();
-        TextBoard->setSelText(CharButton->Caption(Index));
+        if (FindHasFocus) {
+            FindString->setFocus();
+            FindString->insert(CharButton->Caption(Index));
+        } else {
+            TextBoard->setFocus();
+            TextBoard->setSelText(CharButton->Caption(Index));
+        }
     } else if (Button == Qt::RightButton) {
         FormatFM->popup(At);
     }

@@ -114,7 +114,9 @@ void Zendova::SizeMapContainers()
 void Zendova::ResetSplit(int Steps)
 {
     Steps = std::max(Steps, 0); // while no size is known, the smallest stands
-    Form.setHeight(TextBoard, Form.height(ViewsContainer) - 24 * TwipsY);
+    // The board keeps the room free that an open find bar has from it.
+    Form.setHeight(TextBoard, Form.height(ViewsContainer) - 24 * TwipsY - FindRoom);
+    PlaceFindBar();
     Form.setTop(FMapContainer, Form.top(ViewsContainer) + Form.height(ViewsContainer) + 2 * TwipsY);
     Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
     const TwipScale scale{.X = TwipsX, .Y = TwipsY};

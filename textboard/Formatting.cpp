@@ -10,12 +10,14 @@
 #include "platform/controls/Icons.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
+#include "textboard/FindBox.h"
 #include "textboard/QBColors.h"
 #include "textboard/TBColorPicker.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
 #include <QSlider>
+#include <algorithm>
 
 namespace {
 
@@ -68,6 +70,8 @@ void Zendova::ApplyFontToAll()
     face.setPointSize(ZoomSizeSlider->value());
     TextZoom->setCellFont(face);
     ShowStylesInZoom();
+    face.setPointSizeF(FindString->font().pointSizeF());
+    FindString->setFont(face);
 }
 
 void Zendova::ShowStylesInZoom()
@@ -88,6 +92,10 @@ void Zendova::FontSizeSlider_Change(int Value)
     face.setPointSize(Value);
     CharButton->setCellFont(face);
     TextBoard->setFontSize(Value);
+    // The find bar keeps its height whatever the board's size.
+    QFont inFindBar = FindString->font();
+    inFindBar.setPointSize(std::min(Value, 12));
+    FindString->setFont(inFindBar);
     FontSizeSlider->showNumber(QString::number(Value));
 }
 

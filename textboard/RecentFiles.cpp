@@ -6,6 +6,8 @@
 #include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
 
+#include <algorithm>
+
 RecentFiles::RecentFiles(QStringView key, int rows) : Key(key), Rows(static_cast<std::size_t>(rows))
 {
 }
@@ -25,6 +27,23 @@ void RecentFiles::read()
         auto [folder, file] = SplitAtLastSeparator(path);
         Rows[i] = {.Folder = std::move(folder), .Name = std::move(file)};
     }
+}
+
+void RecentFiles::add(const QString &path)
+{
+    bool found = false;
+    if (Counter > 1) {
+        const auto lookedAt = Rows.begin() + Counter;
+        const auto old = std::find_if(Rows.begin(), lookedAt, [&](const RecentFile &row) {
+            return !row.Name.isEmpty() && row.Folder + row.Name == path;
+        });
+        found = old != lookedAt;
+        const auto overwritten = found ? old : std::prev(lookedAt);
+        std::move_backward(Rows.begin(), overwritten, std::next(overwritten));
+    }
+    auto [folder, name] = SplitAtLastSeparator(path);
+    Rows.front() = {.Folder = std::move(folder), .Name = std::move(name)};
+    Counter = std::min(Counter + (found ? 2 : 1), static_cast<int>(Rows.size()));
 }
 
 void RecentFiles::write() const

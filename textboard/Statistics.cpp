@@ -2,18 +2,20 @@
 // flag and what is enabled while the board is empty. Reads the length of the text, never the text.
 #include "core/Zendova.h"
 
+#include "platform/ClipboardFormats.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/FillBar.h"
+#include "textboard/FindBox.h"
 #include "textboard/QBColors.h"
 #include "textboard/TextBoard.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
+#include <QAction>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLocale>
-#include <QMimeData>
+#include <QPushButton>
 #include <QSlider>
 
 namespace {
@@ -38,8 +40,17 @@ void Zendova::TextBoard_Change()
     PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
     UpdateProgressBar();
     TextChanged = true;
+    EnableTextCommands(n > 0);
+    EditFind->setEnabled(n > 0);
+    EditSelectAll->setEnabled(n > 0);
+    if (n == 0 && !FindFrame->isHidden())
+        CloseFindButton_Click();
+}
+
+void Zendova::EnableTextCommands(bool On)
+{
     for (const auto &[bar, key] : TextCommands)
-        EnableButton(this->*bar, key, n > 0);
+        EnableButton(this->*bar, key, On);
 }
 
 void Zendova::UpdateProgressBar()
@@ -57,11 +68,12 @@ void Zendova::UpdateProgressBar()
 
 void Zendova::SyncEditCommands()
 {
+    EditSelectAll->setEnabled(TextBoard->TextLength() > 0);
     const bool selected = TextBoard->SelLength() > 0;
     EnableButton(TextEditTB, "Cut", selected);
     EnableButton(TextEditTB, "Copy", selected);
-    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
-    EnableButton(TextEditTB, "Paste", clipboard && clipboard->hasFormat("text/plain"));
+    EditDelete->setEnabled(selected);
+    EnableButton(TextEditTB, "Paste", ClipboardFormats::hasText());
 }
 
 void Zendova::ApplyTextBoardSettings()
@@ -77,8 +89,12 @@ void Zendova::ApplyTextBoardSettings()
 
 void Zendova::SetTabOrder()
 {
-    QWidget *const order[] = {TextBoard, ZoomSizeSlider->slider(), FontNameCombo,
-                              FontSizeSlider->slider(), sldSetFMapSize->slider()};
+    // One order serves with the find bar and without it: what is hidden is passed over.
+    QWidget *const order[] = {TextBoard,       ZoomSizeSlider->slider(),
+                              FontNameCombo,   FontSizeSlider->slider(),
+                              FindString,      FindOpt[0],
+                              FindOpt[1],      FindNextButton,
+                              CloseFindButton, sldSetFMapSize->slider()};
     for (std::size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

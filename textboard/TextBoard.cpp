@@ -3,16 +3,22 @@
 #include "textboard/TextBoard.h"
 
 #include "platform/CodePage.h"
+#include "textboard/EditKeys.h"
 
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
+
+using EditKeys::belongsToWindow;
+using EditKeys::isCommand;
+using EditKeys::isRedo;
 
 namespace {
 
@@ -55,30 +61,6 @@ QString withLineEnds(QString raw, QLatin1StringView lineEnd)
     return raw.replace(QChar(QChar::ParagraphSeparator), lineEnd);
 }
 
-/// Ctrl is held, and not as a part of AltGr.
-bool isCommand(const QKeyEvent &event)
-{
-    return (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
-}
-
-bool isRedo(const QKeyEvent &event)
-{
-    return event.matches(QKeySequence::Redo) ||
-           (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Y);
-}
-
-/// The Edit commands own the clipboard's keys, and the window's commands the letters with Ctrl, of
-/// which the toolkit takes some for deleting to the end of a line and the like.
-bool belongsToWindow(const QKeyEvent &event)
-{
-    if (isRedo(event) || event.matches(QKeySequence::Undo))
-        return false;
-    if (event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Copy) ||
-        event.matches(QKeySequence::Paste) || event.matches(QKeySequence::SelectAll))
-        return true;
-    return isCommand(event) && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
-}
-
 QKeyEvent withText(const QKeyEvent &event, Qt::KeyboardModifiers modifiers, const QString &text)
 {
     return QKeyEvent(event.type(), event.key(), modifiers, event.nativeScanCode(),
@@ -104,6 +86,7 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     paper.setColor(QPalette::Base, Qt::white);
     paper.setColor(QPalette::Text, Qt::black);
     setPalette(paper);
+    keepSelectionVisible();
     setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -199,6 +182,11 @@ int TextBoard::toDocument(int position) const
     const QTextBlock block = document()->findBlockByNumber(first);
     return block.position() +
            std::clamp(position - first - block.position(), 0, block.length() - 1);
+}
+
+QString TextBoard::Fitting(QStringView text)
+{
+    return fitted(text).replace(QChar(u'\n'), QLatin1StringView("\r\n"));
 }
 
 int TextBoard::room() const
@@ -308,6 +296,14 @@ void TextBoard::dropEvent(QDropEvent *event)
     }
 }
 
+bool TextBoard::canInsertFromMimeData(const QMimeData *source) const
+{
+    // A file is no text: what is done with one that is dropped here is the owner's affair.
+    const QList<QUrl> urls = source->urls();
+    return std::ranges::none_of(urls, &QUrl::isLocalFile) &&
+           QPlainTextEdit::canInsertFromMimeData(source);
+}
+
 void TextBoard::insertFromMimeData(const QMimeData *source)
 {
     m_dropWasCut = !insertWhatFits(source->text());
@@ -402,6 +398,24 @@ void TextBoard::setForeColor(const QColor &color)
     for (const auto group : {QPalette::Active, QPalette::Inactive})
         colors.setColor(group, QPalette::Text, color);
     setPalette(colors);
+}
+
+void TextBoard::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
+        keepSelectionVisible();
+}
+
+void TextBoard::keepSelectionVisible()
+{
+    // Many desktops show a selection without the focus in a tone of their windows, which on white
+    // paper can hardly be seen.
+    QPalette colors = palette();
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+        colors.setColor(QPalette::Inactive, role, colors.color(QPalette::Active, role));
+    if (colors != palette())
+        setPalette(colors);
 }
 
 void TextBoard::setAlignment(int alignment)

@@ -40,6 +40,10 @@ public:
     /// The number of characters, without walking over the text.
     int TextLength() const;
 
+    /// The text as the board takes it in: in characters of the code page, with line ends CR LF. Of
+    /// a text many times the limit only a beginning is taken, which is beyond the limit too.
+    static QString Fitting(QStringView text);
+
     QString Text() const;
     /// Replaces the whole text; the caret goes to its start and undo begins anew. `Change` comes
     /// also if the text is the same as before.
@@ -102,12 +106,14 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     QMimeData *createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
@@ -123,6 +129,7 @@ private:
     int room() const;
     bool insertWhatFits(const QString &text);
     void applyFont();
+    void keepSelectionVisible();
 
     FontFactory m_factory;
     BoardFont m_face;

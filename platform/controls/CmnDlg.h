@@ -1,6 +1,6 @@
 // The desktop's common dialogs as the program uses them: initial values in, the choice out, and a
-// Cancel that says so. The font dialog is our own: the toolkit's lists only the fonts that the
-// toolkit holds.
+// Cancel that says so. The file dialogs are the desktop's; the font dialog is our own: the
+// toolkit's lists only the fonts that the toolkit holds.
 #pragma once
 
 #include "platform/ColorValue.h"
@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QString>
 #include <functional>
+#include <optional>
 #include <span>
 
 class QAbstractItemModel;
@@ -75,9 +76,49 @@ private:
     QLabel *Sample = nullptr;
 };
 
+/// What a file dialog starts from.
+struct FileOffer
+{
+    /// Bits, to be summed. No dialog here has a box for reading only, so that there is nothing to
+    /// hide; a file that must exist has a path that does.
+    enum Flag { OverwritePrompt = 2, HideReadOnly = 4, PathMustExist = 2048, FileMustExist = 4096 };
+
+    QString DialogTitle;
+    QString Filter;      ///< "text|pattern|text|pattern...": kinds of files, in any case of letters
+    int FilterIndex = 1; ///< the kind that is offered first, from 1
+    int Flags = 0;
+    QString InitDir; ///< the documents folder stands in for one that isn't there
+    QString
+        FileName{}; ///< offered name, whose folder, if it has one, comes before InitDir; or empty
+};
+
+struct ChosenFile
+{
+    QString FileName;  ///< whole path, exactly as chosen: no ending is appended
+    QString FileTitle; ///< the name without its folder
+};
+
 namespace CmnDlg {
+
+/// Asks for a file to read or to write: the desktop's own dialog where it has one. Names of other
+/// kinds than the offered can be typed. Nothing is given after Cancel.
+std::optional<ChosenFile> ShowOpen(QWidget *parent, const FileOffer &offer);
+std::optional<ChosenFile> ShowSave(QWidget *parent, const FileOffer &offer);
 
 /// Shows the font dialog. False, with the choice untouched, after Cancel.
 bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);
+
+/// What of a help file is to be shown; the number is the design platform's.
+enum class HelpCommand { Contents = 9 };
+
+struct HelpRequest
+{
+    HelpCommand Command = HelpCommand::Contents;
+    QString HelpFile; ///< path, relative to the current folder
+};
+
+/// Shows the help in a window beside the parent, which owns it; a window that is open already comes
+/// to the front and reads the file again. A file that can't be shown is told there.
+void ShowHelp(QWidget *parent, const HelpRequest &request);
 
 } // namespace CmnDlg

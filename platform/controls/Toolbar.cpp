@@ -1,13 +1,17 @@
 // Buttons that never take the focus: a click leaves the caret where the user types.
 #include "platform/controls/Toolbar.h"
 
+#include "platform/controls/Accessibility.h"
+
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QMenu>
 
 namespace {
 
 constexpr int ButtonSide = 22; // pixels: a picture of 16 and its frame
 constexpr int PictureSide = 16;
+constexpr int ArrowWidth = 14; // pixels
 
 } // namespace
 
@@ -16,6 +20,7 @@ Toolbar::Toolbar(QWidget *parent) : QWidget(parent), Row(new QHBoxLayout(this))
     Row->setContentsMargins(0, 0, 0, 0);
     Row->setSpacing(0);
     Row->addStretch();
+    setAccessibleRole(this, QAccessible::ToolBar);
 }
 
 QToolButton *Toolbar::addButton(const QString &key, Kind kind)
@@ -27,6 +32,11 @@ QToolButton *Toolbar::addButton(const QString &key, Kind kind)
     button->setCheckable(kind == Kind::Check);
     button->setIconSize(QSize(PictureSide, PictureSide));
     button->setFixedSize(ButtonSide, ButtonSide);
+    if (kind == Kind::DropDown) {
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+        button->setMenu(new QMenu(button));
+        button->setFixedWidth(ButtonSide + ArrowWidth);
+    }
     Row->insertWidget(Row->count() - 1, button);
     Buttons.insert(key, button);
     return button;
@@ -35,6 +45,7 @@ QToolButton *Toolbar::addButton(const QString &key, Kind kind)
 void Toolbar::addSeparator()
 {
     auto *line = new QFrame(this);
+    setAccessibleRole(line, QAccessible::Separator);
     line->setFrameShape(QFrame::VLine);
     line->setFrameShadow(QFrame::Sunken);
     line->setFixedSize(8, ButtonSide - 6);

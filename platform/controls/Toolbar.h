@@ -16,7 +16,8 @@ class Toolbar : public QWidget
 public:
     explicit Toolbar(QWidget *parent = nullptr);
 
-    enum class Kind { Push, Check };
+    /// A DropDown is a push button with an arrow beside it that opens the button's menu.
+    enum class Kind { Push, Check, DropDown };
     QToolButton *addButton(const QString &key, Kind kind);
     void addSeparator();
     /// Puts a container in front of the buttons; it keeps its own size.

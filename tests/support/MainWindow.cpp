@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -123,6 +124,11 @@ Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &sett
     , Settings(std::make_unique<SettingsTree>(beforeFirstStart(settingsFile(), settings)))
     , Started(!settings.isEmpty())
 {
+    // The file dialogs are the toolkit's, whose buttons can be pressed, and keep what they remember
+    // in this folder.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Folder.path());
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Folder.path());
     Screen->pretend(SysInfo::Screen{pixels, {}, dotsPerInch});
     UseSettingsTree(Settings.get());
 }

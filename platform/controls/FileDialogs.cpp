@@ -1,0 +1,74 @@
+// The file dialogs: what a caller offers, in the words of the toolkit's dialog, which passes it on
+// to the desktop's own. Touches no file.
+#include "platform/controls/CmnDlg.h"
+
+#include "platform/SysInfo.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+/// "Texts (*.TXT)|*.txt" becomes "Texts (*.TXT) (*.txt *.[tT][xX][tT])". The dialog shows the part
+/// before the last bracket. The first pattern is plain, as the toolkit takes an ending from it;
+/// some desktops mind the case of a pattern, hence the second.
+QStringList nameFilters(const QString &filter)
+{
+    QStringList filters;
+    const QStringList parts = filter.split('|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString anyCase;
+        for (const QChar c : parts[i + 1])
+            anyCase += c.isLetter() ? QString("[%1%2]").arg(c.toLower()).arg(c.toUpper()) : c;
+        filters += QString("%1 (%2 %3)").arg(parts[i], parts[i + 1], anyCase);
+    }
+    return filters;
+}
+
+QString folderFor(const FileOffer &offer)
+{
+    const QFileInfo named(offer.FileName);
+    for (const QString &folder :
+         {named.isAbsolute() ? named.path() : QString(), offer.InitDir, SysInfo::documentsFolder()})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
+}
+
+std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
+{
+    dialog.setWindowTitle(offer.DialogTitle);
+    dialog.setFileMode(offer.Flags & FileOffer::FileMustExist ? QFileDialog::ExistingFile
+                                                              : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite,
+                     !(offer.Flags & FileOffer::OverwritePrompt));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    const QStringList filters = nameFilters(offer.Filter);
+    dialog.setNameFilters(filters);
+    dialog.setDirectory(folderFor(offer));
+    // The kind before the name: it would change the ending of a name that is there already.
+    dialog.selectNameFilter(filters.value(offer.FilterIndex - 1));
+    if (!offer.FileName.isEmpty())
+        dialog.selectFile(QFileInfo(offer.FileName).fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString chosen = dialog.selectedFiles().constFirst();
+    return ChosenFile{.FileName = chosen, .FileTitle = QFileInfo(chosen).fileName()};
+}
+
+} // namespace
+
+std::optional<ChosenFile> CmnDlg::ShowOpen(QWidget *parent, const FileOffer &offer)
+{
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    return show(dialog, offer);
+}
+
+std::optional<ChosenFile> CmnDlg::ShowSave(QWidget *parent, const FileOffer &offer)
+{
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    return show(dialog, offer);
+}

@@ -1,0 +1,201 @@
+// The Edit commands, which work on the selection, and the Tools commands, which work on the whole
+// board: the clipboard, deleting, and emptying the board. All of them act on the board wherever the
+// focus is; only a partial paste goes where the focus is.
+#include "core/Zendova.h"
+
+#include "core/GlobalDeclarations.h"
+#include "core/Message.h"
+#include "platform/ClipboardFormats.h"
+#include "platform/FontCatalog.h"
+#include "platform/controls/FontCombo.h"
+#include "textboard/FindBox.h"
+#include "textboard/TextBoard.h"
+
+#include <QAction>
+#include <algorithm>
+#include <new>
+
+namespace {
+
+/// Runs an insertion. A large text may find no memory, which is told; false then.
+template<class Insertion>
+bool paste(Insertion insert)
+{
+    try {
+        insert();
+        return true;
+    } catch (const std::bad_alloc &) {
+        ZndvMsg("\r\rPaste operation cannot be completed successfully\r"
+                "because of memory constraints.\r\r"
+                "You may try to reduce the size of the\r"
+                "string on Windows Clipboard and try again.",
+                "OK", ProductName + " Paste Error", false, 1);
+        return false;
+    }
+}
+
+/// Says that the board is on the clipboard, unless the user has silenced it.
+void confirm(QAction *display, const QString &body, const QString &title)
+{
+    if (!display->isChecked())
+        return;
+    ZndvMsg(body, "OK", ProductName + title, true, 1);
+    display->setChecked(!MsgDontRepeat);
+}
+
+} // namespace
+
+bool Zendova::IsSymbolFont(const QString &Name)
+{
+    const FontCatalog &catalog = FontCatalog::current();
+    const auto &families = catalog.families();
+    const auto family = std::ranges::find(families, Name, &FontFamily::name);
+    return family != families.end() &&
+           catalog.traits(static_cast<int>(family - families.begin())).symbol;
+}
+
+void Zendova::EditCut_Click()
+{
+    ClipboardFormats::setText(TextBoard->SelText());
+    TextBoard->setSelText({});
+    SyncEditCommands();
+}
+
+void Zendova::EditCopy_Click()
+{
+    ClipboardFormats::setText(TextBoard->SelText());
+    SyncEditCommands();
+}
+
+void Zendova::EditPaste_Click()
+{
+    const int count = TextBoard->TextLength();
+    if (count == TBLimit && TextBoard->SelLength() == 0) {
+        ZndvMsg("\r\r\r\rPaste operation cannot be completed successfully.\r"
+                "The TextBoard is already filled to it's capacity.",
+                "OK", ProductName + " Paste Error", false, 1);
+        return;
+    }
+    const QString text = ::TextBoard::Fitting(ClipboardFormats::text());
+    if (text.isEmpty()) {
+        SyncEditCommands();
+        return;
+    }
+    // Whether all of it fits is asked as if the selection stayed; how much fits is not.
+    if (text.size() <= TextBoard->MaxLength() - count) {
+        if (paste([&] { TextBoard->setSelText(text); }))
+            SyncEditCommands();
+        return;
+    }
+    ZndvMsg("\rLength of the text string you are trying to paste exceeds\r"
+            "the maximum limit (61,440 characters) of the TextBoard.\r"
+            "A partial paste upto the limit of the TextBoard is possible.\r\r"
+            "Continue Paste?\r"
+            "\u2022 Press Yes to paste partial string.\r"
+            "\u2022 Press No to cancel paste.",
+            "YN", ProductName + " TextBoard Limit Warning", false, 1);
+    if (!MsgResult)
+        return;
+    const QString part = text.left(TextBoard->MaxLength() - (count - TextBoard->SelLength()));
+    paste([&] { FindHasFocus ? FindString->insert(part) : TextBoard->setSelText(part); });
+}
+
+void Zendova::EditDelete_Click()
+{
+    TextBoard->setSelText({});
+    SyncEditCommands();
+}
+
+void Zendova::EditSelectAll_Click()
+{
+    TextBoard->setSelStart(0);
+    TextBoard->setSelLength(TextBoard->TextLength());
+}
+
+void Zendova::PrepareRTFBuffer(bool Whole)
+{
+    TextBoardRTF.setText(Whole ? TextBoard->Text() : TextBoard->SelText());
+    TextBoardRTF.setSelStart(0);
+    TextBoardRTF.setSelLength(TextBoardRTF.TextLength());
+    TextBoardRTF.setSelFontName(TextBoard->FontName());
+    TextBoardRTF.setSelFontSize(TextBoard->FontSize());
+    TextBoardRTF.setSelBold(TextBoard->FontBold());
+    TextBoardRTF.setSelItalic(TextBoard->FontItalic());
+    TextBoardRTF.setSelUnderline(TextBoard->FontUnderline());
+    TextBoardRTF.setSelStrikeThru(TextBoard->FontStrikethru());
+    TextBoardRTF.setSelColor(FromColor(TextBoard->ForeColor()));
+    TextBoardRTF.setSelAlignment(TextBoard->Alignment());
+}
+
+void Zendova::CopyBoardToClipboard()
+{
+    PrepareRTFBuffer(true);
+    ClipboardFormats::setText(TextBoard->Text(), TextBoardRTF.TextRTF());
+}
+
+void Zendova::ToolsCopy_Click()
+{
+    CopyBoardToClipboard();
+    confirm(DisplayCD, "\r\r\r\rTextBoard contents have been copied to Windows Clipboard.",
+            " Copy Successful");
+}
+
+void Zendova::ToolsCut_Click()
+{
+    CopyBoardToClipboard();
+    EmptyBoard();
+    confirm(DisplayCD, "\r\r\r\rTextBoard contents have been cut to Windows Clipboard.",
+            " Cut Successful");
+}
+
+void Zendova::EmptyBoard()
+{
+    TextBoard->setText({});
+    TextBoardRTF.setText({});
+}
+
+bool Zendova::MayUnload()
+{
+    const QString question = "Continue Unloading?\r"
+                             "\u2022 Press Yes to continue unloading TextBoard.\r"
+                             "\u2022 Press No to cancel operation.";
+    if (TextChanged) {
+        ZndvMsg("\r\rText on the TextBoard has been changed.\r"
+                "You will lose these changes by unloading the TextBoard now.\r\r" +
+                    question,
+                "YN", ProductName + " TextBoard Save Warning", false, 1);
+        return MsgResult;
+    }
+    if (!DisplayOW->isChecked())
+        return true;
+    ZndvMsg("\r\rYou have text on the TextBoard.\r"
+            "You will lose this text by unloading the TextBoard now.\r\r" +
+                question,
+            "YN", ProductName + " TextBoard Unload Warning", true, 1);
+    DisplayOW->setChecked(!MsgDontRepeat);
+    return MsgResult;
+}
+
+void Zendova::ToolsClear_Click()
+{
+    if (!MayUnload())
+        return;
+    EmptyBoard();
+    LoadedFilePath.clear();
+    LoadedFileTitle.clear();
+    setWindowTitle(ProductName + VersionSuffix);
+    if (OptUnloadTD->isChecked())
+        RestoreTextBoardDefaults();
+    if (!FindFrame->isHidden())
+        CloseFindButton_Click();
+    SyncEditCommands();
+}
+
+void Zendova::RestoreTextBoardDefaults()
+{
+    ReadTextBoardDefaults();
+    ApplyTextBoardSettings();
+    TBFontIndex = FindCurrentFontIndex();
+    FontNameCombo->SelectItem(TBFontIndex);
+    ApplyFontToAll();
+}

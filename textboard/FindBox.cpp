@@ -1,0 +1,49 @@
+// The characters by a validator, through which the toolkit sends every change of the text.
+#include "textboard/FindBox.h"
+
+#include "platform/CodePage.h"
+#include "textboard/EditKeys.h"
+#include "textboard/TextBoard.h"
+
+#include <QValidator>
+
+namespace {
+
+class CodePageValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &input, int &position) const override
+    {
+        position = static_cast<int>(CodePage::fit(QStringView(input).left(position)).size());
+        input = CodePage::fit(input);
+        return Acceptable;
+    }
+};
+
+} // namespace
+
+FindBox::FindBox(QWidget *parent) : QLineEdit(parent)
+{
+    setMaxLength(TextBoard::MaxLength());
+    setValidator(new CodePageValidator(this));
+}
+
+bool FindBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        EditKeys::belongsToWindow(static_cast<const QKeyEvent &>(*event))) {
+        event->ignore();
+        return false;
+    }
+    return QLineEdit::event(event);
+}
+
+void FindBox::keyPressEvent(QKeyEvent *event)
+{
+    if (EditKeys::belongsToWindow(*event))
+        event->ignore();
+    else
+        QLineEdit::keyPressEvent(event);
+}

@@ -1,0 +1,322 @@
+// Loading the board's text from ZUF and TXT files and saving it, with every question on the way.
+// The order of the steps is fixed: before the board is cleared a load can be given up without a
+// trace, after it the old text is gone. Files are touched by TextBoardRTF alone.
+#include "core/Zendova.h"
+
+#include "core/Addresses.h"
+#include "core/CheckDFFFunctions.h"
+#include "core/GlobalDeclarations.h"
+#include "core/Message.h"
+#include "platform/controls/CmnDlg.h"
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
+#include "textboard/QBColors.h"
+#include "textboard/TextBoard.h"
+#include "textboard/TextFileMessages.h"
+
+#include <QAction>
+#include <QSlider>
+#include <QToolButton>
+#include <array>
+#include <cmath>
+
+namespace {
+
+using FileKind = TextBoardRTF::FileKind;
+
+constexpr auto FileFilter = "Zendova Uniform Format Files (*.ZUF)|*.zuf|Text Files (*.TXT)|*.txt";
+
+/// Ends a part of a load. Which message that gives depends on the part alone.
+struct LoadFault : std::exception
+{
+};
+
+void tell(const FileMessage &message, const QString &insert = {})
+{
+    ZndvMsg(QString::fromUtf8(message.Text).replace("%1", insert), message.Buttons,
+            ProductName + message.Title, message.ShowCheck, message.DefaultButton);
+}
+
+/// True for Yes.
+bool ask(const FileMessage &message, const QString &insert = {})
+{
+    tell(message, insert);
+    return MsgResult;
+}
+
+/// By the last three characters in capitals; no dot is asked for.
+std::optional<FileKind> kindOf(const QString &path)
+{
+    const QString ending = path.right(3).toUpper();
+    if (ending == "TXT")
+        return FileKind::PlainText;
+    if (ending == "ZUF")
+        return FileKind::RichText;
+    return std::nullopt;
+}
+
+/// Halves go to the even number.
+int wholePoints(double points)
+{
+    return static_cast<int>(std::nearbyint(points));
+}
+
+void selectAll(TextBoardRTF &buffer)
+{
+    buffer.setSelStart(0);
+    buffer.setSelLength(buffer.TextLength());
+}
+
+} // namespace
+
+// Loading
+
+void Zendova::FileLoad_Click()
+{
+    LoadTextFile({});
+}
+
+void Zendova::LoadTextFile(const QString &Path)
+{
+    if (!MayDiscardText() || (Path.isEmpty() && !AskForTextFile()))
+        return;
+    EmptyBoard();
+    LoadedFilePath.clear();
+    LoadedFileTitle.clear();
+    try {
+        if (!ReadPendingFile())
+            return;
+    } catch (const std::exception &) {
+        return tell(FileMessages::NotReadable);
+    }
+    const bool partially = TextBoardRTF.TextLength() > TBLimit;
+    if (partially) {
+        if (!ask(FileMessages::TooLong))
+            return;
+        TextBoardRTF.Truncate(TBLimit);
+    }
+    try {
+        ShowLoadedText();
+        ShowFileInTitle(partially);
+    } catch (const std::exception &) {
+        tell(FileMessages::NotShown);
+    }
+}
+
+bool Zendova::MayDiscardText()
+{
+    if (TextBoard->TextLength() == 0)
+        return true;
+    if (TextChanged)
+        return ask(FileMessages::TextWasChanged);
+    if (!DisplayOW->isChecked())
+        return true;
+    const bool yes = ask(FileMessages::TextIsThere);
+    DisplayOW->setChecked(!MsgDontRepeat);
+    return yes;
+}
+
+bool Zendova::AskForTextFile()
+{
+    const auto chosen =
+        CmnDlg::ShowOpen(this, {.DialogTitle = "Select a File to Load Text From",
+                                .Filter = FileFilter,
+                                .Flags = FileOffer::HideReadOnly | FileOffer::PathMustExist |
+                                         FileOffer::FileMustExist,
+                                .InitDir = LFLoadPath});
+    if (!chosen || !CheckAlreadyLoaded(chosen->FileName))
+        return false;
+    PendingFilePath = chosen->FileName;
+    PendingFileTitle = chosen->FileTitle;
+    return true;
+}
+
+bool Zendova::CheckAlreadyLoaded(const QString &Path)
+{
+    if (Path != LoadedFilePath)
+        return true;
+    if (TextChanged)
+        return ask(FileMessages::LoadedButChanged, Path);
+    tell(FileMessages::AlreadyLoaded, Path);
+    return false;
+}
+
+bool Zendova::ReadPendingFile()
+{
+    const std::optional<FileKind> kind = kindOf(PendingFilePath);
+    if (!kind) {
+        tell(FileMessages::WrongType);
+        return false;
+    }
+    if (TextBoardRTF.LoadFile(PendingFilePath, *kind))
+        throw LoadFault();
+    if (*kind == FileKind::RichText) {
+        LoadFontReplaced = false;
+        if (!TakeFontOfFile())
+            return false;
+    }
+    selectAll(TextBoardRTF);
+    if (!TextBoardRTF.SelFontSize() || !TextBoardRTF.SelColor() || !TextBoardRTF.SelFontName())
+        throw LoadFault();
+    return true;
+}
+
+/// False if the font is not there and the user doesn't want the text without it.
+bool Zendova::TakeFontOfFile()
+{
+    const QString name = TextBoardRTF.SelFontName().value();
+    if (FindFontItem(name)) {
+        FontNameCombo->SelectItem(TBFontIndex);
+        return true;
+    }
+    if (!ask(FileMessages::FontMissing, name))
+        return false;
+    LoadFontReplaced = true;
+    return true;
+}
+
+void Zendova::ShowLoadedText()
+{
+    if (kindOf(PendingFilePath) == FileKind::PlainText) {
+        if (OptLoadTD->isChecked())
+            RestoreTextBoardDefaults();
+    } else if (!LoadFontReplaced) {
+        ApplyLoadedFont();
+    }
+    TextBoard->setText(TextBoardRTF.Text());
+    TextChanged = false;
+    SyncEditCommands();
+
+    AddFileToMRU(PendingFilePath);
+    TBFontName = TextBoard->FontName();
+    LoadedFilePath = PendingFilePath;
+    LoadedFileTitle = PendingFileTitle;
+    LFLoadPath = WithoutSeparator(SplitAtLastSeparator(LoadedFilePath).Folder);
+}
+
+void Zendova::ApplyLoadedFont()
+{
+    selectAll(TextBoardRTF);
+    TakeColorOfFile();
+    LimitSizeOfFile();
+    ApplyFontToAll();
+    // What was taken over before a fault stays, and the text is shown all the same.
+    try {
+        TakeFormatOfFile();
+    } catch (const std::exception &) {
+        tell(FileMessages::UnknownError, FeedbackAddress);
+    }
+}
+
+void Zendova::TakeColorOfFile()
+{
+    if (FindColorIndex(TextBoardRTF.SelColor().value())) {
+        TBColorName = QBColorName(TBColorIndex);
+        RenewColorToolTip();
+        return;
+    }
+    tell(FileMessages::ForeignColor);
+    TBColorIndex = 0;
+    TBColorName = QBColorName(TBColorIndex);
+    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+}
+
+void Zendova::LimitSizeOfFile()
+{
+    const int points = wholePoints(TextBoardRTF.SelFontSize().value());
+    const int least = FontSizeSlider->slider()->minimum();
+    const int most = FontSizeSlider->slider()->maximum();
+    if (points < least) {
+        tell(FileMessages::SizeTooSmall);
+        TextBoardRTF.setSelFontSize(least);
+    } else if (points > most) {
+        tell(FileMessages::SizeTooLarge);
+        TextBoardRTF.setSelFontSize(most);
+    }
+}
+
+/// Throws where an attribute differs within the text.
+void Zendova::TakeFormatOfFile()
+{
+    const ::TextBoardRTF &file = TextBoardRTF;
+    const double points = file.SelFontSize().value();
+    TextBoard->setFontName(file.SelFontName().value());
+    TextBoard->setFontSize(points);
+    TextBoard->setFontBold(file.SelBold().value());
+    TextBoard->setFontItalic(file.SelItalic().value());
+    TextBoard->setFontUnderline(file.SelUnderline().value());
+    TextBoard->setFontStrikethru(file.SelStrikeThru().value());
+    // The file's own colour, also where it is none of the sixteen and the model says black.
+    TextBoard->setForeColor(ToColor(file.SelColor().value(), palette()));
+    TextBoard->setAlignment(file.SelAlignment().value());
+
+    const std::array styles = {TextBoard->FontBold(), TextBoard->FontItalic(),
+                               TextBoard->FontUnderline(), TextBoard->FontStrikethru()};
+    for (std::size_t style = 0; style < styles.size(); ++style) {
+        TBStyle.at(style) = styles.at(style) ? 1 : 0;
+        StyleButton(static_cast<int>(style))->setChecked(styles.at(style));
+    }
+    RenewColorButton();
+    SetAlignment(TextBoard->Alignment());
+    FontSizeSlider->setValue(wholePoints(points));
+    FontSizeSlider->showNumber(QString::number(FontSizeSlider->value()));
+    TextBoard->setFontSize(points); // the slider has given it whole points; a half stays a half
+    ShowStylesInZoom();
+}
+
+void Zendova::ShowFileInTitle(bool partially)
+{
+    QString name = LoadedFileTitle;
+    name.replace("[*]", "[*][*]"); // the toolkit's own mark in a title; twice it stands for itself
+    setWindowTitle(ProductName + " :  " + name + (partially ? " (PARTIALLY LOADED!)" : ""));
+}
+
+// Saving
+
+void Zendova::FileSave_Click()
+{
+    const bool wasText = kindOf(LoadedFilePath) == FileKind::PlainText;
+    const auto chosen =
+        CmnDlg::ShowSave(this, {.DialogTitle = "Save Text in File",
+                                .Filter = FileFilter,
+                                .FilterIndex = wasText ? 2 : 1,
+                                .Flags = FileOffer::OverwritePrompt | FileOffer::HideReadOnly,
+                                .InitDir = LFSavePath,
+                                .FileName = LoadedFilePath});
+    if (!chosen)
+        return;
+    const bool fontWasReplaced = LoadFontReplaced;
+    if (!MayOverwriteSettings(chosen->FileName))
+        return;
+    if (const auto reason = WriteTextFile(*chosen)) {
+        LoadFontReplaced = fontWasReplaced;
+        return tell(FileMessages::NotSaved, chosen->FileName + '\r' + *reason);
+    }
+    AddFileToMRU(chosen->FileName);
+    LoadedFilePath = chosen->FileName;
+    LoadedFileTitle = chosen->FileTitle;
+    LFSavePath = WithoutSeparator(SplitAtLastSeparator(LoadedFilePath).Folder);
+    ShowFileInTitle(false);
+    TextChanged = false;
+}
+
+/// Asks before settings that were never shown are lost with the file that holds them.
+bool Zendova::MayOverwriteSettings(const QString &path)
+{
+    if (path == LoadedFilePath && LoadFontReplaced)
+        return ask(FileMessages::SettingsReplaced);
+    LoadFontReplaced = false;
+    return true;
+}
+
+/// Gives the reason of a failure.
+std::optional<QString> Zendova::WriteTextFile(const ChosenFile &file)
+{
+    // Small letters only: any other name, one in capitals too, gets the formatted kind.
+    if (file.FileTitle.endsWith("txt")) {
+        TextBoardRTF.setText(TextBoard->Text());
+        return TextBoardRTF.SaveFile(file.FileName, FileKind::PlainText);
+    }
+    PrepareRTFBuffer(true);
+    return TextBoardRTF.SaveFile(file.FileName, FileKind::RichText);
+}
