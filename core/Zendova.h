@@ -314,6 +314,7 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     void FontNameCombo_KeyPress(int Key);
+    static bool IsSymbolFont(const QString &Name);
 
     class FontList FontList;
 
@@ -380,7 +381,6 @@ public:
     void PrepareRTFBuffer(bool Whole);
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
-    static bool IsSymbolFont(const QString &Name);
 
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
 

@@ -109,7 +109,7 @@ private slots:
 
     void commands_data();
     void commands();
-    void keysMeetTheStateOfNow();
+    void keysMeetTheStateOfTheLastOpening();
     void statesFollowSelectionAndClipboard();
     void linesOnTheClipboard();
     void pasteLimit_data();
@@ -183,7 +183,7 @@ void TestEditing::commands()
     }
 }
 
-void TestEditing::keysMeetTheStateOfNow()
+void TestEditing::keysMeetTheStateOfTheLastOpening()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
@@ -192,7 +192,11 @@ void TestEditing::keysMeetTheStateOfNow()
     QVERIFY(!menuItem(window, "EditCopy")->isEnabled());
     QTest::keySequence(window->TextBoard, QKeySequence("Shift+Left"));
     QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+C"));
+    QCOMPARE(clipboard()->text(), QString("old"));
+    lookAtMenu(window, "ItemEdit");
+    QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+C"));
     QCOMPARE(clipboard()->text(), QString("b"));
+    // The items are on now; with nothing selected they leave everything as it is.
     QTest::keySequence(window->TextBoard, QKeySequence("Home"));
     for (const char *key : {"Ctrl+C", "Ctrl+X", "Ctrl+D"})
         QTest::keySequence(window->TextBoard, QKeySequence(key));
@@ -458,6 +462,8 @@ void TestEditing::cutBoard()
     QCOMPARE(window->windowTitle(), QString("Zendova :  b.zuf"));
     for (const char *key : {"CopyButton", "CutButton", "ClearButton"})
         QVERIFY(!window->TBOperationsTB->button(key)->isEnabled());
+    QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+Z"));
+    QCOMPARE(window->TextBoard->Text(), QString("ab"));
     QVERIFY(!window->TextEditTB->button("Cut")->isEnabled());
 }
 
