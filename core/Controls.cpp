@@ -6,6 +6,7 @@
 #include "core/SettingsDefaults.h"
 #include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
+#include "platform/controls/Accessibility.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
@@ -14,11 +15,10 @@
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QFrame>
-#include <QHBoxLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -34,34 +34,35 @@ struct ControlRow
 {
     const char *Name;
     const char *Parent;
-    TwipRect Place;       ///< within the parent; of no use for the content of a band
-    const char *Tag = ""; ///< tooltip that the ToolTips toggle switches
+    TwipRect Place;          ///< within the parent; of no use for the content of a band
+    const char *Tag = "";    ///< tooltip that the ToolTips toggle switches
+    const char *Spoken = ""; ///< accessible name of what has neither a text nor a tag
 };
 
 constexpr TwipRect InBand;
 
 constexpr ControlRow Controls[] = {
-    {"CoolBarCM", "Client", {105, 0, 11415, 390}},
-    {"TBFContainer", "CoolBarCM", InBand},
+    {"CoolBarCM", "Client", {105, 0, 11415, 390}, "", "Main bar"},
+    {"TBFContainer", "CoolBarCM", InBand, "", "Font name"},
     {"FontLabel", "TBFContainer", {45, 45, 960, 240}},
-    {"FontNameCombo", "TBFContainer", {1035, 0, 5010, 330}},
-    {"FSZContainer", "CoolBarCM", InBand},
+    {"FontNameCombo", "TBFContainer", {1035, 0, 5010, 330}, "", "Select a Font"},
+    {"FSZContainer", "CoolBarCM", InBand, "", "Font size"},
     {"FontSizeLabel", "FSZContainer", {45, 15, 840, 240}},
     {"FontSizeNumber", "FSZContainer", {900, 15, 240, 240}, "Font Size (Click to Change)"},
     // A pixel lower than designed: above the container its frame would be cut off.
     {"FontSizeEdit", "FSZContainer", {900, 0, 270, 285}, "Enter font size"},
     {"FontSizeSlider", "FSZContainer", {1170, 0, 945, 270}},
-    {"CoolBarTB", "Client", {2145, 375, 9375, 390}},
-    {"TBPContainer", "CoolBarTB", InBand},
+    {"CoolBarTB", "Client", {2145, 375, 9375, 390}, "", "TextBoard bar"},
+    {"TBPContainer", "CoolBarTB", InBand, "", "TextBoard filled"},
     {"NoOfChars", "TBPContainer", {45, 60, 600, 240}, "Number of Characters on TextBoard"},
     {"ProgressBack", "TBPContainer", {720, 85, 900, 150}, "Percentage of TextBoard Filled"},
-    {"ProgressFore", "TBPContainer", {720, 85, 900, 150}},
+    {"ProgressFore", "TBPContainer", {720, 85, 900, 150}, "", "Filled part"},
     {"PercFilled", "TBPContainer", {1710, 60, 495, 240}, "Percentage of TextBoard Filled"},
-    {"ViewsContainer", "Client", {105, 375, 2010, 3765}},
-    {"ZSzContainer", "ViewsContainer", {0, -90, 2010, 2460}},
+    {"ViewsContainer", "Client", {105, 375, 2010, 3765}, "", "Views"},
+    {"ZSzContainer", "ViewsContainer", {0, -90, 2010, 2460}, "", "Zoom View"},
     {"ViewsTB", "ZSzContainer", {30, 120, 1920, 330}},
     {"TextZoom", "ZSzContainer", {0, 450, 2010, 2010}, "Zoom View Area"},
-    {"CVAContainer", "ViewsContainer", {0, 2310, 2010, 1485}},
+    {"CVAContainer", "ViewsContainer", {0, 2310, 2010, 1485}, "", "Code and Keystroke Views"},
     {"ZoomSizeLabel", "CVAContainer", {30, 135, 1005, 240}},
     {"ZoomSizeNumber", "CVAContainer", {1065, 135, 255, 240}, "Zoom Size (Click to Change)"},
     {"ZoomSizeEdit", "CVAContainer", {1050, 105, 300, 285}, "Enter zoom size"},
@@ -79,9 +80,10 @@ constexpr ControlRow Controls[] = {
     {"KVACover", "CVAContainer", {0, 1140, 2010, 315}, "Keystroke View Area"},
     {"KSLabel", "CVAContainer", {30, 1185, 975, 240}},
     {"KS", "CVAContainer", {1065, 1185, 945, 240}},
-    {"TextBoard", "Client", {2145, 735, 9375, 3405}},
-    {"FindFrame", "Client", {2175, 3765, 9345, 345}},
-    {"FindStrLabel", "FindFrame", {60, 45, 390, 210}},
+    {"TextBoard", "Client", {2145, 735, 9375, 3405}, "", "TextBoard"},
+    {"FindFrame", "Client", {2175, 3765, 9345, 345}, "", "Find bar"},
+    // Six pixels wider than designed: some desktops' fonts need more.
+    {"FindStrLabel", "FindFrame", {60, 45, 480, 210}},
     {"FindString", "FindFrame", {555, 0, 2730, 345}},
     {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},
     {"ClearFindButton", "FindFrame", {4455, 15, 990, 315}},
@@ -89,9 +91,9 @@ constexpr ControlRow Controls[] = {
     {"FindOpt1", "FindFrame", {6975, 15, 1335, 315}},
     {"CloseFindButton", "FindFrame", {8355, 15, 990, 315}},
     {"SplitBar", "Client", {105, 4140, 11370, 30}, "Pull FontMap Up/Down"},
-    {"FMapContainer", "Client", {90, 4170, 11415, 3690}},
-    {"CharButton", "FMapContainer", {0, 0, 11415, 3690}},
-    {"clbFontMap", "FMapContainer", {0, -15, 11415, 390}},
+    {"FMapContainer", "Client", {90, 4170, 11415, 3690}, "", "FontMap"},
+    {"CharButton", "FMapContainer", {0, 0, 11415, 3690}, "", "Characters of the FontMap"},
+    {"clbFontMap", "FMapContainer", {0, -15, 11415, 390}, "", "FontMap bar"},
     {"pbxSetFMapSize", "clbFontMap", {0, 0, 2505, 360}, "Adjust FontMap Size"},
     {"MapSizeLabel", "pbxSetFMapSize", {30, 60, 855, 240}},
     {"lblSetFMapSizeNumber",
@@ -102,10 +104,10 @@ constexpr ControlRow Controls[] = {
     {"sldSetFMapSize", "pbxSetFMapSize", {1215, 45, 1230, 270}},
     {"pbxCFMName", "clbFontMap", {0, 0, 4350, 360}, "Custom Map currently loaded"},
     {"lblCFMName", "pbxCFMName", {0, 60, 4350, 240}, "Currently loaded Custom FontMap file name"},
-    {"LLVContainer", "Client", {90, 7860, 5775, 315}},
+    {"LLVContainer", "Client", {90, 7860, 5775, 315}, "", "Credits"},
     {"SampleText0", "LLVContainer", {60, 60, 5700, 240}},
     {"SampleText1", "LLVContainer", {45, 45, 5700, 240}},
-    {"StatBar", "Client", {9600, 7875, 1920, 300}},
+    {"StatBar", "Client", {9600, 7875, 1920, 300}, "", "Lock keys"},
 };
 
 const ControlRow &rowOf(const char *name)
@@ -156,6 +158,12 @@ void Zendova::Adopt(QWidget *control, const char *name)
     const ControlRow &row = rowOf(name);
     control->setObjectName(row.Name);
     control->setProperty("Tag", QString::fromLatin1(row.Tag));
+    // A label speaks by its text, and its tag tells what the text is.
+    const char *spoken = *row.Spoken ? row.Spoken : row.Tag;
+    if (qobject_cast<QLabel *>(control) && !*row.Spoken)
+        control->setAccessibleDescription(spoken);
+    else if (*spoken)
+        control->setAccessibleName(spoken);
     ControlsByName.insert(row.Name, control);
     if (row.Place != InBand)
         Form.place(control, row.Place);
@@ -237,6 +245,7 @@ void Zendova::CreateControls()
     split->setFrameStyle(QFrame::HLine | QFrame::Raised);
     split->setCursor(Qt::SplitVCursor);
     split->installEventFilter(this);
+    setAccessibleRole(split, QAccessible::Grip);
     SplitBar = split;
 
     CreateMap();
@@ -246,16 +255,8 @@ void Zendova::CreateControls()
         MakeLabel("SampleText0", " \u00B7 every character of every font", Qt::AlignLeft);
     SampleText[1] = MakeLabel("SampleText1", SampleText[0]->text(), Qt::AlignLeft);
     StatBar = Make<QWidget>("StatBar");
-    auto *panels = new QHBoxLayout(StatBar);
-    panels->setContentsMargins(0, 0, 0, 0);
-    panels->setSpacing(2);
-    for (const char *text : {"NUM", "CAPS", "SCRL"}) {
-        auto *panel = new QLabel(text, StatBar);
-        panel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        panel->setAlignment(Qt::AlignCenter);
-        panel->setEnabled(false);
-        panels->addWidget(panel);
-    }
+    CreateLockPanels();
+    CreateSplitGrip();
     ConnectControls();
 }
 
@@ -288,8 +289,10 @@ void Zendova::CreateFindBar()
 void Zendova::CreateViews()
 {
     ViewsContainer = Make<QWidget>("ViewsContainer");
+    ViewsContainer->installEventFilter(this);
     ZSzContainer = Make<QWidget>("ZSzContainer");
     ViewsTB->setParent(ZSzContainer);
+    ViewsTB->setContextMenuPolicy(Qt::PreventContextMenu); // a press on it is for no view
     Adopt(ViewsTB, "ViewsTB");
     TextZoom = new CharCells(1, ZSzContainer);
     Adopt(TextZoom, "TextZoom");
@@ -322,6 +325,7 @@ void Zendova::CreateMap()
     Adopt(CharButton, "CharButton");
     CharButton->setScale(Form.scale());
     CharButton->setPlaces(designCells());
+    CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
     clbFontMap = Make<BandBar>("clbFontMap", Form.scale());
     pbxSetFMapSize = Make<QWidget>("pbxSetFMapSize");
     MakeLabel("MapSizeLabel", "Map Size:", Qt::AlignLeft);
@@ -369,8 +373,5 @@ void Zendova::ConnectControls()
     auto *escape = new QShortcut(Qt::Key_Escape, FindFrame);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, &Zendova::CloseFindButton_Click);
-    // The box keeps its claim on the characters while another window or a menu is in front.
-    connect(qApp, &QApplication::focusChanged, this,
-            [this] { FindHasFocus = focusWidget() == FindString; });
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }

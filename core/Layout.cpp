@@ -12,6 +12,7 @@
 #include "platform/controls/Toolbar.h"
 #include "textboard/TextBoard.h"
 
+#include <QContextMenuEvent>
 #include <QLayout>
 #include <QMouseEvent>
 #include <algorithm>
@@ -187,26 +188,75 @@ void Zendova::SplitBar_DblClick()
     TextBoard->setFocus();
 }
 
+void Zendova::CreateSplitGrip()
+{
+    SplitGrip = new QWidget(Client);
+    SplitGrip->setObjectName("SplitGrip");
+    SplitGrip->setAccessibleName(SplitBar->accessibleName());
+    SplitGrip->setCursor(SplitBar->cursor());
+    SplitGrip->installEventFilter(this);
+    PlaceSplitGrip();
+}
+
+void Zendova::PlaceSplitGrip()
+{
+    constexpr int reach = 3; // pixels above and below the bar
+    SplitGrip->setGeometry(SplitBar->geometry().adjusted(0, -reach, 0, reach));
+    SplitGrip->setVisible(!SplitBar->isHidden());
+    SplitGrip->setToolTip(SplitBar->toolTip());
+    SplitGrip->raise();
+}
+
 bool Zendova::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != SplitBar)
-        return QMainWindow::eventFilter(watched, event);
-    switch (event->type()) {
-    case QEvent::MouseMove: {
-        const auto *mouse = static_cast<QMouseEvent *>(event);
-        if (mouse->buttons() & Qt::LeftButton)
-            SplitBar_MouseMove(mouse->position().y() * TwipsY);
+    if (watched == SplitBar || watched == SplitGrip)
+        return SplitEvent(static_cast<QWidget *>(watched), event);
+    if (watched == ViewsContainer && event->type() == QEvent::ContextMenu) {
+        OfferView(*static_cast<QContextMenuEvent *>(event));
+        event->accept();
         return true;
     }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool Zendova::SplitEvent(const QWidget *under, QEvent *event)
+{
+    const auto pixelsInBar = [&] {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        return mouse->position().y() + under->y() - SplitBar->y();
+    };
+    const auto isLeft = [&] {
+        return static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
+    };
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        // Taken beside the bar, the bar does not jump to the mouse.
+        const int at = static_cast<int>(pixelsInBar());
+        SplitOffset = at - std::clamp(at, 0, SplitBar->height() - 1);
+        return true;
+    }
+    case QEvent::MouseMove:
+        if (static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
+            SplitBar_MouseMove((pixelsInBar() - SplitOffset) * TwipsY);
+        return true;
     case QEvent::MouseButtonRelease:
-        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+        SplitOffset = 0;
+        if (isLeft())
             SplitBar_MouseUp();
         return true;
     case QEvent::MouseButtonDblClick:
-        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+        if (isLeft())
             SplitBar_DblClick();
         return true;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+    case QEvent::ToolTipChange:
+        if (under == SplitBar && SplitGrip)
+            PlaceSplitGrip();
+        return false;
     default:
-        return QMainWindow::eventFilter(watched, event);
+        return false;
     }
 }

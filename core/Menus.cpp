@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 #include <array>
 
@@ -24,8 +25,8 @@ enum ItemFlag {
     Checkable = 1,
     CheckedAtDesign = 3,
     Toggle = 7,
-    Disabled = 8,
-    Hidden = 16
+    Hidden = 8,
+    Disabled = 16
 };
 
 struct MenuRow
@@ -155,13 +156,15 @@ constexpr MenuRow Rows[] = {
      CheckedAtDesign},
 
     {0, "ItemHelp", "&Help"},
-    {1, "HelpReadme", "Open &Readme File"},
+    {1, "HelpContents", "&Contents...", "", &Zendova::HelpContents_Click, &Zendova::HelpContents,
+     Hidden},
+    {1, "HelpReadme", "Open &Readme File", "", &Zendova::HelpReadme_Click},
     {1, "HelpSep1", Line},
-    {1, "HelpCheckUpd", "Check for &Updates..."},
-    {1, "HelpVisit", "Visit Zendova &Home Page..."},
-    {1, "HelpFeedback", "&E-Mail Zendova Feedback..."},
+    {1, "HelpCheckUpd", "Check for &Updates...", "", &Zendova::HelpCheckUpd_Click},
+    {1, "HelpVisit", "Visit Zendova &Home Page...", "", &Zendova::HelpVisit_Click},
+    {1, "HelpFeedback", "&E-Mail Zendova Feedback...", "", &Zendova::HelpFeedback_Click},
     {1, "HelpSep2", Line},
-    {1, "HelpAbout", "&About..."},
+    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click},
 };
 
 enum class State { Enabled, Checked };
@@ -245,12 +248,18 @@ void Zendova::CreateMenus()
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
         item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
+        item->setVisible(!(row.Flags & Hidden));
         if (row.Handler)
             connect(item, &QAction::triggered, this, row.Handler);
         if (row.Item)
             this->*row.Item = item;
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
+    // The key that opens the help everywhere; the menu does not show it.
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] {
+        if (HelpContents->isVisible())
+            HelpContents_Click();
+    });
 }
 
 void Zendova::CopyButtonStates(const char *Menu)

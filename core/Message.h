@@ -16,6 +16,9 @@ class QPushButton;
 void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Title, bool ShowCheck,
              int DefaultButton);
 
+/// True while a modal dialog of any kind is open.
+bool IsDialogOpen();
+
 /// The dialog behind ZndvMsg. A call made while one is open opens a second above it.
 class Message : public QDialog
 {

@@ -123,21 +123,35 @@ constexpr const char *TaggedControls[] = {
     "pbxCFMName",
 };
 
-constexpr std::pair<Toolbar * Zendova::*, const char *> Bars[] = {
-    {&Zendova::LoadSaveTB, "LoadSaveTB"},   {&Zendova::ZndvDefTB, "ZndvDefTB"},
-    {&Zendova::ViewsTB, "ViewsTB"},         {&Zendova::TBOperationsTB, "TBOperationsTB"},
-    {&Zendova::TextEditTB, "TextEditTB"},   {&Zendova::FontFormatTB, "FontFormatTB"},
-    {&Zendova::TextAlignTB, "TextAlignTB"}, {&Zendova::tlbCustFMap, "tlbCustFMap"},
-    {&Zendova::tlbCFMapFmt, "tlbCFMapFmt"}, {&Zendova::tlbCFMapName, "tlbCFMapName"},
+struct BarRow
+{
+    Toolbar *Zendova::*Bar;
+    const char *Name;
+    const char *Spoken; ///< accessible name
+};
+
+constexpr BarRow Bars[] = {
+    {&Zendova::LoadSaveTB, "LoadSaveTB", "Text files"},
+    {&Zendova::ZndvDefTB, "ZndvDefTB", "Tools"},
+    {&Zendova::ViewsTB, "ViewsTB", "Views"},
+    {&Zendova::TBOperationsTB, "TBOperationsTB", "TextBoard"},
+    {&Zendova::TextEditTB, "TextEditTB", "Editing"},
+    {&Zendova::FontFormatTB, "FontFormatTB", "Font style"},
+    {&Zendova::TextAlignTB, "TextAlignTB", "Alignment"},
+    {&Zendova::tlbCustFMap, "tlbCustFMap", "Custom FontMaps"},
+    {&Zendova::tlbCFMapFmt, "tlbCFMapFmt", "FontMap format"},
+    {&Zendova::tlbCFMapName, "tlbCFMapName", "Custom FontMap's name"},
 };
 
 } // namespace
 
 void Zendova::CreateToolbars()
 {
-    for (const auto &[bar, name] : Bars) {
-        this->*bar = new Toolbar(Client);
-        (this->*bar)->setObjectName(name);
+    for (const BarRow &row : Bars) {
+        auto *bar = new Toolbar(Client);
+        bar->setObjectName(row.Name);
+        bar->setAccessibleName(row.Spoken);
+        this->*row.Bar = bar;
     }
     for (const ButtonRow &row : Buttons) {
         Toolbar *bar = this->*row.Bar;

@@ -13,14 +13,17 @@
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <memory>
 #include <optional>
 
 class BandBar;
 class CharCells;
 class FindBox;
 class FontCombo;
+class KeyboardLocks;
 class NumberSlider;
 class QAction;
+class QContextMenuEvent;
 class QCheckBox;
 class QFrame;
 class QLabel;
@@ -127,6 +130,7 @@ public:
     QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
     std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
     QWidget *SplitBar = nullptr;
+    QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
     QWidget *FMapContainer = nullptr;
     BandBar *clbFontMap = nullptr;
     QWidget *pbxSetFMapSize = nullptr;
@@ -158,6 +162,8 @@ public:
     void SplitBar_MouseMove(double Y);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
+    /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
+    void PlaceSplitGrip();
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
@@ -173,6 +179,13 @@ public:
 
     double EdgeMargin = 105; ///< twips
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
+
+    // ---- core/StatBar.cpp: the lock keys in the status bar
+
+    /// Shows what is known of the locks.
+    void ShowLocks();
+
+    std::unique_ptr<KeyboardLocks> Locks;
 
     // ---- core/Menus.cpp: the menus
 
@@ -204,6 +217,21 @@ public:
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
     QAction *DisplayCS = nullptr, *DisplayTT = nullptr;
+    QAction *HelpContents = nullptr;
+
+    // ---- core/SetMenuPics.cpp: the pictures of the menus
+
+    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    void SetAllMenuPics();
+
+    // ---- core/Help.cpp: the commands of the Help menu
+
+    void HelpContents_Click();
+    void HelpReadme_Click();
+    void HelpCheckUpd_Click();
+    void HelpVisit_Click();
+    void HelpFeedback_Click();
+    void HelpAbout_Click();
 
     // ---- core/Toolbars.cpp: the toolbars, master copies of the commands' states
 
@@ -271,6 +299,10 @@ public:
     void ViewKS_Click();
     void ViewAll_Click();
     void SetZoomSize(int Size);
+    /// Offers the one command of the view that was clicked, or that the focus is in.
+    void OfferView(const QContextMenuEvent &Event);
+    /// Code, character and keystroke of a cell in one line, as it is read out.
+    QString SpokenCell(int Index) const;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
@@ -282,6 +314,7 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     void FontNameCombo_KeyPress(int Key);
+    static bool IsSymbolFont(const QString &Name);
 
     class FontList FontList;
 
@@ -348,7 +381,6 @@ public:
     void PrepareRTFBuffer(bool Whole);
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
-    static bool IsSymbolFont(const QString &Name);
 
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
 
@@ -364,10 +396,12 @@ public:
     void ClearFindButton_Click();
     void CloseFindButton_Click();
     void FindString_Change();
+    /// FindString has the focus of this window, which a menu or another window may be in front of:
+    /// characters of the map go there.
+    bool FindHasFocus() const;
 
-    QString FindText;          ///< of the last search
-    bool FindHasFocus = false; ///< characters of the map go to FindString
-    double FindRoom = 0;       ///< twips that the board gave to the open bar
+    QString FindText;    ///< of the last search
+    double FindRoom = 0; ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -422,6 +456,9 @@ private:
     void CreateFindBar();
     void CreateViews();
     void CreateMap();
+    void CreateLockPanels();
+    void CreateSplitGrip();
+    bool SplitEvent(const QWidget *under, QEvent *event);
     void ConnectControls();
     void FillMapToolbars();
     void FirstRunPath();
@@ -464,6 +501,7 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
 };

@@ -7,7 +7,9 @@
 #include "platform/controls/Toolbar.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QSlider>
 
 void Zendova::CharButton_MouseMove(int Index)
@@ -31,6 +33,17 @@ void Zendova::CharButton_MouseMove(int Index)
     if (ViewKS->isChecked())
         KS->setText(texts[KeystrokeRow]);
     LastCell = Index;
+    CharButton->setActiveCell(Index);
+}
+
+QString Zendova::SpokenCell(int Index) const
+{
+    const CharTexts &texts = CharInfo.at(static_cast<std::size_t>(Index));
+    QStringList spoken;
+    for (const QString &text : {texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]})
+        if (!text.trimmed().isEmpty())
+            spoken += text;
+    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
 }
 
 void Zendova::ZoomViewSet(bool On)
@@ -89,4 +102,19 @@ void Zendova::SetZoomSize(int Size)
     TextZoom->setCellFont(font);
     if (ViewZoom->isChecked())
         ZoomSizeSlider->showNumber(QString::number(Size));
+}
+
+void Zendova::OfferView(const QContextMenuEvent &Event)
+{
+    QAction *command = ViewZoom;
+    const QPoint at = ViewsContainer->mapFromGlobal(Event.globalPos());
+    for (const auto &[cover, ofCover] : {std::pair("CVACover", ViewCode), {"KVACover", ViewKS}}) {
+        const QWidget *area = Control(cover);
+        if (area->rect().contains(area->mapFrom(ViewsContainer, at)))
+            command = ofCover;
+    }
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(command);
+    menu->popup(Event.globalPos());
 }

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr std::size_t MaxGroups = 1 << 20; ///< deeper ones are read, but restore no format
-constexpr std::size_t MaxRuns = 1 << 22;
+constexpr std::size_t MaxRuns = 1 << 20;
 constexpr std::size_t MaxTableEntries = 1 << 16; ///< fonts, colours; the format's numbers end there
 constexpr qsizetype MaxFontName = 1024;
 constexpr qsizetype PendingBlock = 4096;
@@ -31,10 +31,8 @@ constexpr std::array<bool, 256> PlainBytes = [] {
     return plain;
 }();
 
-bool isPlain(char byte)
-{
-    return PlainBytes[static_cast<quint8>(byte)];
-}
+// No function, whose address a search would call for each byte.
+constexpr auto isPlain = [](char byte) { return PlainBytes[static_cast<quint8>(byte)]; };
 
 bool isWordLetter(char byte)
 {
@@ -169,6 +167,7 @@ private:
     Font &currentFont();
     int currentPage();
     CharacterFormat currentFormat();
+    void addToName(const QString &text);
     void finishFont();
 
     // Handlers of control words
@@ -424,6 +423,10 @@ void Reader::obeyWord()
     static_assert(std::ranges::is_sorted(Keywords, {}, &Keyword::Name));
     const auto row = std::ranges::lower_bound(Keywords, word.Name, {}, &Keyword::Name);
     const bool isKnown = row != std::end(Keywords) && row->Name == word.Name;
+    // A word too can stand for the character before it in older readers. Only those that are
+    // characters are left out then: where the substitute is missing, nothing else may be lost.
+    if (!isKnown || row->Act != &Reader::character)
+        ToSkip = std::max(ToSkip - 1, 0);
     if (isOptional && !(isKnown && row->IsDestination))
         passOver(0, {});
     else if (isKnown)
@@ -530,7 +533,7 @@ void Reader::takeStretch(const char *from, const char *to)
                 Colors.push_back(std::exchange(EntryColor, 0));
         return;
     }
-    if (AwaitsSecondByte)
+    if (std::exchange(AwaitsSecondByte, false))
         PendingBytes += *from++;
     flush();
     if (Now.Into == Destination::FontTable)
@@ -555,7 +558,7 @@ void Reader::takeByte(quint8 byte)
     if ((byte < 0x80 || isOneToOne) && !AwaitsSecondByte) {
         flush();
         if (Now.Into == Destination::FontTable)
-            Entry.Name += QChar(byte); // also a semicolon, which would end the name if it were bare
+            addToName(QString(QChar(byte))); // a semicolon too, which bare would end the name
         else if (byte == '\r' || byte == '\n')
             endLine();
         else
@@ -600,8 +603,7 @@ void Reader::takeFontName(const char *from, const char *to)
 {
     while (from != to) {
         const char *stop = std::find(from, to, ';');
-        if (Entry.Name.size() + (stop - from) <= MaxFontName)
-            Entry.Name += QLatin1StringView(from, stop - from);
+        addToName(QString::fromLatin1(from, stop - from));
         if (stop == to)
             return;
         finishFont();
@@ -611,9 +613,9 @@ void Reader::takeFontName(const char *from, const char *to)
 
 void Reader::decodePending()
 {
-    AwaitsSecondByte = false;
     if (PendingBytes.isEmpty())
         return;
+    const bool isIncomplete = std::exchange(AwaitsSecondByte, false);
     const int page = currentPage();
     auto decoder = Decoders.find(page);
     if (decoder == Decoders.end())
@@ -624,6 +626,8 @@ void Reader::decodePending()
         decoder->second.resetState();
         PendingText += decoder->second.decode(PendingBytes);
     }
+    if (isIncomplete)
+        PendingText += u'?';
     PendingBytes.clear();
 }
 
@@ -636,8 +640,7 @@ void Reader::flush()
         return;
     QString text = std::exchange(PendingText, {});
     if (Now.Into == Destination::FontTable) {
-        if (Entry.Name.size() + text.size() <= MaxFontName)
-            Entry.Name += text;
+        addToName(text);
         return;
     }
     // Marks of direction and joining show nothing; the soft hyphen is in the code page.
@@ -703,6 +706,12 @@ CharacterFormat Reader::currentFormat()
     CharacterFormat format = Now.Format;
     format.Font = *font.Place;
     return format;
+}
+
+void Reader::addToName(const QString &text)
+{
+    if (Entry.Name.size() + text.size() <= MaxFontName)
+        Entry.Name += text;
 }
 
 void Reader::finishFont()
@@ -841,7 +850,6 @@ void Reader::unicode(int, Number number)
 void Reader::binary(int, Number number)
 {
     At += std::clamp(qsizetype(number.value_or(0)), qsizetype(0), qsizetype(End - At));
-    ToSkip = std::max(ToSkip - 1, 0);
 }
 
 void Reader::documentPage(int page, Number)

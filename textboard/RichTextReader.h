@@ -23,5 +23,5 @@ inline constexpr QStringView DefaultFontName = u"Times New Roman";
 ///
 /// A document that breaks off is read as far as it goes. Nothing is given for what doesn't begin
 /// with `{\rtf` (white space and a byte order mark may go before), and for one whose format changes
-/// more than four million times.
+/// more than a million times (2^20).
 std::optional<RichText> readRichText(QByteArrayView source);

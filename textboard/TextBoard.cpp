@@ -6,7 +6,6 @@
 #include "textboard/EditKeys.h"
 
 #include <QFontInfo>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -413,9 +412,8 @@ void TextBoard::keepSelectionVisible()
     // Many desktops show a selection without the focus in a tone of their windows, which on white
     // paper can hardly be seen.
     QPalette colors = palette();
-    const QPalette desktop = QGuiApplication::palette();
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
-        colors.setColor(QPalette::Inactive, role, desktop.color(QPalette::Active, role));
+        colors.setColor(QPalette::Inactive, role, colors.color(QPalette::Active, role));
     if (colors != palette())
         setPalette(colors);
 }

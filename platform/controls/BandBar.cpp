@@ -1,6 +1,8 @@
 // Arrangement of the bands along the bar, and the drag of their grips.
 #include "platform/controls/BandBar.h"
 
+#include "platform/controls/Accessibility.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -14,6 +16,7 @@ constexpr int GripWidth = 8; // pixels
 BandBar::BandBar(const TwipScale &scale, QWidget *parent) : QWidget(parent), Scale(scale)
 {
     setMouseTracking(true);
+    setAccessibleRole(this, QAccessible::Grouping);
 }
 
 void BandBar::addBand(QWidget *content, double width)

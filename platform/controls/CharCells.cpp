@@ -3,17 +3,56 @@
 // fonts.
 #include "platform/controls/CharCells.h"
 
+#include "platform/controls/Accessibility.h"
+
+#include <QAccessible>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+/// Brings lengths of the widget onto whole pixels of the device. Where a pixel of the toolkit is
+/// one and a quarter of the screen's, lines painted at their own places would come out as one and
+/// as two.
+class CharCells::DevicePixels
+{
+public:
+    explicit DevicePixels(const QTransform &toDevice) : ToDevice(toDevice) {}
+
+    double across(double x) const { return snap(x, ToDevice.m11(), ToDevice.dx()); }
+    double down(double y) const { return snap(y, ToDevice.m22(), ToDevice.dy()); }
+    /// Thickness of a line.
+    double line() const
+    {
+        constexpr double slack = 1e-6; // a scale of 2 that has been computed
+        return std::max(1.0, std::floor(ToDevice.m11() + slack)) / ToDevice.m11();
+    }
+    /// The place of a cell. Its lower and right line begin where those of its neighbours do.
+    QRectF cell(const QRect &pixels) const
+    {
+        return QRectF(QPointF(across(pixels.left()), down(pixels.top())),
+                      QPointF(across(pixels.right()) + line(), down(pixels.bottom()) + line()));
+    }
+
+private:
+    static double snap(double length, double scale, double offset)
+    {
+        return (std::round(length * scale + offset) - offset) / scale;
+    }
+
+    QTransform ToDevice;
+};
 
 CharCells::CharCells(int count, QWidget *parent)
     : QWidget(parent), Cells(static_cast<std::size_t>(count)), CellFont(font())
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
+    installAccessibility();
 }
 
 void CharCells::setCaption(int index, const QString &caption)
@@ -23,6 +62,7 @@ void CharCells::setCaption(int index, const QString &caption)
         return;
     cell.Caption = caption;
     update(cell.Pixels);
+    announce(index, count() == 1 ? QAccessible::DescriptionChanged : QAccessible::NameChanged);
 }
 
 void CharCells::setColors(int index, ColorValue fore, ColorValue back)
@@ -79,6 +119,29 @@ void CharCells::setCellFont(const QFont &font)
     update();
 }
 
+void CharCells::setReading(int columns, std::function<QString(int)> textOf)
+{
+    Q_ASSERT(columns > 0);
+    Columns = columns;
+    TextOf = std::move(textOf);
+}
+
+void CharCells::setActiveCell(int index)
+{
+    if (std::exchange(Active, index) != index)
+        announce(index, QAccessible::ActiveDescendantChanged);
+}
+
+void CharCells::announce(int index, int event)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent change(this, static_cast<QAccessible::Event>(event));
+    if (count() > 1)
+        change.setChild(index);
+    QAccessible::updateAccessibility(&change);
+}
+
 QSize CharCells::sizeHint() const
 {
     QRect all;
@@ -92,30 +155,33 @@ void CharCells::paintEvent(QPaintEvent *event)
     if (!Glyphs.isValid())
         Glyphs = QRawFont::fromFont(CellFont);
     QPainter painter(this);
+    const DevicePixels device(painter.deviceTransform());
     for (const Cell &cell : Cells)
         if (event->region().intersects(cell.Pixels))
-            paintCell(painter, cell);
+            paintCell(painter, device, cell);
 }
 
-void CharCells::paintCell(QPainter &painter, const Cell &cell)
+void CharCells::paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell)
 {
     const QColor back = ToColor(cell.BackColor, palette());
     const QColor fore = ToColor(cell.ForeColor, palette());
-    QRect inside = cell.Pixels;
+    QRectF inside = device.cell(cell.Pixels);
     if (cell.BorderStyle == 1) {
         // A line between the two colours of the cell reads as a grid on any pair of them.
         const auto between = [](float from, float to) { return from + (to - from) * 0.3F; };
         painter.fillRect(inside, QColor::fromRgbF(between(back.redF(), fore.redF()),
                                                   between(back.greenF(), fore.greenF()),
                                                   between(back.blueF(), fore.blueF())));
-        inside.adjust(1, 1, -1, -1);
+        const double line = device.line();
+        inside.adjust(line, line, -line, -line);
     }
     painter.fillRect(inside, back);
     if (!cell.Caption.isEmpty())
-        paintCaption(painter, cell, fore);
+        paintCaption(painter, device, cell, fore);
 }
 
-void CharCells::paintCaption(QPainter &painter, const Cell &cell, const QColor &color)
+void CharCells::paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
+                             const QColor &color)
 {
     QGlyphRun run;
     run.setRawFont(Glyphs);
@@ -130,10 +196,10 @@ void CharCells::paintCaption(QPainter &painter, const Cell &cell, const QColor &
     }
     run.setGlyphIndexes(indexes);
     run.setPositions(positions);
-    const QRectF box = cell.Pixels;
+    const QRectF box = device.cell(cell.Pixels);
     // Whole pixels, so that every cell shows the same glyph alike.
-    const QPointF start(std::round(box.center().x() - width / 2),
-                        std::round(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
+    const QPointF start(device.across(box.center().x() - width / 2),
+                        device.down(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
     const bool spills = !box.contains(run.boundingRect().translated(start));
     if (spills) {
         painter.save();

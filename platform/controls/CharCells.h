@@ -9,6 +9,7 @@
 #include <QRawFont>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 class CharCells : public QWidget
@@ -44,6 +45,15 @@ public:
     void setCellFont(const QFont &font);
     const QFont &cellFont() const { return CellFont; }
 
+    /// What assistive tools are told: a table of so many columns, and the text that stands for a
+    /// cell. Without it one column, and the captions alone.
+    void setReading(int columns, std::function<QString(int index)> textOf);
+    int columns() const { return Columns; }
+    QString reading(int index) const { return TextOf ? TextOf(index) : Caption(index); }
+    /// The cell that the program is telling of just now; -1 for none. Nothing is painted.
+    void setActiveCell(int index);
+    int activeCell() const { return Active; }
+
     QSize sizeHint() const override;
 
 signals:
@@ -70,11 +80,17 @@ private:
     };
     const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
     Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
-    void paintCell(QPainter &painter, const Cell &cell);
-    void paintCaption(QPainter &painter, const Cell &cell, const QColor &color);
+    class DevicePixels;
+    void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell);
+    void paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
+                      const QColor &color);
+    void announce(int index, int event);
 
     std::vector<Cell> Cells;
     TwipScale Scale;
     QFont CellFont;
     QRawFont Glyphs; ///< of CellFont, made when first painted
+    int Columns = 1;
+    std::function<QString(int)> TextOf;
+    int Active = -1;
 };

@@ -1,7 +1,8 @@
 // The font dialog: list and search at the left, size, styles and colour at the right, the sample
-// below.
+// below. And the door to the help window.
 #include "platform/controls/CmnDlg.h"
 
+#include "platform/controls/HelpViewer.h"
 #include "platform/controls/TwipForm.h"
 
 #include <QAbstractItemModel>
@@ -156,4 +157,16 @@ bool CmnDlg::ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choic
         return false;
     choice = dialog.choice();
     return true;
+}
+
+void CmnDlg::ShowHelp(QWidget *parent, const HelpRequest &request)
+{
+    auto *viewer = parent->findChild<HelpViewer *>(QString(), Qt::FindDirectChildrenOnly);
+    if (!viewer)
+        viewer = new HelpViewer(parent);
+    switch (request.Command) {
+    case HelpCommand::Contents:
+        viewer->ShowContents(request.HelpFile);
+        break;
+    }
 }

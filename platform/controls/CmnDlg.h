@@ -108,4 +108,17 @@ std::optional<ChosenFile> ShowSave(QWidget *parent, const FileOffer &offer);
 /// Shows the font dialog. False, with the choice untouched, after Cancel.
 bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);
 
+/// What of a help file is to be shown; the number is the design platform's.
+enum class HelpCommand { Contents = 9 };
+
+struct HelpRequest
+{
+    HelpCommand Command = HelpCommand::Contents;
+    QString HelpFile; ///< path, relative to the current folder
+};
+
+/// Shows the help in a window beside the parent, which owns it; a window that is open already comes
+/// to the front and reads the file again. A file that can't be shown is told there.
+void ShowHelp(QWidget *parent, const HelpRequest &request);
+
 } // namespace CmnDlg

@@ -21,7 +21,8 @@ struct Picture
     const char *file;
 };
 
-/// Every picture that has a key, by toolbar; the last group serves menus alone.
+/// Every picture that has a key, by toolbar; the last groups serve menus and the help
+/// alone.
 inline constexpr auto pictures = std::to_array<Picture>({
     {"Load", "load.svg"},
     {"Save", "save.svg"},
@@ -80,6 +81,9 @@ inline constexpr auto pictures = std::to_array<Picture>({
     {"Home", "home.svg"},
     {"Mail", "mail.svg"},
     {"About", "about.svg"},
+
+    {"Back", "back.svg"},
+    {"Forward", "forward.svg"},
 });
 
 /// The image keys of the menu pictures 1 to 22; picture n stands at n - 1, and its file in

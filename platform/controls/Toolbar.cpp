@@ -1,6 +1,8 @@
 // Buttons that never take the focus: a click leaves the caret where the user types.
 #include "platform/controls/Toolbar.h"
 
+#include "platform/controls/Accessibility.h"
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -18,6 +20,7 @@ Toolbar::Toolbar(QWidget *parent) : QWidget(parent), Row(new QHBoxLayout(this))
     Row->setContentsMargins(0, 0, 0, 0);
     Row->setSpacing(0);
     Row->addStretch();
+    setAccessibleRole(this, QAccessible::ToolBar);
 }
 
 QToolButton *Toolbar::addButton(const QString &key, Kind kind)
@@ -42,6 +45,7 @@ QToolButton *Toolbar::addButton(const QString &key, Kind kind)
 void Toolbar::addSeparator()
 {
     auto *line = new QFrame(this);
+    setAccessibleRole(line, QAccessible::Separator);
     line->setFrameShape(QFrame::VLine);
     line->setFrameShadow(QFrame::Sunken);
     line->setFixedSize(8, ButtonSide - 6);

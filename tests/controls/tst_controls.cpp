@@ -1,6 +1,7 @@
 // The controls that several windows share, each by itself: what counts as a number, the bands of a
 // bar under the mouse, and a board of colour blocks.
 #include "platform/controls/BandBar.h"
+#include "platform/controls/CharCells.h"
 #include "platform/controls/ColorBlocks.h"
 #include "platform/controls/NumberSlider.h"
 
@@ -80,6 +81,8 @@ private slots:
     void blocksByMouse();
     void blocksByKeys();
     void blocksAreSeen();
+    void gridLinesAreEven_data();
+    void gridLinesAreEven();
 };
 
 void TestControls::numbers_data()
@@ -268,6 +271,66 @@ void TestControls::blocksAreSeen()
     blocks.setChosenBlock(2);
     QCOMPARE(at(8), ground);
     QVERIFY(at(38) != ground);
+}
+
+void TestControls::gridLinesAreEven_data()
+{
+    QTest::addColumn<double>("scale"); // device pixels of one pixel
+    QTest::addColumn<double>("twips"); // of one pixel
+    QTest::addColumn<int>("thick");
+    QTest::newRow("96 dots") << 1.0 << 15.0 << 1;
+    QTest::newRow("120 dots") << 1.25 << 15.0 << 1;
+    QTest::newRow("144 dots") << 1.5 << 15.0 << 1;
+    QTest::newRow("168 dots") << 1.75 << 15.0 << 1;
+    QTest::newRow("192 dots") << 2.0 << 15.0 << 2;
+    QTest::newRow("288 dots") << 3.0 << 15.0 << 3;
+    QTest::newRow("120 dots, unscaled") << 1.0 << 12.0 << 1;
+    QTest::newRow("144 dots, unscaled") << 1.0 << 10.0 << 1;
+}
+
+void TestControls::gridLinesAreEven()
+{
+    QFETCH(double, scale);
+    QFETCH(double, twips);
+    QFETCH(int, thick);
+    constexpr int columns = 28;
+    CharCells cells(columns * 2);
+    cells.setScale({.X = twips, .Y = twips});
+    std::vector<TwipRect> places;
+    for (int cell = 0; cell < cells.count(); ++cell) {
+        const double left = 405.0 * (cell % columns);
+        const double top = 405.0 * (cell / columns);
+        places.push_back({.Left = left, .Top = top, .Width = 420, .Height = 420});
+        cells.setColors(cell, RGBValue(0, 0, 0), RGBValue(255, 255, 255));
+    }
+    cells.setPlaces(places);
+    cells.resize(cells.sizeHint());
+    for (const int offset : {0, 1, 7}) { // of the cells in their window
+        QImage image((cells.size() + QSize(offset, offset)) * scale + QSize(1, 1),
+                     QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        cells.render(&image, QPoint(offset, offset), {}, QWidget::DrawChildren);
+        // The lengths of the lines' pixels along the middle of the first row, and of a column.
+        const auto lines = [&](bool across) {
+            const int middle = static_cast<int>((offset + 14) * scale);
+            QList<int> lengths;
+            bool inside = false;
+            const int end = across ? image.width() : image.height();
+            for (int i = 0; i < end; ++i) {
+                const QRgb pixel = across ? image.pixel(i, middle) : image.pixel(middle, i);
+                const bool line = qGray(pixel) < 250;
+                if (line && !inside)
+                    lengths += 0;
+                if (line)
+                    ++lengths.last();
+                inside = line;
+            }
+            return lengths;
+        };
+        QCOMPARE(lines(true), QList<int>(columns + 1, thick));
+        QCOMPARE(lines(false), QList<int>(3, thick));
+    }
 }
 
 QTEST_MAIN(TestControls)

@@ -41,7 +41,7 @@ const std::set<QString> Overhanging = {"ZSzContainer", "CVAContainer", "clbFontM
 
 /// Siblings that lie on each other by design: bars whose edges meet in a pixel or two, panels
 /// behind what they show, the bar of the map over the empty part of its cells, a line of text and
-/// its shadow.
+/// its shadow, the invisible grip of the split bar.
 const std::set<std::pair<QString, QString>> Overlapping = {
     {"CoolBarCM", "CoolBarTB"},       {"CoolBarCM", "ViewsContainer"},
     {"CoolBarTB", "TextBoard"},       {"ZSzContainer", "CVAContainer"},
@@ -51,7 +51,9 @@ const std::set<std::pair<QString, QString>> Overlapping = {
     {"CVACover", "BinLabel"},         {"CVACover", "BinCode"},
     {"KVACover", "KSLabel"},          {"KVACover", "KS"},
     {"ProgressBack", "ProgressFore"}, {"CharButton", "clbFontMap"},
-    {"SampleText0", "SampleText1"},
+    {"SampleText0", "SampleText1"},   {"SplitGrip", "SplitBar"},
+    {"SplitGrip", "TextBoard"},       {"SplitGrip", "ViewsContainer"},
+    {"SplitGrip", "FMapContainer"},   {"SplitGrip", "FindFrame"},
 };
 
 QString nameOf(const QWidget *control)
@@ -205,6 +207,7 @@ private slots:
     void splitLimits();
     void splitJitter();
     void splitDoubleClick();
+    void splitGrip();
 
 private:
     QByteArray Settings;
@@ -239,6 +242,8 @@ void TestLayout::controls()
     QCOMPARE(window->SizeIndex, mapSize);
     // The longest texts that the labels get.
     window->TextBoard->setText(QString(window->TBLimit, 'x'));
+    QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
+    QVERIFY(window->FindFrame->isVisible());
     for (const int code : {32, 255}) {
         QTest::mouseMove(window->CharButton, window->CharButton->pixels(code - FirstCode).center());
         walk(window->Client, checkTextFits);
@@ -463,6 +468,44 @@ void TestLayout::splitDoubleClick()
         QCOMPARE(splitOf(*window), top);
         QVERIFY(window->FMLarger->isEnabled());
     }
+}
+
+void TestLayout::splitGrip()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    const auto under = [window](int below) -> const QWidget * {
+        const QPoint point = window->SplitBar->pos() + QPoint(300, below);
+        const QWidget *control = window->Client->childAt(point);
+        return control ? control : window->Client;
+    };
+    const auto at = [window](int below) {
+        return window->SplitBar->mapTo(window, QPoint(300, below));
+    };
+    const Split before = splitOf(*window);
+    for (const int edge : {-3, 4}) {
+        QCOMPARE(under(edge)->cursor().shape(), Qt::SplitVCursor);
+        QCOMPARE(under(edge)->toolTip(), QString("Pull FontMap Up/Down"));
+        // Taken there the bar does not jump, and follows the mouse.
+        QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, at(edge));
+        QTest::mouseMove(window->windowHandle(), at(edge + 1));
+        QCOMPARE(splitOf(*window), before);
+        QTest::mouseMove(window->windowHandle(), at(edge + 50));
+        QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, at(edge));
+        const int moved = window->SplitBar->y() - before.Bar;
+        QVERIFY2(qAbs(moved - 50) <= 2, qPrintable(QString::number(moved)));
+        QVERIFY(window->TextBoard->hasFocus());
+        QCOMPARE(under(edge)->cursor().shape(), Qt::SplitVCursor); // it went along
+        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, at(edge));
+        QCOMPARE(splitOf(*window), before);
+    }
+    QVERIFY(under(-4)->cursor().shape() != Qt::SplitVCursor);
+    QVERIFY(under(5)->cursor().shape() != Qt::SplitVCursor);
+    window->DisplayTT->trigger();
+    QVERIFY(under(-3)->toolTip().isEmpty());
+    // Where the map can't be sized there is nothing to pull.
+    desktop.Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
+    QVERIFY(under(0)->cursor().shape() != Qt::SplitVCursor);
 }
 
 int main(int argc, char *argv[])

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -48,6 +49,9 @@ private slots:
     void viewsSwitchOneByOne_data();
     void viewsSwitchOneByOne();
     void allViewsAtOnce();
+    void viewsOfferOneCommand_data();
+    void viewsOfferOneCommand();
+    void viewsOfferByKey();
     void zoomSize_data();
     void zoomSize();
     void highlightFollowsTheMouse();
@@ -117,6 +121,10 @@ void TestFontMap::sizeBox_data()
     row("nought", "0", Qt::Key_Return, 1);
     row("negative", "-3", Qt::Key_Return, 1);
     row("no number", "abc", Qt::Key_Return, 1);
+    row("with a fraction", "6.7", Qt::Key_Return, 7);
+    row("half to the even", "4.5", Qt::Key_Return, 4);
+    row("blanks", "   ", Qt::Key_Return, 1);
+    row("blanks round it", " 7 ", Qt::Key_Return, 7);
     row("nothing", "", Qt::Key_Return, 1);
     row("Esc", "7", Qt::Key_Escape, 4);
 }
@@ -409,6 +417,68 @@ void TestFontMap::allViewsAtOnce()
     QCOMPARE(window->KS->text(), QString("On"));
 }
 
+void TestFontMap::viewsOfferOneCommand_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("command"); // empty for no menu
+    for (const char *name :
+         {"TextZoom", "ZoomSizeLabel", "ZoomSizeNumber", "ZoomSizeSlider", "ViewsContainer"})
+        QTest::newRow(name) << name << "ViewZoom";
+    for (const char *name : {"CVACover", "ASCLabel", "AscCode", "HexLabel", "HexCode", "OctLabel",
+                             "OctCode", "BinLabel", "BinCode"})
+        QTest::newRow(name) << name << "ViewCode";
+    for (const char *name : {"KVACover", "KSLabel", "KS"})
+        QTest::newRow(name) << name << "ViewKS";
+    QTest::newRow("ViewsTB") << "ViewsTB"
+                             << "";
+}
+
+void TestFontMap::viewsOfferOneCommand()
+{
+    QFETCH(QString, control);
+    QFETCH(QString, command);
+    Desktop desktop;
+    Zendova *window = desktop.start();
+    const QWidget *view = window->Control(control);
+    // The edge of a cover is no label's.
+    const bool cover = control.endsWith("Cover");
+    const QPoint at = cover
+                          ? QPoint(2, 2)
+                          : (control == "ViewsContainer" ? QPoint(60, 157) : view->rect().center());
+    for (const bool on : {true, false}) {
+        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, view->mapTo(window, at));
+        QWidget *menu = QApplication::activePopupWidget();
+        QCOMPARE(menu != nullptr, !command.isEmpty());
+        if (!menu)
+            return;
+        QAction *item = menuItem(window, qPrintable(command));
+        QCOMPARE(menu->actions(), QList<QAction *>{item});
+        QCOMPARE(item->isChecked(), on);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(item->isChecked(), !on);
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+    QCOMPARE(window->findChild<QMenu *>("ItemView")->actions().size(), 5);
+}
+
+void TestFontMap::viewsOfferByKey()
+{
+    Desktop desktop;
+    Zendova *window = desktop.start();
+    QSlider *slider = window->ZoomSizeSlider->slider();
+    slider->setFocus();
+    // What the window system makes of the menu key.
+    const QPoint middle = slider->rect().center();
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, middle, slider->mapToGlobal(middle));
+    QApplication::sendEvent(slider, &menuKey);
+    QWidget *menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions(), QList<QAction *>{window->ViewZoom});
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QVERIFY(slider->hasFocus());
+}
+
 void TestFontMap::zoomSize_data()
 {
     QTest::addColumn<QString>("typed");
@@ -420,6 +490,11 @@ void TestFontMap::zoomSize_data()
     row("a size", "30", Qt::Key_Return, 30);
     row("too large", "200", Qt::Key_Return, 72);
     row("too small", "7", Qt::Key_Return, 8);
+    row("far too large", "99999999999", Qt::Key_Return, 72);
+    row("negative", "-5", Qt::Key_Return, 8);
+    row("with a fraction", "12.7", Qt::Key_Return, 13);
+    row("blanks", "   ", Qt::Key_Return, 8);
+    row("blanks round it", " 20 ", Qt::Key_Return, 20);
     row("no number", "abc", Qt::Key_Return, 8);
     row("nothing", "", Qt::Key_Return, 8);
     row("Esc", "20", Qt::Key_Escape, 40);

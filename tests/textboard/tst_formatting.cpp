@@ -353,7 +353,11 @@ void TestFormatting::sizeBox_data()
     row("too large", "99", Qt::Key_Return, 36);
     row("far too large", "99999999999", Qt::Key_Return, 36);
     row("with a fraction", "12.4", Qt::Key_Return, 12);
+    row("half to the even", "12.5", Qt::Key_Return, 12);
+    row("blanks round it", " 20 ", Qt::Key_Return, 20);
     row("no number", "abc", Qt::Key_Return, 18);
+    row("number and letters", "20pt", Qt::Key_Return, 18);
+    row("blanks", "   ", Qt::Key_Return, 18);
     row("nothing", "", Qt::Key_Return, 18);
     row("Esc", "20", Qt::Key_Escape, 18);
 }
