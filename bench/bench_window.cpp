@@ -1,5 +1,6 @@
 // What the running window costs: a change of the font over map, zoom and a full board, the size of
-// the map, the mouse over the cells. Each round ends with everything painted.
+// the map, the mouse over the cells, a full board from and to a file. Each round ends with
+// everything painted.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "core/Zendova.h"
@@ -93,6 +94,37 @@ void mapSizeJump(benchmark::State &state)
     }
 }
 
+/// A file of 61,440 characters to the painted board.
+void loadFile(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    window->PendingFilePath = folder.filePath("full.zuf");
+    fillBoard();
+    window->PrepareRTFBuffer(true);
+    if (window->TextBoardRTF.SaveFile(window->PendingFilePath, TextBoardRTF::FileKind::RichText))
+        return state.SkipWithError("The file can't be written.");
+    for ([[maybe_unused]] auto unused : state) {
+        state.PauseTiming();
+        window->TextBoard->setText({}); // nothing is asked about an empty board
+        paint();
+        state.ResumeTiming();
+        window->LoadTextFile(window->PendingFilePath);
+        paint();
+    }
+    if (window->TextBoard->TextLength() != TextBoard::MaxLength())
+        state.SkipWithError("The file did not arrive.");
+}
+
+/// The same to the bytes of the file, the disk left out.
+void writeFile(benchmark::State &state)
+{
+    fillBoard();
+    for ([[maybe_unused]] auto unused : state) {
+        window->PrepareRTFBuffer(true);
+        benchmark::DoNotOptimize(window->TextBoardRTF.TextRTF());
+    }
+}
+
 /// From the click on the button to the selected hit, over the whole board.
 void search(benchmark::State &state)
 {
@@ -133,6 +165,8 @@ BENCHMARK(menusOpen)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(search)->Unit(benchmark::kMillisecond);
 BENCHMARK(copyBoard)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadFile)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK(writeFile)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char *argv[])
 {

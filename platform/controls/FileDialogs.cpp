@@ -4,9 +4,12 @@
 
 #include "platform/SysInfo.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace {
 
@@ -36,6 +39,21 @@ QString folderFor(const FileOffer &offer)
     return QDir::homePath();
 }
 
+/// The toolkit's own dialog turns its button off for a file that the offered kind hides, though
+/// Enter takes it: a name that was typed is taken by the button too.
+void openWhatIsTyped(QFileDialog &dialog)
+{
+    const auto *name = dialog.findChild<QLineEdit *>("fileNameEdit");
+    const auto *buttons = dialog.findChild<QDialogButtonBox *>();
+    QPushButton *open = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
+    if (!name || !open)
+        return; // the desktop's dialog, which has its own ways
+    QObject::connect(name, &QLineEdit::textChanged, open, [&dialog, open] {
+        if (QFileInfo(dialog.selectedFiles().value(0)).isFile())
+            open->setEnabled(true);
+    });
+}
+
 std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
 {
     dialog.setWindowTitle(offer.DialogTitle);
@@ -63,6 +81,7 @@ std::optional<ChosenFile> CmnDlg::ShowOpen(QWidget *parent, const FileOffer &off
 {
     QFileDialog dialog(parent);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    openWhatIsTyped(dialog);
     return show(dialog, offer);
 }
 
