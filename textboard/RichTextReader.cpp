@@ -31,10 +31,8 @@ constexpr std::array<bool, 256> PlainBytes = [] {
     return plain;
 }();
 
-bool isPlain(char byte)
-{
-    return PlainBytes[static_cast<quint8>(byte)];
-}
+// No function, whose address a search would call for each byte.
+constexpr auto isPlain = [](char byte) { return PlainBytes[static_cast<quint8>(byte)]; };
 
 bool isWordLetter(char byte)
 {
@@ -169,6 +167,7 @@ private:
     Font &currentFont();
     int currentPage();
     CharacterFormat currentFormat();
+    void addToName(const QString &text);
     void finishFont();
 
     // Handlers of control words
@@ -559,7 +558,7 @@ void Reader::takeByte(quint8 byte)
     if ((byte < 0x80 || isOneToOne) && !AwaitsSecondByte) {
         flush();
         if (Now.Into == Destination::FontTable)
-            Entry.Name += QChar(byte); // also a semicolon, which would end the name if it were bare
+            addToName(QString(QChar(byte))); // a semicolon too, which bare would end the name
         else if (byte == '\r' || byte == '\n')
             endLine();
         else
@@ -604,8 +603,7 @@ void Reader::takeFontName(const char *from, const char *to)
 {
     while (from != to) {
         const char *stop = std::find(from, to, ';');
-        if (Entry.Name.size() + (stop - from) <= MaxFontName)
-            Entry.Name += QLatin1StringView(from, stop - from);
+        addToName(QString::fromLatin1(from, stop - from));
         if (stop == to)
             return;
         finishFont();
@@ -642,8 +640,7 @@ void Reader::flush()
         return;
     QString text = std::exchange(PendingText, {});
     if (Now.Into == Destination::FontTable) {
-        if (Entry.Name.size() + text.size() <= MaxFontName)
-            Entry.Name += text;
+        addToName(text);
         return;
     }
     // Marks of direction and joining show nothing; the soft hyphen is in the code page.
@@ -709,6 +706,12 @@ CharacterFormat Reader::currentFormat()
     CharacterFormat format = Now.Format;
     format.Font = *font.Place;
     return format;
+}
+
+void Reader::addToName(const QString &text)
+{
+    if (Entry.Name.size() + text.size() <= MaxFontName)
+        Entry.Name += text;
 }
 
 void Reader::finishFont()

@@ -42,7 +42,7 @@ constexpr Topic Topics[] = {
     {11, "views"},
 };
 
-constexpr qint64 MostBytes = 64 * 1024;
+constexpr qint64 MostBytes = 65536;
 constexpr int DeepestElement = 16;
 
 /// A page that says why there is no help.
