@@ -15,7 +15,7 @@ namespace {
 
 constexpr TwipRect ClientSize = {0, 0, 5640, 3330};
 
-/// The design's own font, where it is installed.
+/// The font of the messages, where it is installed.
 QFont nameFont()
 {
     QFont font = TwipForm::font();
@@ -79,8 +79,8 @@ void About::createControls()
     ZendovaLogo->setPixmap(Icons::application().pixmap(logo, devicePixelRatioF()));
     ZendovaName = makeLabel("ZendovaName", {1560, 300, 3840, 600}, {}, Qt::AlignLeft);
     ZendovaName->setFont(nameFont());
-    ZendovaVer =
-        makeLabel("ZendovaVer", {1590, 930, 3810, 240}, "Version 3.0.0 RC2", Qt::AlignLeft);
+    ZendovaVer = makeLabel("ZendovaVer", {1590, 930, 3810, 240}, QString(VersionSuffix).trimmed(),
+                           Qt::AlignLeft);
 
     Line1 = makeRule("Line1", {360, 1470, 4920, 30});
     ZendovaAuthor = makeLabel("ZendovaAuthor", {240, 1605, 5160, 240},

@@ -21,6 +21,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSlider>
@@ -49,7 +51,7 @@ constexpr ControlRow Controls[] = {
     {"FSZContainer", "CoolBarCM", InBand, "", "Font size"},
     {"FontSizeLabel", "FSZContainer", {45, 15, 840, 240}},
     {"FontSizeNumber", "FSZContainer", {900, 15, 240, 240}, "Font Size (Click to Change)"},
-    // A pixel lower than designed: above the container its frame would be cut off.
+    // A pixel lower than its middle over the number's: above the container it would be cut off.
     {"FontSizeEdit", "FSZContainer", {900, 0, 270, 285}, "Enter font size"},
     {"FontSizeSlider", "FSZContainer", {1170, 0, 945, 270}},
     {"CoolBarTB", "Client", {2145, 375, 9375, 390}, "", "TextBoard bar"},
@@ -66,7 +68,7 @@ constexpr ControlRow Controls[] = {
     {"ZoomSizeLabel", "CVAContainer", {30, 135, 1005, 240}},
     {"ZoomSizeNumber", "CVAContainer", {1065, 135, 255, 240}, "Zoom Size (Click to Change)"},
     {"ZoomSizeEdit", "CVAContainer", {1050, 105, 300, 285}, "Enter zoom size"},
-    // Three pixels narrower than designed: there the container ends.
+    // Only so wide, for there the container ends.
     {"ZoomSizeSlider", "CVAContainer", {1335, 135, 675, 270}},
     {"CVACover", "CVAContainer", {0, 420, 2010, 720}, "Code View Area"},
     {"ASCLabel", "CVAContainer", {1080, 480, 450, 180}},
@@ -131,6 +133,23 @@ std::vector<TwipRect> designCells()
                           .Width = side,
                           .Height = side});
     return places;
+}
+
+/// The box's own menu, without the keys that belong to the board's commands in the find bar too.
+void OfferBoxMenu(QLineEdit *box, const QPoint &at)
+{
+    const auto isOfBox = [](const QKeySequence &key) {
+        return key.matches(QKeySequence(QKeySequence::Undo)) == QKeySequence::ExactMatch ||
+               key.matches(QKeySequence(QKeySequence::Redo)) == QKeySequence::ExactMatch;
+    };
+    QMenu *menu = box->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction *item : menu->actions()) {
+        const QString key = item->text().section('\t', 1);
+        if (!key.isEmpty() && !isOfBox(QKeySequence(key, QKeySequence::NativeText)))
+            item->setText(item->text().section('\t', 0, 0));
+    }
+    menu->popup(at);
 }
 
 void AddBands(BandBar *bar, std::initializer_list<QWidget *> contents,
@@ -216,6 +235,8 @@ void Zendova::CreateControls()
     FontSizeLabel = MakeLabel("FontSizeLabel", "Font Size:", Qt::AlignLeft);
     FontSizeSlider = MakeNumberSlider(
         {"FontSizeSlider", "FontSizeNumber", "FontSizeEdit", "Set Font Size"}, 8, 36, false);
+    FontLabel->setBuddy(FontNameCombo);
+    FontSizeLabel->setBuddy(FontSizeSlider->slider());
     AddBands(CoolBarCM, {LoadSaveTB, TBFContainer, FSZContainer, ZndvDefTB}, MainBandWidths);
 
     CoolBarTB = Make<BandBar>("CoolBarTB", scale);
@@ -225,6 +246,7 @@ void Zendova::CreateControls()
     ProgressBack->setFrameStyle(QFrame::Box | QFrame::Plain);
     ProgressFore = MakeLabel("ProgressFore", {}, Qt::AlignLeft);
     ProgressFore->setAutoFillBackground(true);
+    ProgressFore->setAttribute(Qt::WA_TransparentForMouseEvents);
     ProgressFore->hide();
     PercFilled = MakeLabel("PercFilled", "0%", Qt::AlignLeft);
     AddBands(CoolBarTB, {TBOperationsTB, TextEditTB, FontFormatTB, TextAlignTB, TBPContainer},
@@ -299,22 +321,29 @@ void Zendova::CreateViews()
     TextZoom->setScale(Form.scale());
     TextZoom->setPlaces({{0, 0, 2010, 2010}});
     CVAContainer = Make<QWidget>("CVAContainer");
-    MakeLabel("ZoomSizeLabel", "Zoom Size:", Qt::AlignLeft);
+    QLabel *sizeLabel = MakeLabel("ZoomSizeLabel", "Zoom Size:", Qt::AlignLeft);
     ZoomSizeSlider = MakeNumberSlider(
         {"ZoomSizeSlider", "ZoomSizeNumber", "ZoomSizeEdit", "Set Zoom Size"}, 8, 72, true);
+    sizeLabel->setBuddy(ZoomSizeSlider->slider());
     ZoomSizeSlider->slider()->setPageStep(5);
     for (const char *cover : {"CVACover", "KVACover"})
         Make<QFrame>(cover)->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    MakeLabel("ASCLabel", "Dec:", Qt::AlignLeft);
-    AscCode = MakeLabel("AscCode", {}, Qt::AlignLeft);
-    MakeLabel("HexLabel", "Hex:", Qt::AlignLeft);
-    HexCode = MakeLabel("HexCode", {}, Qt::AlignLeft);
-    MakeLabel("OctLabel", "Oct:", Qt::AlignLeft);
-    OctCode = MakeLabel("OctCode", {}, Qt::AlignLeft);
-    MakeLabel("BinLabel", "Bin", Qt::AlignHCenter);
-    BinCode = MakeLabel("BinCode", {}, Qt::AlignHCenter);
-    MakeLabel("KSLabel", "Keystroke:", Qt::AlignLeft);
-    KS = MakeLabel("KS", {}, Qt::AlignLeft);
+    // The mouse over a text is over its cover, whose tooltip tells what it is.
+    const auto makeText = [this](const char *name, const QString &text, Qt::Alignment alignment) {
+        QLabel *label = MakeLabel(name, text, alignment);
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        return label;
+    };
+    makeText("ASCLabel", "Dec:", Qt::AlignLeft);
+    AscCode = makeText("AscCode", {}, Qt::AlignLeft);
+    makeText("HexLabel", "Hex:", Qt::AlignLeft);
+    HexCode = makeText("HexCode", {}, Qt::AlignLeft);
+    makeText("OctLabel", "Oct:", Qt::AlignLeft);
+    OctCode = makeText("OctCode", {}, Qt::AlignLeft);
+    makeText("BinLabel", "Bin", Qt::AlignHCenter);
+    BinCode = makeText("BinCode", {}, Qt::AlignHCenter);
+    makeText("KSLabel", "Keystroke:", Qt::AlignLeft);
+    KS = makeText("KS", {}, Qt::AlignLeft);
     KS->setTextFormat(Qt::PlainText);
 }
 
@@ -328,10 +357,11 @@ void Zendova::CreateMap()
     CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
     clbFontMap = Make<BandBar>("clbFontMap", Form.scale());
     pbxSetFMapSize = Make<QWidget>("pbxSetFMapSize");
-    MakeLabel("MapSizeLabel", "Map Size:", Qt::AlignLeft);
+    QLabel *sizeLabel = MakeLabel("MapSizeLabel", "Map Size:", Qt::AlignLeft);
     sldSetFMapSize = MakeNumberSlider(
         {"sldSetFMapSize", "lblSetFMapSizeNumber", "tbxSetFMapSizeNumber", "Set FontMap Size"}, 1,
         32, true);
+    sizeLabel->setBuddy(sldSetFMapSize->slider());
     // The window follows the size, so it must not run away from under the thumb.
     sldSetFMapSize->slider()->setTracking(false);
     sldSetFMapSize->showNumber("0");
@@ -365,6 +395,14 @@ void Zendova::ConnectControls()
     connect(TextBoard, &::TextBoard::copyAvailable, this, &Zendova::SyncEditCommands);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             &Zendova::SyncEditCommands);
+    // The control's own menu would go round the Edit commands and what they keep.
+    TextBoard->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(TextBoard, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
+        menuBar()->findChild<QMenu *>("ItemEdit")->popup(TextBoard->viewport()->mapToGlobal(at));
+    });
+    FindString->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(FindString, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint &at) { OfferBoxMenu(FindString, FindString->mapToGlobal(at)); });
     connect(FindString, &FindBox::textChanged, this, &Zendova::FindString_Change);
     connect(FindString, &FindBox::returnPressed, FindNextButton, &QPushButton::click);
     connect(FindNextButton, &QPushButton::clicked, this, &Zendova::FindNextButton_Click);

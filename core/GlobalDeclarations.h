@@ -9,6 +9,9 @@
 inline QString ProductName;
 inline QString CreditLine;
 
+/// Behind the product's name in the window's title, and in the About window.
+inline constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
+
 /// Set by any failed read of a setting; cleared and looked at by LoadSettings alone.
 inline bool RegistryError = false;
 
@@ -34,8 +37,8 @@ inline QString PickColorName;
 inline QString PickColorValue;
 inline int PickPaletteRef = 0;
 
-/// What is known of a font's design, under the names of the design platform's logical font.
-/// Heights and widths are 0 (any size).
+/// What is known of a font's design, under the names of the Win32 structure LOGFONT. Heights and
+/// widths are 0 (any size).
 struct LogicalFont
 {
     qint32 lfHeight = 0;
@@ -54,8 +57,8 @@ struct LogicalFont
     QString lfFaceName;
 };
 
-/// A font's measures, under the names of the design platform's text metric. What only the font
-/// file could tell is 0.
+/// A font's measures, under the names of the Win32 structure NEWTEXTMETRIC. What only the font file
+/// could tell is 0.
 struct TextMetric
 {
     qint32 tmHeight = 0;

@@ -8,13 +8,31 @@
 #include "platform/Shell.h"
 #include "platform/controls/CmnDlg.h"
 
-#include <QCoreApplication>
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QUrl>
 
 void Zendova::HelpContents_Click()
 {
     CmnDlg::ShowHelp(
         this, {.Command = CmnDlg::HelpCommand::Contents, .HelpFile = ProductName + "300.hlp"});
+}
+
+bool Zendova::ShowMenuHelp(const QMenu &Menu, const QKeyEvent &Key)
+{
+    if (!Key.matches(QKeySequence::HelpContents) || !HelpContents->isVisible())
+        return false;
+    const QAction *item = Menu.activeAction() ? Menu.activeAction() : Menu.menuAction();
+    const int context = item->property("HelpId").toInt();
+    while (QWidget *open = QApplication::activePopupWidget())
+        open->close();
+    using enum CmnDlg::HelpCommand;
+    CmnDlg::ShowHelp(this, {.Command = context ? Context : Contents,
+                            .HelpFile = ProductName + "300.hlp",
+                            .HelpContext = context});
+    return true;
 }
 
 void Zendova::HelpReadme_Click()

@@ -13,7 +13,9 @@
 #include "textboard/TextBoard.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QLayout>
+#include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -69,9 +71,13 @@ void Zendova::KeepInView()
     const auto within = [](double place, double from, double room) {
         return std::clamp(place, from, from + std::max(room, 0.0));
     };
-    SetFormPosition(
-        within(FormLeft(), screen.WorkAreaLeft(), screen.WorkAreaWidth() - FormWidth()),
-        within(FormTop(), screen.WorkAreaTop(), screen.WorkAreaHeight() - FormHeight()));
+    const double left =
+        within(FormLeft(), screen.WorkAreaLeft(), screen.WorkAreaWidth() - FormWidth());
+    const double top =
+        within(FormTop(), screen.WorkAreaTop(), screen.WorkAreaHeight() - FormHeight());
+    // A window manager may shift a window by its frame even when it is asked for the same place.
+    if (left != FormLeft() || top != FormTop())
+        SetFormPosition(left, top);
 }
 
 void Zendova::AdoptScale()
@@ -98,7 +104,9 @@ void Zendova::Form_Resize()
         pbxSetFMapSize->setVisible(MaxMapSize > 1);
         if (SizeIndex > MaxMapSize) {
             sldSetFMapSize->setValue(MaxMapSize);
-            SizeIndex = sldSetFMapSize->value();
+            // The slider tells of no change where it stood there already.
+            if (SizeIndex != sldSetFMapSize->value())
+                sldSetFMapSize_Change(sldSetFMapSize->value());
         }
         if (SplitIsDown())
             ResetSplit(SizeIndex - 1);
@@ -176,6 +184,7 @@ void Zendova::MoveSplit(double target)
 void Zendova::SplitBar_MouseUp()
 {
     UpdateMapCommands(2);
+    KeepInView();
     TextBoard->setFocus();
 }
 
@@ -185,6 +194,7 @@ void Zendova::SplitBar_DblClick()
         ResetSplit(SizeIndex - 1);
     else if (LowestSplit() > Form.top(SplitBar))
         MoveSplit(LowestSplit());
+    KeepInView();
     TextBoard->setFocus();
 }
 
@@ -195,13 +205,16 @@ void Zendova::CreateSplitGrip()
     SplitGrip->setAccessibleName(SplitBar->accessibleName());
     SplitGrip->setCursor(SplitBar->cursor());
     SplitGrip->installEventFilter(this);
+    FindFrame->installEventFilter(this);
     PlaceSplitGrip();
 }
 
 void Zendova::PlaceSplitGrip()
 {
     constexpr int reach = 3; // pixels above and below the bar
-    SplitGrip->setGeometry(SplitBar->geometry().adjusted(0, -reach, 0, reach));
+    // The buttons of an open find bar reach down to the split bar.
+    const int above = FindFrame->isHidden() ? reach : 0;
+    SplitGrip->setGeometry(SplitBar->geometry().adjusted(0, -above, 0, reach));
     SplitGrip->setVisible(!SplitBar->isHidden());
     SplitGrip->setToolTip(SplitBar->toolTip());
     SplitGrip->raise();
@@ -211,6 +224,12 @@ bool Zendova::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == SplitBar || watched == SplitGrip)
         return SplitEvent(static_cast<QWidget *>(watched), event);
+    if (watched == FindFrame &&
+        (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
+        PlaceSplitGrip();
+    if (event->type() == QEvent::KeyPress)
+        if (const auto *menu = qobject_cast<QMenu *>(watched))
+            return ShowMenuHelp(*menu, *static_cast<QKeyEvent *>(event));
     if (watched == ViewsContainer && event->type() == QEvent::ContextMenu) {
         OfferView(*static_cast<QContextMenuEvent *>(event));
         event->accept();
@@ -229,20 +248,22 @@ bool Zendova::SplitEvent(const QWidget *under, QEvent *event)
         return static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
     };
     switch (event->type()) {
-    case QEvent::MouseButtonPress: {
-        // Taken beside the bar, the bar does not jump to the mouse.
-        const int at = static_cast<int>(pixelsInBar());
-        SplitOffset = at - std::clamp(at, 0, SplitBar->height() - 1);
+    case QEvent::MouseButtonPress:
+        if (isLeft()) {
+            // Taken beside the bar, the bar does not jump to the mouse.
+            const int at = static_cast<int>(pixelsInBar());
+            SplitOffset = at - std::clamp(at, 0, SplitBar->height() - 1);
+        }
         return true;
-    }
     case QEvent::MouseMove:
         if (static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
             SplitBar_MouseMove((pixelsInBar() - SplitOffset) * TwipsY);
         return true;
     case QEvent::MouseButtonRelease:
-        SplitOffset = 0;
-        if (isLeft())
+        if (isLeft()) {
+            SplitOffset = 0;
             SplitBar_MouseUp();
+        }
         return true;
     case QEvent::MouseButtonDblClick:
         if (isLeft())

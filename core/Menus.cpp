@@ -38,19 +38,25 @@ struct MenuRow
     Command Handler = nullptr; ///< for a menu: what runs as it opens
     QAction *Zendova::*Item = nullptr;
     int Flags = Plain;
+    int HelpId = 0;   ///< context id of the topic in the help; 0 for the menu's
     int Elements = 0; ///< for an array of items, which are "Name1", "Name2", ...
     void (Zendova::*ElementHandler)(int) = nullptr; ///< takes the number of the item
 };
 
 constexpr const char *Line = "-";
 
+constexpr int GeneralHelp = 6;
+constexpr int CopyHelp = 9;
+constexpr int ClearHelp = 10;
+constexpr int ViewHelp = 11;
+
 constexpr MenuRow Rows[] = {
-    {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click},
+    {0, "ItemFile", "&File", "", &Zendova::ItemFile_Click, nullptr, Plain, GeneralHelp},
     {1, "FileTF", "&Text File"},
     {2, "FileLoad", "&Load Text from File...", "Ctrl+L", &Zendova::FileLoad_Click},
     {2, "FileSave", "&Save Text in File...", "Ctrl+S", &Zendova::FileSave_Click},
     {2, "FileSep3", Line, "", nullptr, nullptr, Hidden},
-    {2, "FileMRU", "", "", nullptr, nullptr, Hidden, 9, &Zendova::FileMRU_Click},
+    {2, "FileMRU", "", "", nullptr, nullptr, Hidden, 0, 9, &Zendova::FileMRU_Click},
     {1, "FileSep1", Line},
     {1, "FileCFM", "Custom Font&Map"},
     {2, "FileCFMLoad", "&Load..."},
@@ -58,9 +64,9 @@ constexpr MenuRow Rows[] = {
     {2, "FileCFMEdit", "&Edit..."},
     {2, "FileCFMUnld", "&Unload"},
     {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},
-    {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 5, &Zendova::CFMRU_Click},
+    {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 0, 5, &Zendova::CFMRU_Click},
     {1, "FileSep4", Line},
-    {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit},
+    {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit, Plain, GeneralHelp},
 
     {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
     {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del", &Zendova::EditCut_Click},
@@ -76,14 +82,16 @@ constexpr MenuRow Rows[] = {
     {1, "EditFindAgain", "Find A&gain", "F3", &Zendova::EditFindAgain_Click,
      &Zendova::EditFindAgain, Disabled},
 
-    {0, "ItemView", "&Views", "", &Zendova::ItemView_Click},
-    {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom,
-     CheckedAtDesign},
-    {1, "ViewCode", "&Code View", "", &Zendova::ViewCode_Click, &Zendova::ViewCode,
-     CheckedAtDesign},
-    {1, "ViewKS", "&Keystroke View", "", &Zendova::ViewKS_Click, &Zendova::ViewKS, CheckedAtDesign},
+    {0, "ItemView", "&Views", "", &Zendova::ItemView_Click, nullptr, Plain, GeneralHelp},
+    {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom, CheckedAtDesign,
+     ViewHelp},
+    {1, "ViewCode", "&Code View", "", &Zendova::ViewCode_Click, &Zendova::ViewCode, CheckedAtDesign,
+     ViewHelp},
+    {1, "ViewKS", "&Keystroke View", "", &Zendova::ViewKS_Click, &Zendova::ViewKS, CheckedAtDesign,
+     ViewHelp},
     {1, "ViewSep", Line},
-    {1, "ViewAll", "&All Views", "", &Zendova::ViewAll_Click, &Zendova::ViewAll, CheckedAtDesign},
+    {1, "ViewAll", "&All Views", "", &Zendova::ViewAll_Click, &Zendova::ViewAll, CheckedAtDesign,
+     ViewHelp},
 
     {0, "ItemFormat", "F&ormat", "", &Zendova::ItemFormat_Click},
     {1, "FormatTB", "&TextBoard"},
@@ -120,12 +128,14 @@ constexpr MenuRow Rows[] = {
     {2, "FMBorders", "Show &Grid", "", &Zendova::FMBorders_Click, &Zendova::FMBorders,
      CheckedAtDesign},
 
-    {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click},
-    {1, "ToolsCopy", "&Copy TextBoard to Clipboard", "", &Zendova::ToolsCopy_Click},
+    {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click, nullptr, Plain, GeneralHelp},
+    {1, "ToolsCopy", "&Copy TextBoard to Clipboard", "", &Zendova::ToolsCopy_Click, nullptr, Plain,
+     CopyHelp},
     {1, "ToolsCut", "Cu&t TextBoard to Clipboard", "", &Zendova::ToolsCut_Click},
     {1, "ToolsFS", "&View TextBoard Full Screen..."},
     {1, "ToolsPrint", "&Print TextBoard Contents..."},
-    {1, "ToolsClear", "&Unload TextBoard Contents", "", &Zendova::ToolsClear_Click},
+    {1, "ToolsClear", "&Unload TextBoard Contents", "", &Zendova::ToolsClear_Click, nullptr, Plain,
+     ClearHelp},
     {1, "ToolsSep1", Line},
     {1, "ToolsFB", "&Browse Fonts..."},
     {1, "ToolsKB", "View &Keyboard Layout..."},
@@ -155,16 +165,16 @@ constexpr MenuRow Rows[] = {
     {1, "DisplayTT", "Show &ToolTips", "", &Zendova::DisplayTT_Click, &Zendova::DisplayTT,
      CheckedAtDesign},
 
-    {0, "ItemHelp", "&Help"},
+    {0, "ItemHelp", "&Help", "", nullptr, nullptr, Plain, GeneralHelp},
     {1, "HelpContents", "&Contents...", "", &Zendova::HelpContents_Click, &Zendova::HelpContents,
-     Hidden},
+     Hidden, GeneralHelp},
     {1, "HelpReadme", "Open &Readme File", "", &Zendova::HelpReadme_Click},
     {1, "HelpSep1", Line},
     {1, "HelpCheckUpd", "Check for &Updates...", "", &Zendova::HelpCheckUpd_Click},
     {1, "HelpVisit", "Visit Zendova &Home Page...", "", &Zendova::HelpVisit_Click},
     {1, "HelpFeedback", "&E-Mail Zendova Feedback...", "", &Zendova::HelpFeedback_Click},
     {1, "HelpSep2", Line},
-    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click},
+    {1, "HelpAbout", "&About...", "", &Zendova::HelpAbout_Click, nullptr, Plain, GeneralHelp},
 };
 
 enum class State { Enabled, Checked };
@@ -218,16 +228,22 @@ void Zendova::CreateMenus()
         const MenuRow &row = Rows[i];
         const auto depth = static_cast<std::size_t>(row.Depth);
         QMenu *parent = depth ? open[depth - 1] : nullptr;
+        const auto setHelpId = [&](QAction *item) {
+            const int ofMenu = parent ? parent->menuAction()->property("HelpId").toInt() : 0;
+            item->setProperty("HelpId", row.HelpId ? row.HelpId : ofMenu);
+        };
         const bool isMenu = i + 1 < std::size(Rows) && Rows[i + 1].Depth > row.Depth;
         if (isMenu) {
             QMenu *menu = parent ? parent->addMenu(row.Caption) : menuBar()->addMenu(row.Caption);
             menu->setObjectName(row.Name);
+            menu->installEventFilter(this); // for the key of the help
+            setHelpId(menu->menuAction());
             if (row.Handler)
                 connect(menu, &QMenu::aboutToShow, this, row.Handler);
             open[depth] = menu;
             continue;
         }
-        if (row.Caption == Line) {
+        if (qstrcmp(row.Caption, Line) == 0) {
             QAction *line = parent->addSeparator();
             line->setObjectName(row.Name);
             line->setVisible(!(row.Flags & Hidden));
@@ -236,6 +252,7 @@ void Zendova::CreateMenus()
         for (int element = 1; element <= row.Elements; ++element) {
             QAction *item = parent->addAction(row.Caption);
             item->setObjectName(row.Name + QString::number(element));
+            setHelpId(item);
             item->setVisible(!(row.Flags & Hidden));
             connect(item, &QAction::triggered, this,
                     [this, element, handler = row.ElementHandler] { (this->*handler)(element); });
@@ -244,6 +261,7 @@ void Zendova::CreateMenus()
             continue;
         QAction *item = parent->addAction(row.Caption);
         item->setObjectName(row.Name);
+        setHelpId(item);
         item->setShortcuts(QKeySequence::listFromString(row.Key));
         item->setCheckable(row.Flags & Checkable);
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
@@ -255,7 +273,7 @@ void Zendova::CreateMenus()
             this->*row.Item = item;
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
-    // The key that opens the help everywhere; the menu does not show it.
+    // The key that opens the help where no menu is open; the menu does not show it.
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] {
         if (HelpContents->isVisible())
             HelpContents_Click();

@@ -89,7 +89,7 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
 void Message::createControls()
 {
     setFont(TwipForm::font());
-    // The design's own font, where it is installed.
+    // The line breaks of the messages are made for its width. Not every desktop has it.
     if (constexpr auto name = "Verdana"; FontCatalog::current().contains(name)) {
         QFont verdana = FontCatalog::current().font(name);
         verdana.setPointSizeF(font().pointSizeF());
@@ -113,8 +113,7 @@ void Message::createControls()
     DisplayAgainCheck = new QCheckBox("Do not display again", this);
     DisplayAgainCheck->setObjectName("DisplayAgainCheck");
     DisplayAgainCheck->setToolTip("Check not to display this message again");
-    // Up to the first button: in some desktops' fonts the caption needs more than the design gives
-    // it.
+    // Up to the first button: in some desktops' fonts the caption needs all of it.
     Form.place(DisplayAgainCheck, {105, 1980, 2655, 270});
 
     connect(Button1, &QPushButton::clicked, this, [this] {

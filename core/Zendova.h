@@ -26,6 +26,7 @@ class QAction;
 class QContextMenuEvent;
 class QCheckBox;
 class QFrame;
+class QKeyEvent;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -79,7 +80,6 @@ public:
     bool RepairRan = false;
     bool DefaultsApplied = false; ///< the store was just created or repaired
     bool DisplayEventSeen = false;
-    static constexpr const char *VersionSuffix = " Version 3.0.0 RC2"; ///< of the title
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
 
@@ -99,7 +99,7 @@ public:
     bool InitMap = false;
     QString InitMapPath;
     double SavedFormHeight = 0; ///< twips, as the settings give them
-    double SavedFormWidth = 0;
+    double SavedFormWidth = 0;  ///< kept for the file; the width follows from the map
     RecentFiles TextFiles;
     RecentFiles MapFiles;
 
@@ -227,6 +227,10 @@ public:
     // ---- core/Help.cpp: the commands of the Help menu
 
     void HelpContents_Click();
+    /// The key of the help, pressed in an open menu: closes all menus and shows the topic of the
+    /// item that is highlighted, or else of the menu. False, with nothing done, for any other key
+    /// and where there is no help file.
+    bool ShowMenuHelp(const QMenu &Menu, const QKeyEvent &Key);
     void HelpReadme_Click();
     void HelpCheckUpd_Click();
     void HelpVisit_Click();

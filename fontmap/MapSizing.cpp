@@ -27,6 +27,7 @@ void Zendova::ComputeMaxMapSize()
     MaxMapSize = MapSize::Largest(Display(), TwipsX);
     // Where the commands are off for this screen the split bar is hidden, and they stay off.
     pbxSetFMapSize->setEnabled(MaxMapSize > 1 && !SplitBar->isHidden());
+    // A narrow screen gives 0 or less, and size 1 stands on every screen.
     sldSetFMapSize->setMost(std::max(MaxMapSize, 1));
 }
 
@@ -86,14 +87,17 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
     Form.setWidth(lblCFMName, nameWidth);
     SizeMapContainers();
 
-    const double needed = MapSize::FormHeight(SizeIndex - 1, {.X = TwipsX, .Y = TwipsY});
+    const TwipScale scale{.X = TwipsX, .Y = TwipsY};
+    const double needed = MapSize::FormHeight(SizeIndex - 1, scale);
     // A height or a size that this screen can't show would put the map out of reach.
     const double saved = std::min(SavedFormHeight, SysInfo::current().WorkAreaHeight());
     if (!DefaultsApplied && FirstActivate && saved > needed && SizeIndex <= MaxMapSize) {
         Form.setTop(FMapContainer, saved - Form.height(FMapContainer) - 68 * TwipsY);
         Form.setHeight(TextBoard,
                        saved - Form.top(TextBoard) - Form.height(FMapContainer) - 70 * TwipsY);
-        SetFormSize(SavedFormWidth, saved);
+        // Only the height was the user's; the width follows from the map, also where the stored
+        // one is damaged or of another density.
+        SetFormSize(MapSize::FormWidth(SizeIndex - 1, scale), saved);
     } else {
         ResetSplit(sldSetFMapSize->value() - 1);
     }
@@ -176,13 +180,15 @@ void Zendova::FMRealign_Click()
 void Zendova::sldSetFMapSize_Change(int Value)
 {
     sldSetFMapSize->showNumber(QString::number(Value));
-    // While no size is known the cells stand as designed, at the smallest.
+    // While no size is known the cells stand as they were made, at the smallest.
     const int from = std::max(SizeIndex, 1);
     if (Value != SizeIndex) {
         SetFontMapSize(std::abs(Value - from), Value > from);
         SizeIndex = Value;
         UpdateMapCommands(2);
     }
-    if (!FirstActivate)
+    if (!FirstActivate) {
+        KeepInView();
         TextBoard->setFocus();
+    }
 }

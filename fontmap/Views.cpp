@@ -115,6 +115,7 @@ void Zendova::OfferView(const QContextMenuEvent &Event)
     }
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->installEventFilter(this); // for the key of the help
     menu->addAction(command);
     menu->popup(Event.globalPos());
 }

@@ -1,4 +1,5 @@
-// Walks the catalog's families in place of the design platform's enumeration of fonts.
+// Walks the catalog's families and makes of each an entry of the list and its columns in FontLF and
+// FontTM.
 #include "fonttools/FontLoadProcedure.h"
 
 #include "platform/FontCatalog.h"

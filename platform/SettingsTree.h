@@ -21,7 +21,7 @@
 class SettingsTree
 {
 public:
-    /// The two kinds of value, numbered as the file and the design number them.
+    /// The two kinds of value, by the numbers that the file has for them.
     static constexpr qint64 TextKind = 1;
     static constexpr qint64 NumberKind = 4;
 

@@ -22,6 +22,8 @@ BandBar::BandBar(const TwipScale &scale, QWidget *parent) : QWidget(parent), Sca
 void BandBar::addBand(QWidget *content, double width)
 {
     content->setParent(this);
+    // Its own, for the bar's cursor would stay that of the grip which the mouse came over.
+    content->setCursor(Qt::ArrowCursor);
     Bands.push_back({.Content = content, .Width = width});
     arrange();
 }
@@ -61,17 +63,17 @@ void BandBar::setScale(const TwipScale &scale)
 
 void BandBar::arrange()
 {
-    const auto last =
-        std::find_if(Bands.rbegin(), Bands.rend(), [](const Band &b) { return b.Visible; });
+    auto toCome = static_cast<int>(std::ranges::count_if(Bands, &Band::Visible));
     double left = 0;
+    // However wide the bands before are, this one and those behind it keep their grips in the bar.
+    const auto edge = [&] { return std::min(Scale.across(left), width() - toCome * GripWidth); };
     for (Band &band : Bands) {
         band.Content->setVisible(band.Visible);
         if (!band.Visible)
             continue;
-        band.Left = Scale.across(left);
+        band.Left = edge();
         left += band.Width;
-        const bool takesRest = &band == &*last;
-        const int right = takesRest ? width() : std::min(Scale.across(left), width());
+        const int right = --toCome == 0 ? width() : edge();
         const int contentLeft = band.Left + GripWidth;
         band.Content->setGeometry(contentLeft, 1, std::max(0, right - contentLeft), height() - 2);
     }
@@ -136,8 +138,9 @@ void BandBar::mouseMoveEvent(QMouseEvent *event)
     for (int index = Dragged + 1; index < bandCount(); ++index)
         if (isBandVisible(index))
             most -= Scale.across(bandWidth(visibleBefore(index)));
-    most = std::max(most, moved.Left);
-    const int target = std::clamp(point.x(), narrowed.Left + GripWidth, most);
+    const int least = narrowed.Left + GripWidth;
+    most = std::max({most, moved.Left, least});
+    const int target = std::clamp(point.x(), least, most);
     setBandWidth(before, (target - narrowed.Left) * Scale.X);
 }
 

@@ -1,5 +1,6 @@
 // A bar of one row whose bands can be made wider and narrower by their grips. The last visible band
-// takes what is left of the bar, whatever its own width.
+// takes what is left of the bar, whatever its own width. In a bar that is too narrow for the widths
+// every band keeps at least its grip in view, and its width.
 #pragma once
 
 #include "platform/Twips.h"
@@ -14,7 +15,8 @@ class BandBar : public QWidget
 public:
     explicit BandBar(const TwipScale &scale, QWidget *parent = nullptr);
 
-    /// Adds a band behind the others: what it holds and its width in twips, grip included.
+    /// Adds a band behind the others: what it holds and its width in twips, grip included. The
+    /// content gets the arrow for its cursor.
     void addBand(QWidget *content, double width);
     int bandCount() const { return static_cast<int>(Bands.size()); }
 

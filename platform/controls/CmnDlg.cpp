@@ -168,5 +168,8 @@ void CmnDlg::ShowHelp(QWidget *parent, const HelpRequest &request)
     case HelpCommand::Contents:
         viewer->ShowContents(request.HelpFile);
         break;
+    case HelpCommand::Context:
+        viewer->ShowContext(request.HelpFile, request.HelpContext);
+        break;
     }
 }

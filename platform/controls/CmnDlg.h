@@ -108,13 +108,15 @@ std::optional<ChosenFile> ShowSave(QWidget *parent, const FileOffer &offer);
 /// Shows the font dialog. False, with the choice untouched, after Cancel.
 bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);
 
-/// What of a help file is to be shown; the number is the design platform's.
-enum class HelpCommand { Contents = 9 };
+/// What of a help file is to be shown: the topic of a context id, or the top. The numbers are those
+/// of HELP_CONTEXT and HELP_FORCEFILE in winuser.h.
+enum class HelpCommand { Context = 1, Contents = 9 };
 
 struct HelpRequest
 {
     HelpCommand Command = HelpCommand::Contents;
-    QString HelpFile; ///< path, relative to the current folder
+    QString HelpFile;    ///< path, relative to the current folder
+    int HelpContext = 0; ///< of Context: an id that HelpViewer::AnchorOf knows
 };
 
 /// Shows the help in a window beside the parent, which owns it; a window that is open already comes

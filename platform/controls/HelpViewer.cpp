@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QToolButton>
@@ -26,6 +27,20 @@ namespace {
 
 /// The page under this address is the help text; its parts are the address and a fragment.
 const QUrl ContentsAddress("help:contents");
+
+struct Topic
+{
+    int Context;
+    const char *Anchor;
+};
+
+/// The topics that items of the menus ask for.
+constexpr Topic Topics[] = {
+    {6, "contents"},
+    {9, "clipboard"},
+    {10, "textboard"},
+    {11, "views"},
+};
 
 constexpr qint64 MostBytes = 65536;
 constexpr int DeepestElement = 16;
@@ -102,6 +117,20 @@ QString readPage(const QString &path)
         return faultPage(name, "is empty.");
     const QString page = cleanPage(bytes);
     return page.isEmpty() ? faultPage(name, "is not a help text.") : page;
+}
+
+/// The cursor at an anchor of this name, or at the start. Not by what is under a point: for points
+/// near a table the toolkit gives cells that are far away, and scrolls to them.
+QTextCursor cursorAt(QTextDocument &page, const QString &anchor)
+{
+    QTextCursor cursor(&page);
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part)
+            if (part.fragment().charFormat().anchorNames().contains(anchor)) {
+                cursor.setPosition(part.fragment().position());
+                return cursor;
+            }
+    return cursor;
 }
 
 /// Serves the help text and the program's own pictures ("icon:" and an image key); any other
@@ -232,16 +261,28 @@ void HelpViewer::ShowContents(const QString &HelpFile)
     activateWindow();
 }
 
+void HelpViewer::ShowContext(const QString &HelpFile, int Context)
+{
+    ShowContents(HelpFile); // first, as a page that was never laid out can't be scrolled
+    QUrl topic = ContentsAddress;
+    topic.setFragment(AnchorOf(Context));
+    follow(topic);
+    Page->clearHistory();
+}
+
+QString HelpViewer::AnchorOf(int Context)
+{
+    const auto topic = std::ranges::find(Topics, Context, &Topic::Context);
+    return topic == std::end(Topics) ? QString() : topic->Anchor;
+}
+
 void HelpViewer::follow(const QUrl &link)
 {
     if (link.matches(ContentsAddress, QUrl::RemoveFragment)) {
         Page->setSource(link);
         // The focus leaves the link, to which Forward would scroll otherwise, and search and Tab go
         // on from what is shown.
-        if (link.hasFragment())
-            Page->setTextCursor(Page->cursorForPosition(Page->viewport()->rect().center()));
-        else
-            Page->moveCursor(QTextCursor::Start);
+        Page->setTextCursor(cursorAt(*Page->document(), link.fragment()));
     } else if (link.scheme() == "https" || link.scheme() == "http" || link.scheme() == "mailto") {
         Shell::Open(link);
     }

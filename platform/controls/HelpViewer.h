@@ -23,6 +23,11 @@ public:
     /// is not there, empty, larger than 64 KiB, nested more than 16 deep or no such text gives a
     /// page that says so.
     void ShowContents(const QString &HelpFile);
+    /// The same, and scrolls to the topic of a context id; one that is not known shows the top.
+    void ShowContext(const QString &HelpFile, int Context);
+    /// Name of the anchor in the help text where the topic of a context id begins; empty for an id
+    /// that has none.
+    static QString AnchorOf(int Context);
 
     QTextBrowser *Page = nullptr;
     QLineEdit *FindText = nullptr;

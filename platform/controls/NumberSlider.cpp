@@ -20,12 +20,12 @@ NumberSlider::NumberSlider(QWidget *parent, int least, int most, NoNumber noNumb
     Slider->setRange(least, most);
     Slider->setPageStep(1);
     Number->setAlignment(Qt::AlignCenter);
-    Number->setCursor(Qt::IBeamCursor);
     Number->installEventFilter(this);
     Edit->setAlignment(Qt::AlignCenter);
     Edit->setTextMargins(-2, 0, -2, 0); // three digits fit between the frame's edges
     Edit->hide();
     Edit->installEventFilter(this);
+    setEditable(true);
     connect(Slider, &QSlider::valueChanged, this, &NumberSlider::ValueChanged);
     connect(Slider, &QSlider::sliderMoved, this, &NumberSlider::Scrolled);
 }
@@ -53,6 +53,7 @@ void NumberSlider::showNumber(const QString &text)
 void NumberSlider::setEditable(bool editable)
 {
     Editable = editable;
+    Number->setCursor(editable ? Qt::IBeamCursor : Qt::ArrowCursor);
     if (!editable)
         Edit->hide();
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int ButtonSide = 22; // pixels: a picture of 16 and its frame
 constexpr int PictureSide = 16;
-constexpr int ArrowWidth = 14; // pixels
+constexpr int ArrowWidth = 11; // pixels; wider, the button would not fit its band
 
 } // namespace
 

@@ -153,9 +153,13 @@ void TestControls::numberBox()
     QCOMPARE(sizes.value(), 12);
     QTest::mouseClick(sizes.number(), Qt::RightButton);
     QVERIFY(!sizes.edit()->isVisible());
+    QCOMPARE(sizes.number()->cursor().shape(), Qt::IBeamCursor);
     sizes.setEditable(false);
     QTest::mouseClick(sizes.number(), Qt::LeftButton);
     QVERIFY(!sizes.edit()->isVisible());
+    QCOMPARE(sizes.number()->cursor().shape(), Qt::ArrowCursor);
+    sizes.setEditable(true);
+    QCOMPARE(sizes.number()->cursor().shape(), Qt::IBeamCursor);
 }
 
 void TestControls::bandsOfABar()
@@ -176,6 +180,23 @@ void TestControls::bandsOfABar()
     QCOMPARE(bar.lefts(), QList<int>({0, 100, 250, 300}));
     bar.setBandWidth(0, 0);
     QCOMPARE(bar.bandWidth(0), Grip * Fifteen.X);
+    // Whatever does not fit, all grips stay in reach and the widths are kept.
+    bar.setBandWidth(0, 100 * Fifteen.X);
+    bar.setBandWidth(1, 100 * Fifteen.X);
+    bar.resize(120, bar.height());
+    QCOMPARE(bar.lefts(), QList<int>({0, 96, 104, 112}));
+    bar.setBandVisible(2, false);
+    QCOMPARE(bar.lefts(), QList<int>({0, 100, 112}));
+    bar.setBandVisible(2, true);
+    bar.resize(400, bar.height());
+    QCOMPARE(bar.lefts(), QList<int>({0, 100, 200, 250}));
+    bar.setBandWidth(0, 1e6);
+    QCOMPARE(bar.lefts(), QList<int>({0, 376, 384, 392}));
+    QCOMPARE(bar.bandWidth(0), 1e6);
+    bar.drag(377, 101);
+    QCOMPARE(bar.lefts(), QList<int>({0, 101, 201, 251}));
+    bar.setBandWidth(0, Grip * Fifteen.X);
+    bar.setBandWidth(1, 150 * Fifteen.X);
     bar.setScale({.X = 30, .Y = 30});
     QCOMPARE(bar.lefts(), QList<int>({0, 4, 79, 104}));
 }
@@ -223,9 +244,16 @@ void TestControls::bandCursor()
         QCoreApplication::processEvents();
         return bar.cursor().shape();
     };
-    QCOMPARE(cursorAt(50), Qt::ArrowCursor);
-    QCOMPARE(cursorAt(103), Qt::SizeHorCursor);
     QCOMPARE(cursorAt(3), Qt::ArrowCursor);
+    QCOMPARE(cursorAt(103), Qt::SizeHorCursor);
+    // A content that keeps the mouse's moves to itself has its own cursor all the same.
+    for (int index = 0; index < bar.bandCount(); ++index)
+        QCOMPARE(bar.band(index)->cursor().shape(), Qt::ArrowCursor);
+    QCOMPARE(cursorAt(3), Qt::ArrowCursor);
+    auto *writing = new QLabel(bar.band(0));
+    writing->setCursor(Qt::IBeamCursor);
+    QCOMPARE(cursorAt(103), Qt::SizeHorCursor);
+    QCOMPARE(writing->cursor().shape(), Qt::IBeamCursor);
 }
 
 void TestControls::blocksByMouse()

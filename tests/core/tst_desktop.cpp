@@ -139,6 +139,14 @@ void TestDesktop::everythingHasAName()
             QVERIFY2(focusable.insert(told->text(QAccessible::Name)).second, qPrintable(control2));
     });
     QVERIFY(seen > 80);
+    // The labels that stand before a control are told with it.
+    for (const char *name : {"FontLabel", "FontSizeLabel", "ZoomSizeLabel", "MapSizeLabel"}) {
+        const auto *label = qobject_cast<QLabel *>(window->Control(name));
+        QVERIFY2(label->buddy(), name);
+        QCOMPARE(label->buddy()->parentWidget(), label->parentWidget());
+        const auto labels = speaker(label->buddy())->relations(QAccessible::Label);
+        QVERIFY2(labels.size() == 1 && labels[0].first->object() == label, name);
+    }
     QVERIFY(focusable.size() >= 5);
     QCOMPARE(nameOf(window->tlbCFMapFmt->button("FMap+")), QString("Increase FontMap Size"));
     QCOMPARE(nameOf(window->FontFormatTB->button("Bold")), QString("Toggle Bold Style"));

@@ -9,7 +9,9 @@
 #include "platform/FontCatalog.h"
 #include "platform/controls/HelpViewer.h"
 #include "platform/controls/Icons.h"
+#include "textboard/TextBoard.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
@@ -23,6 +25,7 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <set>
@@ -92,6 +95,9 @@ private slots:
     void pictures();
     void picturesByPosition();
     void contentsAndKey();
+    void menuTopics_data();
+    void menuTopics();
+    void everyTopicIsThere();
     void badFiles_data();
     void badFiles();
     void vanishedFile();
@@ -339,6 +345,76 @@ void TestHelp::contentsAndKey()
     QTest::keyClick(viewer->Page, Qt::Key_Escape);
     QVERIFY(!viewer->isVisible());
     QVERIFY(window->isVisible());
+}
+
+void TestHelp::menuTopics_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("item"); // highlighted; empty for none
+    QTest::addColumn<QString>("topic");
+    const auto row = [](const char *menu, const char *item, const char *topic) {
+        QTest::addRow("%s %s", menu, item) << menu << item << topic;
+    };
+    row("ItemView", "ViewCode", "The views: zoom, code, keystroke");
+    row("ItemTools", "ToolsCopy", "Cut, copy and paste");
+    row("ItemTools", "ToolsClear", "The TextBoard");
+    row("ItemTools", "ToolsCut", "Zendova Help");
+    row("ItemView", "", "Zendova Help");
+    row("FileTF", "FileLoad", "Zendova Help");
+    row("ItemEdit", "EditPaste", "Zendova Help");
+}
+
+void TestHelp::menuTopics()
+{
+    QFETCH(QString, menu);
+    QFETCH(QString, item);
+    QFETCH(QString, topic);
+    for (const bool hasHelp : {false, true}) {
+        if (hasHelp)
+            QVERIFY(writeFile(HelpFile, ourHelp()));
+        Desktop desktop;
+        Zendova *window = desktop.start();
+        QTest::keyClicks(window->TextBoard, "a"); // only what is enabled is highlighted
+        if (menu == "FileTF")                     // a menu within a menu
+            window->findChild<QMenu *>("ItemFile")->popup({});
+        auto *open = window->findChild<QMenu *>(menu);
+        open->popup({});
+        if (!item.isEmpty())
+            open->setActiveAction(menuItem(window, qPrintable(item)));
+        QTest::keyClick(open, Qt::Key_F1);
+        QCOMPARE(QApplication::activePopupWidget() == nullptr, hasHelp);
+        const auto *viewer = window->findChild<HelpViewer *>();
+        QCOMPARE(viewer != nullptr, hasHelp);
+        while (QWidget *left = QApplication::activePopupWidget())
+            left->close();
+        if (!viewer)
+            continue;
+        QVERIFY(viewer->isVisible() && !viewer->Back->isEnabled());
+        // The list of contents has the same words.
+        QTextBlock heading = viewer->Page->document()->lastBlock();
+        while (heading.isValid() && heading.text().trimmed() != topic)
+            heading = heading.previous();
+        const QRectF place = viewer->Page->document()->documentLayout()->blockBoundingRect(heading);
+        const int top = viewer->Page->verticalScrollBar()->value();
+        QVERIFY(heading.isValid());
+        QVERIFY2(qAbs(place.top() - top) <= 30,
+                 qPrintable(QString("%1 instead of %2").arg(top).arg(place.top())));
+    }
+}
+
+void TestHelp::everyTopicIsThere()
+{
+    const QStringList anchors = captures(QString::fromUtf8(ourHelp()), "<a name=\"([^\"]*)\">");
+    Desktop desktop;
+    const Zendova *window = desktop.start();
+    std::set<int> ids;
+    for (const QAction *item : window->menuBar()->findChildren<QAction *>())
+        ids.insert(item->property("HelpId").toInt());
+    ids.erase(0);
+    QCOMPARE(ids, std::set({6, 9, 10, 11}));
+    for (const int id : ids)
+        QVERIFY2(anchors.contains(HelpViewer::AnchorOf(id)), qPrintable(QString::number(id)));
+    QCOMPARE(HelpViewer::AnchorOf(7), QString());
 }
 
 void TestHelp::badFiles_data()

@@ -53,7 +53,7 @@ const std::set<std::pair<QString, QString>> Overlapping = {
     {"ProgressBack", "ProgressFore"}, {"CharButton", "clbFontMap"},
     {"SampleText0", "SampleText1"},   {"SplitGrip", "SplitBar"},
     {"SplitGrip", "TextBoard"},       {"SplitGrip", "ViewsContainer"},
-    {"SplitGrip", "FMapContainer"},   {"SplitGrip", "FindFrame"},
+    {"SplitGrip", "FMapContainer"},
 };
 
 QString nameOf(const QWidget *control)
@@ -198,7 +198,13 @@ private slots:
     void areasAtSmallest();
     void largeFontsLeaveNoGaps();
     void viewsOnTheRight();
+    void toolbarsFitTheirBands();
     void buttonsSpeak();
+    void coversSpeak_data();
+    void coversSpeak();
+    void staysOnTheScreen_data();
+    void staysOnTheScreen();
+    void storedWidth();
 
     void menuKeys();
     void menuItemsWork();
@@ -208,6 +214,8 @@ private slots:
     void splitJitter();
     void splitDoubleClick();
     void splitGrip();
+    void splitGripLeavesTheFindBar();
+    void splitGripIsForTheLeftButton();
 
 private:
     QByteArray Settings;
@@ -322,6 +330,20 @@ void TestLayout::viewsOnTheRight()
     }
 }
 
+void TestLayout::toolbarsFitTheirBands()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    const Zendova *window = desktop.startAsItIs();
+    int inBands = 0;
+    for (const Toolbar *bar : window->findChildren<Toolbar *>()) {
+        if (!bar->isVisible() || !qobject_cast<BandBar *>(bar->parentWidget()))
+            continue;
+        ++inBands;
+        QVERIFY2(bar->sizeHint().width() <= bar->width(), qPrintable(nameOf(bar)));
+    }
+    QCOMPARE(inBands, 8);
+}
+
 void TestLayout::buttonsSpeak()
 {
     Desktop desktop({1280, 1024}, 96, Settings);
@@ -342,6 +364,85 @@ void TestLayout::buttonsSpeak()
     QVERIFY(window->TextZoom->toolTip().isEmpty());
 }
 
+void TestLayout::coversSpeak_data()
+{
+    QTest::addColumn<QString>("toolTip");
+    for (const char *name : {"CVACover", "ASCLabel", "AscCode", "HexLabel", "HexCode", "OctLabel",
+                             "OctCode", "BinLabel", "BinCode"})
+        QTest::newRow(name) << "Code View Area";
+    for (const char *name : {"KVACover", "KSLabel", "KS"})
+        QTest::newRow(name) << "Keystroke View Area";
+    for (const char *name : {"ProgressBack", "ProgressFore", "PercFilled"})
+        QTest::newRow(name) << "Percentage of TextBoard Filled";
+}
+
+void TestLayout::coversSpeak()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    window->TextBoard->setText(QString(window->TBLimit, 'x'));
+    const QWidget *text = window->Control(QTest::currentDataTag());
+    QVERIFY(text->isVisible());
+    const QPoint point = text->mapTo(window->Client, text->rect().center());
+    QTEST(window->Client->childAt(point)->toolTip(), "toolTip");
+}
+
+void TestLayout::staysOnTheScreen_data()
+{
+    using Use = std::function<void(Zendova &)>;
+    const QPoint corner(1280 - 976, 1024 - 648); // the window of size 8 is wholly in view there
+    QTest::addColumn<QPoint>("from");
+    QTest::addColumn<Use>("use");
+    QTest::addColumn<QPoint>("to");
+    const auto drag = [](int pixels) -> Use {
+        return [pixels](Zendova &window) {
+            QTest::mousePress(window.SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
+            holdAt(window, pixels + 2);
+            QTest::mouseRelease(window.SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
+        };
+    };
+    const auto resize = [](int size) -> Use {
+        return [size](Zendova &window) { window.sldSetFMapSize->setValue(size); };
+    };
+    const auto row = [](const char *name, const QPoint &from, const Use &use, const QPoint &to) {
+        QTest::newRow(name) << from << use << to;
+    };
+    row("larger map", corner, resize(18), corner - QPoint(280, 80));
+    row("larger map, in view", {5, 7}, resize(18), {5, 7});
+    row("smaller map", corner, resize(3), corner);
+    row("split bar dragged", corner, drag(100), corner - QPoint(0, 100));
+    row("split bar dragged, in view", {5, 7}, drag(100), {5, 7});
+    row("split bar double-clicked", corner, [](Zendova &window) { doubleClick(window); },
+        {corner.x(), 2});
+}
+
+void TestLayout::staysOnTheScreen()
+{
+    QFETCH(QPoint, from);
+    QFETCH(std::function<void(Zendova &)>, use);
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    QCOMPARE(QSizeF(window->FormWidth(), window->FormHeight()), QSizeF(976, 648) * 15);
+    window->move(from);
+    use(*window);
+    QTEST(window->pos(), "to");
+}
+
+void TestLayout::storedWidth()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    doubleClick(*window);
+    const double height = window->FormHeight();
+    QVERIFY(desktop.close());
+    for (const int stored : {0, -5, 7000, 40000}) {
+        desktop.alterSettings(
+            QString("UPDATE settings SET value = %1 WHERE name = 'FormWidth'").arg(stored));
+        window = desktop.startAsItIs();
+        QCOMPARE(QSizeF(window->FormWidth(), window->FormHeight()), QSizeF(976 * 15, height));
+    }
+}
+
 void TestLayout::menuKeys()
 {
     Desktop desktop({1280, 1024}, 96, Settings);
@@ -349,6 +450,9 @@ void TestLayout::menuKeys()
     std::set<QString> shortcuts;
     std::set<std::pair<const QObject *, QString>> accessKeys;
     const auto unique = [&](const QObject *menu, const QAction *item) {
+        // The recent lists name their items when they show them.
+        if (!item->isVisible() && item->text().isEmpty())
+            return;
         const QString access = accessKeyOf(item->text());
         QVERIFY2(item->isSeparator() || !access.isEmpty(), qPrintable(item->text()));
         QVERIFY2(item->isSeparator() || accessKeys.insert({menu, access}).second,
@@ -506,6 +610,48 @@ void TestLayout::splitGrip()
     // Where the map can't be sized there is nothing to pull.
     desktop.Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
     QVERIFY(under(0)->cursor().shape() != Qt::SplitVCursor);
+}
+
+void TestLayout::splitGripLeavesTheFindBar()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    const auto underMouse = [window](int below) {
+        return window->Client->childAt(window->SplitBar->pos() + QPoint(300, below));
+    };
+    QTest::keyClicks(window->TextBoard, "text");
+    for (const bool open : {true, false}) {
+        QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
+        QCOMPARE(window->FindFrame->isVisible(), open);
+        QCOMPARE(underMouse(-1) == window->SplitGrip, !open);
+        QCOMPARE(underMouse(4), window->SplitGrip);
+        walk(window->Client, checkApart);
+    }
+}
+
+void TestLayout::splitGripIsForTheLeftButton()
+{
+    Desktop desktop({1280, 1024}, 96, Settings);
+    Zendova *window = desktop.startAsItIs();
+    const Split before = splitOf(*window);
+    const auto send = [window](QEvent::Type type, int down, Qt::MouseButton button,
+                               Qt::MouseButtons held) {
+        const QPointF at(50, down);
+        QMouseEvent event(type, at, window->SplitGrip->mapToGlobal(at), button, held,
+                          Qt::NoModifier);
+        QApplication::sendEvent(window->SplitGrip, &event);
+    };
+    const int edge = window->SplitGrip->height() - 1;
+    send(QEvent::MouseButtonPress, edge, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, edge + 50, Qt::NoButton, Qt::LeftButton);
+    const Split after = splitOf(*window);
+    QVERIFY(after.Bar > before.Bar + 40);
+    // Another button on the way neither ends the drag nor moves the hold.
+    send(QEvent::MouseButtonPress, edge, Qt::RightButton, Qt::LeftButton | Qt::RightButton);
+    send(QEvent::MouseButtonRelease, edge, Qt::RightButton, Qt::LeftButton);
+    send(QEvent::MouseMove, edge + 1, Qt::NoButton, Qt::LeftButton);
+    QCOMPARE(splitOf(*window), after);
+    send(QEvent::MouseButtonRelease, edge, Qt::LeftButton, Qt::NoButton);
 }
 
 int main(int argc, char *argv[])

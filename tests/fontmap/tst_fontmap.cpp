@@ -40,6 +40,7 @@ private slots:
     void thumbShowsItsNumberOnly();
     void sizeCommands_data();
     void sizeCommands();
+    void storedSizeTooLarge_data();
     void storedSizeTooLarge();
     void screenGetsNarrower();
     void clickInsertsTheCharacter();
@@ -54,6 +55,7 @@ private slots:
     void viewsOfferByKey();
     void zoomSize_data();
     void zoomSize();
+    void zoomThumb();
     void highlightFollowsTheMouse();
     void gridLines();
     void showsTheFontsOwnGlyphs_data();
@@ -237,21 +239,32 @@ void TestFontMap::sizeCommands()
     QCOMPARE(window->SizeIndex, isOn("smaller") ? size - 1 : size);
 }
 
+void TestFontMap::storedSizeTooLarge_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<int>("size"); // of 18 before
+    QTest::newRow("1024 wide") << Wide1024 << 9;
+    QTest::newRow("800 wide") << Wide800 << 1;
+}
+
 void TestFontMap::storedSizeTooLarge()
 {
+    QFETCH(QSize, screen);
+    QFETCH(int, size);
     Desktop desktop;
     Zendova *window = desktop.start();
     window->sldSetFMapSize->setValue(18);
     QVERIFY(desktop.close());
-    desktop.Screen->pretend(SysInfo::Screen{Wide1024, {}, 96});
+    desktop.Screen->pretend(SysInfo::Screen{screen, {}, 96});
     desktop.Dialogs.message("Zendova FontMap Size Error",
                             "The last used FontMap size cannot be accommodated", "Ok");
     window = desktop.startAsItIs();
     QVERIFY(desktop.Dialogs.allCame());
-    QCOMPARE(window->SizeIndex, 9);
-    QCOMPARE(window->sldSetFMapSize->number()->text(), QString("9"));
-    QCOMPARE(window->CharButton->pixels(0).width(), 36);
-    QCOMPARE(window->Client->size(), QSize(772 + 28 * 8, 546 + 8 * 8));
+    QCOMPARE(window->SizeIndex, size);
+    QCOMPARE(window->sldSetFMapSize->number()->text(), QString::number(size));
+    QCOMPARE(window->CharButton->pixels(0).width(), 27 + size);
+    QCOMPARE(window->Client->size(), QSize(772 + 28 * (size - 1), 546 + 8 * (size - 1)));
+    QVERIFY(window->Client->rect().contains(window->FMapContainer->geometry()));
     QVERIFY(desktop.close());
     desktop.startAsItIs(); // the size that fits was stored: no second message
     QVERIFY(desktop.Dialogs.allCame());
@@ -513,6 +526,21 @@ void TestFontMap::zoomSize()
     QCOMPARE(window->ZoomSizeSlider->value(), size);
     QCOMPARE(window->TextZoom->cellFont().pointSize(), size);
     QVERIFY(window->TextBoard->hasFocus());
+}
+
+void TestFontMap::zoomThumb()
+{
+    Desktop desktop;
+    Zendova *window = desktop.start();
+    QSlider *slider = window->ZoomSizeSlider->slider();
+    slider->setFocus();
+    slider->setSliderDown(true);
+    for (const int size : {30, 8, 51}) {
+        slider->setSliderPosition(size);
+        QCOMPARE(window->TextZoom->cellFont().pointSize(), size);
+        QCOMPARE(window->ZoomSizeSlider->number()->text(), QString::number(size));
+        QVERIFY(window->TextBoard->hasFocus());
+    }
 }
 
 void TestFontMap::highlightFollowsTheMouse()

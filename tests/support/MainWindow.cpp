@@ -118,7 +118,10 @@ void Answers::answer(QDialog *dialog)
     }
     const Expected expected = std::move(Waiting.front());
     Waiting.pop_front();
+    const QPointer<QDialog> still = dialog;
     expected.Use(dialog);
+    if (still && QTest::currentTestFailed())
+        still->reject();
 }
 
 Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)

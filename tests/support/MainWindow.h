@@ -32,7 +32,8 @@ public:
     /// `dontRepeat` ticks the box first.
     void message(const QString &title, const QString &text, const QString &button,
                  bool dontRepeat = false);
-    /// The next dialog has this title; `use` works it and must close it.
+    /// The next dialog has this title; `use` works it and must close it. One that a failed check
+    /// has left open is closed, for the test to end.
     void dialog(const QString &title, std::function<void(QDialog *)> use);
     /// True if every expected dialog came and no other; tells what was wrong otherwise.
     bool allCame();

@@ -26,7 +26,6 @@
 #include <QSpinBox>
 #include <QTest>
 #include <array>
-#include <functional>
 
 namespace {
 
@@ -57,17 +56,6 @@ bool has(const QFont &font, int style)
 {
     const bool states[] = {font.bold(), font.italic(), font.underline(), font.strikeOut()};
     return states[style];
-}
-
-/// Works the next dialog of this title. One that a failed check has left open is closed, for the
-/// test to end.
-void workNext(Desktop &desktop, const char *title, std::function<void(QDialog *)> use)
-{
-    desktop.Dialogs.dialog(title, [use = std::move(use)](QDialog *dialog) {
-        use(dialog);
-        if (QTest::currentTestFailed())
-            dialog->reject();
-    });
 }
 
 void clickBlock(TBColorPicker *picker, int n)
@@ -435,7 +423,7 @@ void TestFormatting::pickerKeys()
                              "Red",   "Fuchsia", "Yellow", "White"};
     Desktop desktop;
     Zendova *window = desktop.start();
-    workNext(desktop, PickerTitle, [&](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
         auto *picker = qobject_cast<TBColorPicker *>(dialog);
         QTRY_VERIFY(picker->ColorContainer->hasFocus());
         for (int n = 1; n <= 16; ++n) {
@@ -479,7 +467,7 @@ void TestFormatting::pickerChoice()
     Desktop desktop;
     Zendova *window = desktop.start();
     QTest::keyClicks(window->TextBoard, "K");
-    workNext(desktop, PickerTitle, [&](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
         auto *picker = qobject_cast<TBColorPicker *>(dialog);
         QCOMPARE(picker->CurrentColorLabel->text(), QString("Black"));
         ColorBlocks *blocks = picker->ColorContainer;
@@ -507,7 +495,7 @@ void TestFormatting::pickerChoice()
     QVERIFY2(button->toolTip().endsWith("(Currently " + name + ')'), qPrintable(button->toolTip()));
 
     // The next opening starts from the choice; its labels speak the cells' spelling.
-    workNext(desktop, PickerTitle, [&](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
         const auto *picker = qobject_cast<TBColorPicker *>(dialog);
         const QString label = name == "Grey" ? "Gray" : name;
         QCOMPARE(picker->CurrentColorLabel->text(), label);
@@ -524,7 +512,7 @@ void TestFormatting::pickerWithoutToolTips()
     Desktop desktop;
     Zendova *window = desktop.start();
     window->DisplayTT->trigger();
-    workNext(desktop, PickerTitle, [&](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
         auto *picker = qobject_cast<TBColorPicker *>(dialog);
         clickBlock(picker, 3);
         QCOMPARE(picker->CurrentColorLabel->text(), QString());
@@ -549,7 +537,7 @@ void TestFormatting::pickerLeavesAnotherColour()
     QCOMPARE(window->TBColorIndex, 0);
     QCOMPARE(window->TBColorName, QString("Black"));
     QCOMPARE(window->TextBoard->ForeColor(), another);
-    workNext(desktop, PickerTitle, [&](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
         auto *picker = qobject_cast<TBColorPicker *>(dialog);
         QCOMPARE(picker->CurrentColorBlock->grab().toImage().pixelColor(6, 6), another);
         QCOMPARE(picker->CurrentColorLabel->text(), QString("Black"));
@@ -565,7 +553,7 @@ void TestFormatting::fontDialog()
     Desktop desktop;
     Zendova *window = desktop.start();
     for (const bool accepted : {false, true}) {
-        workNext(desktop, "Font", [&](QDialog *dialog) {
+        desktop.Dialogs.dialog("Font", [&](QDialog *dialog) {
             auto *name = theOnly<QLineEdit>(dialog);
             QCOMPARE(name->text(), QString("Arial"));
             QTRY_VERIFY(name->hasFocus());
@@ -609,7 +597,7 @@ void TestFormatting::fontDialogKeepsAnotherColour()
     Desktop desktop;
     Zendova *window = desktop.start();
     window->SetColorFromDialog(FromColor(another));
-    workNext(desktop, "Font", [&](QDialog *dialog) {
+    desktop.Dialogs.dialog("Font", [&](QDialog *dialog) {
         QTest::keyClick(theOnly<QLineEdit>(dialog), Qt::Key_Return); // as it is
     });
     window->FormatFont->trigger();
@@ -631,13 +619,13 @@ void TestFormatting::formattingIsNoChangeOfTheText()
     for (const char *style : StyleButtons)
         QTest::mouseClick(window->FontFormatTB->button(style), Qt::LeftButton);
     QTest::mouseClick(window->TextAlignTB->button("CenterText"), Qt::LeftButton);
-    workNext(desktop, PickerTitle, [](QDialog *dialog) {
+    desktop.Dialogs.dialog(PickerTitle, [](QDialog *dialog) {
         auto *picker = qobject_cast<TBColorPicker *>(dialog);
         clickBlock(picker, 3);
         QTest::mouseClick(picker->Button1, Qt::LeftButton);
     });
     QTest::mouseClick(window->FontFormatTB->button("Color"), Qt::LeftButton);
-    workNext(desktop, "Font", [](QDialog *dialog) { dialog->accept(); });
+    desktop.Dialogs.dialog("Font", [](QDialog *dialog) { dialog->accept(); });
     window->FormatFont->trigger();
     QVERIFY(desktop.Dialogs.allCame());
     QVERIFY(!window->TextChanged);

@@ -179,9 +179,9 @@ void TestStatistics::commandsThatNeedText()
     Zendova *window = desktop.start();
     const auto allAre = [&](bool on) {
         for (const auto &[bar, key] : buttons) {
-            const QToolButton *button = (window->*bar)->button(key);
-            // A button without a command stays off.
-            if (button->isEnabled() != (on && button->property("HasCommand").toBool())) {
+            // Full screen is not built yet, and its button stays off.
+            const bool built = qstrcmp(key, "FullScreen") != 0;
+            if ((window->*bar)->button(key)->isEnabled() != (on && built)) {
                 qWarning("%s", key);
                 return false;
             }
@@ -201,12 +201,9 @@ void TestStatistics::editCommandsFollowSelectionAndClipboard()
     Desktop desktop;
     Zendova *window = desktop.start();
     const auto isOn = [window](const char *key) {
-        const QToolButton *button = window->TextEditTB->button(key);
-        return button->isEnabled() || !button->property("HasCommand").toBool();
+        return window->TextEditTB->button(key)->isEnabled();
     };
-    const auto isOff = [window](const char *key) {
-        return !window->TextEditTB->button(key)->isEnabled();
-    };
+    const auto isOff = [&](const char *key) { return !isOn(key); };
     QGuiApplication::clipboard()->clear();
     QTest::keyClicks(window->TextBoard, "ab");
     QVERIFY(isOff("Cut") && isOff("Copy") && isOff("Paste"));
