@@ -84,7 +84,7 @@ constexpr ControlRow Controls[] = {
     {"KS", "CVAContainer", {1065, 1185, 945, 240}},
     {"TextBoard", "Client", {2145, 735, 9375, 3405}, "", "TextBoard"},
     {"FindFrame", "Client", {2175, 3765, 9345, 345}, "", "Find bar"},
-    // Six pixels wider than designed: some desktops' fonts need more.
+    // As wide as some desktops' fonts need it.
     {"FindStrLabel", "FindFrame", {60, 45, 480, 210}},
     {"FindString", "FindFrame", {555, 0, 2730, 345}},
     {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},

@@ -219,6 +219,7 @@ bool Zendova::event(QEvent *event)
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:
+        Locks->refresh(); // another window may have had the keyboard
         // Later, as questions may be asked and this is still on its way to others.
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
@@ -235,7 +236,6 @@ bool Zendova::event(QEvent *event)
 
 void Zendova::Form_Activate()
 {
-    Locks->refresh(); // another window may have had the keyboard
     // A message of this very procedure lets the window be activated again while it is open.
     if (!FirstActivate || Activating || Unloaded)
         return;
