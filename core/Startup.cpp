@@ -240,6 +240,7 @@ void Zendova::Form_Activate()
     if (!FirstActivate || Activating || Unloaded)
         return;
     Activating = true;
+    Locks->refresh();
     for (QLabel *label : SampleText)
         label->setText(CreditLine + label->text());
     setWindowTitle(ProductName + VersionSuffix);
