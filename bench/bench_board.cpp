@@ -123,6 +123,14 @@ void wholeText(benchmark::State &state)
         benchmark::DoNotOptimize(edit.Text());
 }
 
+/// What a paste of a text far beyond the limit costs before it is asked about, in characters.
+void fitting(benchmark::State &state)
+{
+    const QString text = QString(QStringLiteral("fonts ")).repeated(state.range(0) / 6 + 1);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(TextBoard::Fitting(text));
+}
+
 } // namespace
 
 BENCHMARK(keyPress<QPlainTextEdit>)
@@ -145,6 +153,11 @@ BENCHMARK(fontWithStyles)->Unit(benchmark::kMicrosecond);
 BENCHMARK(sameFont)->Unit(benchmark::kMicrosecond);
 BENCHMARK(caretPosition)->Unit(benchmark::kMicrosecond);
 BENCHMARK(wholeText)->Unit(benchmark::kMicrosecond);
+BENCHMARK(fitting)
+    ->ArgName("characters")
+    ->Arg(61440)
+    ->Arg(100'000'000)
+    ->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {

@@ -9,12 +9,14 @@
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
+#include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -91,6 +93,36 @@ void mapSizeJump(benchmark::State &state)
     }
 }
 
+/// From the click on the button to the selected hit, over the whole board.
+void search(benchmark::State &state)
+{
+    const QString needle = "needle";
+    fillBoard();
+    window->TextBoard->setSelStart(TextBoard::MaxLength() - static_cast<int>(needle.size()));
+    window->TextBoard->setSelLength(static_cast<int>(needle.size()));
+    window->TextBoard->setSelText(needle);
+    window->ShowFindBar(1);
+    window->FindString->setText(needle);
+    for ([[maybe_unused]] auto unused : state) {
+        state.PauseTiming();
+        window->TextBoard->setSelStart(0);
+        paint();
+        state.ResumeTiming();
+        window->FindNextButton->click();
+    }
+    if (window->TextBoard->SelText() != needle)
+        state.SkipWithError("not found");
+    window->CloseFindButton_Click();
+}
+
+/// The whole board to the clipboard in both formats.
+void copyBoard(benchmark::State &state)
+{
+    fillBoard();
+    for ([[maybe_unused]] auto unused : state)
+        window->CopyBoardToClipboard();
+}
+
 } // namespace
 
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
@@ -99,6 +131,8 @@ BENCHMARK_CAPTURE(hover, plain, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(hover, highlighted, true)->Unit(benchmark::kMillisecond);
 BENCHMARK(menusOpen)->Unit(benchmark::kMillisecond);
 BENCHMARK(mapSizeJump)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK(search)->Unit(benchmark::kMillisecond);
+BENCHMARK(copyBoard)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char *argv[])
 {

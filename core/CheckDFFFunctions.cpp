@@ -26,8 +26,14 @@ SplitPath SplitAtLastSeparator(const QString &Path)
 
 QString WithoutSeparator(QString Folder)
 {
-    Folder.chop(1);
+    if (Folder.size() > 1)
+        Folder.chop(1);
     return Folder;
+}
+
+QString EndingOf(const QString &Path)
+{
+    return Path.right(3).toUpper();
 }
 
 QString PathNotice(const QString &Path)

@@ -19,8 +19,12 @@ struct SplitPath
     QString Name;
 };
 SplitPath SplitAtLastSeparator(const QString &Path);
-/// A folder without its closing separator, as the last folders of the file dialogs are kept.
+/// A folder without its closing separator, as the last folders of the file dialogs are kept. The
+/// root keeps it.
 QString WithoutSeparator(QString Folder);
+
+/// The last three characters in capitals, by which files are recognised; no dot is asked for.
+QString EndingOf(const QString &Path);
 
 /// The standard check of a path: drive, folder, file in this order. Gives the empty string for a
 /// good path, otherwise the body of the notice, its lines joined by carriage returns.

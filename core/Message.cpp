@@ -20,6 +20,24 @@ constexpr TwipRect ClientSize = {0, 0, 5475, 2310};
 constexpr TwipRect FirstPlace = {2790, 1950, 1290, 330};
 constexpr TwipRect SecondPlace = {4140, 1950, 1290, 330};
 
+/// The same with invisible places to break a line (U+200B) in words too long for one, as file names
+/// can be: they would be cut off at both ends.
+QString withBreaks(const QString &text)
+{
+    constexpr int most = 40; // characters that fit whatever they are
+    QString result;
+    int inWord = 0;
+    for (const QChar c : text) {
+        inWord = c.isSpace() ? 0 : inWord + 1;
+        result += c;
+        if (inWord == most) {
+            result += QChar(0x200B);
+            inWord = 0;
+        }
+    }
+    return result;
+}
+
 } // namespace
 
 void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Title, bool ShowCheck,
@@ -47,8 +65,7 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
     createControls();
     WearColorScheme({MessageArea});
     setWindowTitle(Title);
-    QString text = MsgText;
-    MessageArea->setText(text.replace('\r', '\n'));
+    MessageArea->setText(withBreaks(MsgText).replace('\r', '\n'));
     MessageArea->setAccessibleName(MsgText.simplified());
     setAccessibleDescription(MsgText.simplified());
     if (Buttons == "OK") {

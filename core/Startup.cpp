@@ -18,13 +18,15 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMimeData>
 #include <QUrl>
 #include <QWindow>
+#include <algorithm>
 #include <cmath>
 
 Zendova *Zendova::Shared = nullptr;
@@ -43,12 +45,11 @@ void showScreenMessage()
             "OK", ProductName + " Resource Initilalization Error", false, 1);
 }
 
-/// What a file's name must end in, compared in capitals; no dot is asked for.
 enum class OurFile { Map, Text, NotOurs };
 
 OurFile kindOf(const QString &path)
 {
-    const QString extension = path.right(3).toUpper();
+    const QString extension = EndingOf(path);
     if (extension == "ZCM")
         return OurFile::Map;
     if (extension == "ZUF" || extension == "TXT")
@@ -59,13 +60,16 @@ OurFile kindOf(const QString &path)
 constexpr auto StartupTitle = " Startup File Load Error";
 constexpr auto DropTitle = " File Load Error";
 
-/// The first file of this computer in what is being dragged; empty if there is none.
+/// Of the files of this computer in what is being dragged the first that can be loaded, or the
+/// first of all; empty if there is none.
 QString firstFile(const QMimeData *dragged)
 {
+    QStringList files;
     for (const QUrl &url : dragged->urls())
         if (url.isLocalFile())
-            return url.toLocalFile();
-    return {};
+            files += url.toLocalFile();
+    const auto ours = std::ranges::find(files, OurFile::Text, kindOf);
+    return ours != files.end() ? *ours : files.value(0);
 }
 
 /// True for a good path; the user is told otherwise.
@@ -98,7 +102,6 @@ Zendova::Zendova(QString commandTail)
 
 Zendova::~Zendova()
 {
-    QCoreApplication::instance()->disconnect(this); // the focus still moves while the controls go
     if (Shared == this)
         Shared = nullptr;
 }
@@ -216,7 +219,8 @@ bool Zendova::event(QEvent *event)
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:
-        Form_Activate();
+        // Later, as questions may be asked and this is still on its way to others.
+        QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
     case QEvent::PaletteChange:
         // What is painted asks for its colours then; what keeps them takes the new ones.
@@ -250,8 +254,8 @@ void Zendova::RouteFile(const QString &path, const QString &title)
     const auto [folder, name] = SplitAtLastSeparator(path);
     switch (kindOf(path)) {
     case OurFile::NotOurs:
-        ZndvMsg("\r\r\rFiles with extension '" + path.right(3).toUpper() + "' are not valid " +
-                    ProductName + " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
+        ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
+                    " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
                 "OK", ProductName + title, false, 1);
         break;
     case OurFile::Map:
@@ -282,6 +286,9 @@ std::optional<QString> Zendova::GetCommandLine()
         path.chop(1);
     if (path.isEmpty())
         return std::nullopt;
+    // What is remembered of the file must lead to it from any other folder too.
+    if (path.contains('/') && !path.endsWith('/'))
+        path = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
     if (!isThere(path, StartupTitle))
         return std::nullopt;
     return path;
@@ -289,8 +296,10 @@ std::optional<QString> Zendova::GetCommandLine()
 
 void Zendova::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!firstFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (firstFile(event->mimeData()).isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void Zendova::dropEvent(QDropEvent *event)
@@ -306,6 +315,9 @@ void Zendova::dropEvent(QDropEvent *event)
 
 void Zendova::OpenDroppedFile(const QString &path)
 {
+    // A command may have been quicker and have its dialog open, whose text this would replace.
+    if (Unloaded || IsDialogOpen())
+        return;
     activateWindow();
     if (isThere(path, DropTitle))
         RouteFile(path, DropTitle);

@@ -314,6 +314,7 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     void FontNameCombo_KeyPress(int Key);
+    static bool IsSymbolFont(const QString &Name);
 
     class FontList FontList;
 
@@ -380,7 +381,6 @@ public:
     void PrepareRTFBuffer(bool Whole);
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
-    static bool IsSymbolFont(const QString &Name);
 
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
 
@@ -396,10 +396,12 @@ public:
     void ClearFindButton_Click();
     void CloseFindButton_Click();
     void FindString_Change();
+    /// FindString has the focus of this window, which a menu or another window may be in front of:
+    /// characters of the map go there.
+    bool FindHasFocus() const;
 
-    QString FindText;          ///< of the last search
-    bool FindHasFocus = false; ///< characters of the map go to FindString
-    double FindRoom = 0;       ///< twips that the board gave to the open bar
+    QString FindText;    ///< of the last search
+    double FindRoom = 0; ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 

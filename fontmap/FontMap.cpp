@@ -22,7 +22,7 @@ void Zendova::FillDefaultMap()
 void Zendova::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
 {
     if (Button == Qt::LeftButton) {
-        if (FindHasFocus) {
+        if (FindHasFocus()) {
             FindString->setFocus();
             FindString->insert(CharButton->Caption(Index));
         } else {

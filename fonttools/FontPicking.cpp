@@ -4,7 +4,10 @@
 
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
+
+#include <algorithm>
 
 void Zendova::InitFonts()
 {
@@ -87,4 +90,13 @@ void Zendova::FontNameCombo_KeyPress(int Key)
     if (const std::optional<int> match = FirstLetterMatch(FontCount, text, Key))
         FontNameCombo->SelectItem(*match + 1);
     FontNameCombo_Click();
+}
+
+bool Zendova::IsSymbolFont(const QString &Name)
+{
+    const FontCatalog &catalog = FontCatalog::current();
+    const auto &families = catalog.families();
+    const auto family = std::ranges::find(families, Name, &FontFamily::name);
+    return family != families.end() &&
+           catalog.traits(static_cast<int>(family - families.begin())).symbol;
 }

@@ -6,23 +6,21 @@
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
 #include "platform/ClipboardFormats.h"
-#include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
-#include <algorithm>
 #include <new>
 
 namespace {
 
-/// Runs an insertion. A large text may find no memory, which is told; false then.
-template<class Insertion>
-bool paste(Insertion insert)
+/// Runs a step of pasting. A large text may find no memory, which is told; false then.
+template<class Step>
+bool paste(Step step)
 {
     try {
-        insert();
+        step();
         return true;
     } catch (const std::bad_alloc &) {
         ZndvMsg("\r\rPaste operation cannot be completed successfully\r"
@@ -45,17 +43,13 @@ void confirm(QAction *display, const QString &body, const QString &title)
 
 } // namespace
 
-bool Zendova::IsSymbolFont(const QString &Name)
-{
-    const FontCatalog &catalog = FontCatalog::current();
-    const auto &families = catalog.families();
-    const auto family = std::ranges::find(families, Name, &FontFamily::name);
-    return family != families.end() &&
-           catalog.traits(static_cast<int>(family - families.begin())).symbol;
-}
+// The key of a command may come while nothing is selected, as menus are brought in step only when
+// they open: what is on the clipboard then stays.
 
 void Zendova::EditCut_Click()
 {
+    if (TextBoard->SelLength() == 0)
+        return;
     ClipboardFormats::setText(TextBoard->SelText());
     TextBoard->setSelText({});
     SyncEditCommands();
@@ -63,6 +57,8 @@ void Zendova::EditCut_Click()
 
 void Zendova::EditCopy_Click()
 {
+    if (TextBoard->SelLength() == 0)
+        return;
     ClipboardFormats::setText(TextBoard->SelText());
     SyncEditCommands();
 }
@@ -76,7 +72,9 @@ void Zendova::EditPaste_Click()
                 "OK", ProductName + " Paste Error", false, 1);
         return;
     }
-    const QString text = ::TextBoard::Fitting(ClipboardFormats::text());
+    QString text;
+    if (!paste([&text] { text = ::TextBoard::Fitting(ClipboardFormats::text()); }))
+        return;
     if (text.isEmpty()) {
         SyncEditCommands();
         return;
@@ -97,7 +95,12 @@ void Zendova::EditPaste_Click()
     if (!MsgResult)
         return;
     const QString part = text.left(TextBoard->MaxLength() - (count - TextBoard->SelLength()));
-    paste([&] { FindHasFocus ? FindString->insert(part) : TextBoard->setSelText(part); });
+    paste([&] {
+        if (FindHasFocus())
+            FindString->insert(part);
+        else
+            TextBoard->setSelText(part);
+    });
 }
 
 void Zendova::EditDelete_Click()
@@ -143,7 +146,9 @@ void Zendova::ToolsCopy_Click()
 void Zendova::ToolsCut_Click()
 {
     CopyBoardToClipboard();
-    EmptyBoard();
+    EditSelectAll_Click();
+    TextBoard->setSelText({}); // can be undone, as nothing asked before
+    TextBoardRTF.setText({});
     confirm(DisplayCD, "\r\r\r\rTextBoard contents have been cut to Windows Clipboard.",
             " Cut Successful");
 }

@@ -25,6 +25,15 @@ QString withoutBlanks(const QString &text)
     return first < last ? QString(first, last - first) : QString();
 }
 
+/// As a message shows what was looked for: in one paragraph, as in the box, and no longer than
+/// leaves room for the reason below it.
+QString inMessage(const QString &text)
+{
+    constexpr qsizetype most = 120; // characters
+    const QString shown = withoutBlanks(text).replace("\r\n", " ");
+    return shown.size() > most ? shown.left(most) + u'\u2026' : shown;
+}
+
 } // namespace
 
 // Opening and closing
@@ -94,6 +103,11 @@ void Zendova::StretchFindBar()
     Form.setLeft(CloseFindButton, next + 332 * pixel);
 }
 
+bool Zendova::FindHasFocus() const
+{
+    return focusWidget() == FindString;
+}
+
 // The search
 
 void Zendova::FindString_Change()
@@ -141,7 +155,7 @@ void Zendova::FindInBoard()
                         (FindOpt[1]->isChecked() ? ::TextBoardRTF::MatchCase : 0);
     const qsizetype position = TextBoardRTF.Find(FindText, start, end, options);
     if (position < 0) {
-        ZndvMsg("\r\r\r" + withoutBlanks(FindText) + "\r\r" + failure, "OK",
+        ZndvMsg("\r\r\r" + inMessage(FindText) + "\r\r" + failure, "OK",
                 ProductName + " Find Error", false, 1);
     } else {
         TextBoard->setSelStart(static_cast<int>(position));

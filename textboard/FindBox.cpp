@@ -5,6 +5,8 @@
 #include "textboard/EditKeys.h"
 #include "textboard/TextBoard.h"
 
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QValidator>
 
 namespace {
@@ -46,4 +48,12 @@ void FindBox::keyPressEvent(QKeyEvent *event)
         event->ignore();
     else
         QLineEdit::keyPressEvent(event);
+}
+
+void FindBox::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->ignore();
+    else
+        QLineEdit::dragEnterEvent(event);
 }

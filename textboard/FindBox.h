@@ -1,5 +1,5 @@
 // The text box of the find bar: one line in the characters of the code page. It leaves the keys of
-// the Edit commands to the window and knows nothing of the board.
+// the Edit commands, and files that are dropped, to the window.
 #pragma once
 
 #include <QLineEdit>
@@ -16,4 +16,5 @@ public:
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
 };

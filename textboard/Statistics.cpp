@@ -31,12 +31,25 @@ constexpr std::pair<Toolbar * Zendova::*, const char *> TextCommands[] = {
     {&Zendova::TextEditTB, "Find"},
 };
 
+/// With the locale's separator before the last three of four digits and more. The toolkit leaves it
+/// out of four digits where the locale's own habit does.
+QString grouped(int n)
+{
+    constexpr int group = 3;
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    QString digits = locale.toString(n);
+    if (digits.size() > group)
+        digits.insert(digits.size() - group, locale.groupSeparator());
+    return digits;
+}
+
 } // namespace
 
 void Zendova::TextBoard_Change()
 {
     const int n = TextBoard->TextLength();
-    NoOfChars->setText(QLocale().toString(n));
+    NoOfChars->setText(grouped(n));
     PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
     UpdateProgressBar();
     TextChanged = true;

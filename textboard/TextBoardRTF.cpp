@@ -228,6 +228,7 @@ void TextBoardRTF::Truncate(qsizetype length)
     RichText contents = std::exchange(Contents, {});
     length = snapped(contents.Codes, length);
     contents.Codes.truncate(length);
+    contents.Codes.squeeze();
     contents.Formats.truncate(length + 1);
     contents.Alignments.truncate(length + 1);
     setContents(std::move(contents));

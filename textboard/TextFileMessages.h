@@ -90,9 +90,8 @@ constexpr FileMessage SettingsReplaced = {" File Save Warning", "YN", 2,
                                           "\rit's original font settings."
                                           "\r\rSave File?"};
 constexpr FileMessage NotSaved = {" File Save Error", "OK", 1,
-                                  "\r\rThe text could not be saved:"
-                                  "\r\r%1"
-                                  "\r\rIt is still on the TextBoard, and a file"
-                                  "\rof this name is as it was before."};
+                                  "\r\rThe text could not be saved."
+                                  "\rIt is still on the TextBoard."
+                                  "\r\r%1"};
 
 } // namespace FileMessages

@@ -15,6 +15,8 @@
 #include "textboard/TextFileMessages.h"
 
 #include <QAction>
+#include <QGuiApplication>
+#include <QScopeGuard>
 #include <QSlider>
 #include <QToolButton>
 #include <array>
@@ -44,10 +46,9 @@ bool ask(const FileMessage &message, const QString &insert = {})
     return MsgResult;
 }
 
-/// By the last three characters in capitals; no dot is asked for.
 std::optional<FileKind> kindOf(const QString &path)
 {
-    const QString ending = path.right(3).toUpper();
+    const QString ending = EndingOf(path);
     if (ending == "TXT")
         return FileKind::PlainText;
     if (ending == "ZUF")
@@ -59,6 +60,14 @@ std::optional<FileKind> kindOf(const QString &path)
 int wholePoints(double points)
 {
     return static_cast<int>(std::nearbyint(points));
+}
+
+/// Gives the reason of a failure. A large file takes a while.
+std::optional<QString> loadFile(TextBoardRTF &buffer, const QString &path, FileKind kind)
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restore = qScopeGuard(&QGuiApplication::restoreOverrideCursor);
+    return buffer.LoadFile(path, kind);
 }
 
 void selectAll(TextBoardRTF &buffer)
@@ -90,12 +99,11 @@ void Zendova::LoadTextFile(const QString &Path)
         return tell(FileMessages::NotReadable);
     }
     const bool partially = TextBoardRTF.TextLength() > TBLimit;
-    if (partially) {
-        if (!ask(FileMessages::TooLong))
-            return;
-        TextBoardRTF.Truncate(TBLimit);
-    }
+    if (partially && !ask(FileMessages::TooLong))
+        return TextBoardRTF.setText({}); // which may be large
     try {
+        if (partially)
+            TextBoardRTF.Truncate(TBLimit);
         ShowLoadedText();
         ShowFileInTitle(partially);
     } catch (const std::exception &) {
@@ -148,8 +156,10 @@ bool Zendova::ReadPendingFile()
         tell(FileMessages::WrongType);
         return false;
     }
-    if (TextBoardRTF.LoadFile(PendingFilePath, *kind))
+    if (const auto reason = loadFile(TextBoardRTF, PendingFilePath, *kind)) {
+        qWarning("%s: %s", qPrintable(PendingFilePath), qPrintable(*reason));
         throw LoadFault();
+    }
     if (*kind == FileKind::RichText) {
         LoadFontReplaced = false;
         if (!TakeFontOfFile())
@@ -161,7 +171,8 @@ bool Zendova::ReadPendingFile()
     return true;
 }
 
-/// False if the font is not there and the user doesn't want the text without it.
+/// False if the font is not there and the user doesn't want the text without it. The font picker
+/// moves already here, also where the text turns out not to be uniform and is refused.
 bool Zendova::TakeFontOfFile()
 {
     const QString name = TextBoardRTF.SelFontName().value();

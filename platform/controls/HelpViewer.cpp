@@ -27,7 +27,7 @@ namespace {
 /// The page under this address is the help text; its parts are the address and a fragment.
 const QUrl ContentsAddress("help:contents");
 
-constexpr qint64 MostBytes = 64 * 1024;
+constexpr qint64 MostBytes = 65536;
 constexpr int DeepestElement = 16;
 
 /// A page that says why there is no help.

@@ -242,6 +242,8 @@ void TestLayout::controls()
     QCOMPARE(window->SizeIndex, mapSize);
     // The longest texts that the labels get.
     window->TextBoard->setText(QString(window->TBLimit, 'x'));
+    QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
+    QVERIFY(window->FindFrame->isVisible());
     for (const int code : {32, 255}) {
         QTest::mouseMove(window->CharButton, window->CharButton->pixels(code - FirstCode).center());
         walk(window->Client, checkTextFits);

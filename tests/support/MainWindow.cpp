@@ -69,7 +69,9 @@ void Answers::message(const QString &title, const QString &text, const QString &
 {
     dialog(title, [=, this](QDialog *dialog) {
         const auto *area = dialog->findChild<QLabel *>("MessageArea");
-        const QString shown = area ? area->text().replace('\n', '\r') : QString();
+        // As it is read: without the invisible places to break a line in long names.
+        QString shown = area ? area->text().replace('\n', '\r') : QString();
+        shown.remove(QChar(0x200B));
         if (text.contains('\r') ? shown != text : !shown.simplified().contains(text))
             Faults += "text of " + title + ": " + shown;
         if (dontRepeat)

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTest>
 #include <QWindow>
 
@@ -103,4 +104,20 @@ QAction *menuItem(const Zendova *window, const char *name)
     auto *item = window->findChild<QAction *>(name);
     Q_ASSERT(item);
     return item;
+}
+
+void chooseFromMenu(const Zendova *window, const char *menu, const char *item)
+{
+    auto *opened = window->findChild<QMenu *>(menu);
+    opened->popup({});
+    QTest::mouseClick(opened, Qt::LeftButton, {},
+                      opened->actionGeometry(menuItem(window, item)).center());
+    opened->close();
+}
+
+void lookAtMenu(const Zendova *window, const char *menu)
+{
+    auto *opened = window->findChild<QMenu *>(menu);
+    opened->popup({});
+    opened->close();
 }

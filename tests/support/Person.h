@@ -42,3 +42,7 @@ GlyphPicture firstGlyph(Zendova *window, const QString &text);
 
 /// The item of the window's menus with this name.
 QAction *menuItem(const Zendova *window, const char *name);
+/// Opens the menu and clicks the item in it.
+void chooseFromMenu(const Zendova *window, const char *menu, const char *item);
+/// Opens the menu, so that its items take the states of now, and closes it.
+void lookAtMenu(const Zendova *window, const char *menu);
