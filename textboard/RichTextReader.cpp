@@ -508,7 +508,7 @@ void Reader::hidden(int bit, Number number)
 
 void Reader::fontNumber(int, Number number)
 {
-    const auto font = quint32(number.value_or(0));
+    const auto font = quint32(std::max(number.value_or(0), 0));
     if (Now.Into != Destination::FontTable) {
         Now.Format.Font = font;
         return;
