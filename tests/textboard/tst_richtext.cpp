@@ -203,7 +203,7 @@ void TestRichText::textOfADocument_data()
     row("table in a table",
         R"( a{\nestcell}b\nestcell{\*\nesttableprops\trowd\nestrow}{\nonesttables\par}\cell\row)",
         "a\tb||");
-    row("tab before a hidden cell", R"( a\tab{\v\cell}\row)", "a|");
+    row("tab before a hidden cell", R"( a\tab{\v\cell}\row)", "a\t|");
     row("text behind the document", "} abc{\\rtf1 d", "");
 
     row("substitute", R"( \u8364?\u-3913?\u8212 -\u233\'65z)", "€·—éz");

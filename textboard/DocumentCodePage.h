@@ -1,0 +1,32 @@
+// The code pages in which documents of word processors have their bytes, by their numbers. Bytes
+// in, characters out.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringDecoder>
+#include <map>
+
+namespace DocumentCodePage {
+
+constexpr int Latin1 = 1252;
+
+/// The page of a font's `\fcharset` in the Rich Text Format; 0 where that leaves it to the
+/// document.
+int ofCharset(int charset);
+
+/// The byte is the first of two that make one character.
+bool isLeadByte(int page, quint8 byte);
+
+/// Keeps what it needs for each page that it has met.
+class Decoder
+{
+public:
+    /// Bytes of a page that isn't known are taken for those of 1252, by the mapping of `CodePage`.
+    QString decode(int page, QByteArrayView bytes);
+
+private:
+    std::map<int, QStringDecoder> m_decoders;
+};
+
+} // namespace DocumentCodePage
