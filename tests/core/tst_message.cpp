@@ -72,7 +72,9 @@ void TestMessage::show(Desktop &desktop, const QString &buttons,
         auto *message = qobject_cast<Message *>(dialog);
         QVERIFY(message);
         QVERIFY(message->isModal());
-        QCOMPARE(message->MessageArea->text(), QString(text).replace('\r', '\n'));
+        // As it is read: long words have invisible places to break a line.
+        QCOMPARE(message->MessageArea->text().remove(QChar(0x200B)),
+                 QString(text).replace('\r', '\n'));
         use(*message);
         if (message->isVisible())
             message->done(QDialog::Rejected);
