@@ -18,12 +18,9 @@ void RichTextBuilder::append(const char *codes, qsizetype length, const RichText
 
 void RichTextBuilder::append(QString characters, const RichTextLook &look)
 {
-    // Marks of direction and joining show nothing; the soft hyphen is in the code page. A line end
-    // among characters is only what a decoder leaves of a broken pair of bytes.
+    // Marks of direction and joining show nothing; the soft hyphen is in the code page.
     characters.removeIf([](QChar character) {
-        const bool showsNothing =
-            character.category() == QChar::Other_Format && character != QChar::SoftHyphen;
-        return showsNothing || character == u'\r' || character == u'\n';
+        return character.category() == QChar::Other_Format && character != QChar::SoftHyphen;
     });
     if (characters.isEmpty())
         return;

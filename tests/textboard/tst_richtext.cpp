@@ -238,7 +238,6 @@ void TestRichText::textOfADocument_data()
     row("unknown page", R"(\ansicpg77777 \'e9)", "é");
     row("UTF-8", "\\ansicpg65001 \\'c3\\'a9\xc3\xa9", "éé");
     row("two bytes", font("\\fcharset128", R"(\'82\'60\'82a\'83\\\'83\'5ca\'83\'41)"), "AB??a?");
-    row("line end in a pair", font("\\fcharset128", R"(\'83\'0aa)"), "?a");
     row("one byte of two", font("\\fcharset134", R"(\'b0\par a)"), "?|a");
     row("signs", font("\\fcharset2", R"(\'8e\u61623 ?\u-3937?\'81)"), "Ž·Ÿ\u0081");
 
