@@ -18,6 +18,13 @@ int ofCharset(int charset);
 /// The byte is the first of two that make one character.
 bool isLeadByte(int page, quint8 byte);
 
+/// The byte can be the second of two, in any page: controls, blanks and digits stand for themselves
+/// also behind a first byte.
+constexpr bool isTrailByte(quint8 byte)
+{
+    return byte >= 0x40;
+}
+
 /// Keeps what it needs for each page that it has met.
 class Decoder
 {

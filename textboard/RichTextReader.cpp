@@ -328,7 +328,8 @@ void Reader::takeStretch(std::string_view stretch)
     stretch.remove_prefix(skipped);
     if (stretch.empty())
         return;
-    if (std::exchange(AwaitsSecondByte, false)) {
+    if (AwaitsSecondByte && DocumentCodePage::isTrailByte(quint8(stretch.front()))) {
+        AwaitsSecondByte = false;
         PendingBytes += stretch.front();
         stretch.remove_prefix(1);
     }
@@ -353,6 +354,8 @@ void Reader::takeByte(quint8 byte)
     const int page = currentPage();
     const bool isOneToOne = Now.Into == Destination::Body && (page == DocumentCodePage::Latin1 ||
                                                               Fonts.font(Now.Format.Font).Symbol);
+    if (AwaitsSecondByte && !DocumentCodePage::isTrailByte(byte))
+        flush(); // a line end would get into the text undecoded
     if (AwaitsSecondByte || (byte >= 0x80 && !isOneToOne)) {
         PendingBytes += char(byte);
         AwaitsSecondByte = !AwaitsSecondByte && DocumentCodePage::isLeadByte(page, byte);

@@ -239,6 +239,7 @@ void TestRichText::textOfADocument_data()
     row("UTF-8", "\\ansicpg65001 \\'c3\\'a9\xc3\xa9", "éé");
     row("two bytes", font("\\fcharset128", R"(\'82\'60\'82a\'83\\\'83\'5ca\'83\'41)"), "AB??a?");
     row("one byte of two", font("\\fcharset134", R"(\'b0\par a)"), "?|a");
+    row("no second byte", font("\\fcharset128", R"(\'83\'0a\'83 a\'83\'31\'83\tab)"), "?|? a?1?\t");
     row("signs", font("\\fcharset2", R"(\'8e\u61623 ?\u-3937?\'81)"), "Ž·Ÿ\u0081");
 
     QTest::newRow("white space in front") << QByteArray(" \r\n\t{\\rtf1 a}") << "a";
