@@ -172,6 +172,7 @@ private slots:
     void commandLine();
     void drop_data();
     void drop();
+    void dropBehindADialog();
 };
 
 void TestTextFiles::everyByteSurvives()
@@ -874,7 +875,8 @@ void TestTextFiles::commandLine()
     Run run;
     run.write("with blank.zuf", document("abc"));
     run.Desk.close();
-    const Zendova *window = run.Desk.start(run.path("with blank.zuf"));
+    // The way there is taken out of the path, which is remembered.
+    const Zendova *window = run.Desk.start(run.path("../files/./with blank.zuf"));
     QCOMPARE(window->TextBoard->Text(), QString("abc"));
     QCOMPARE(window->windowTitle(), QString("Zendova :  with blank.zuf"));
     QCOMPARE(window->LoadedFilePath, run.path("with blank.zuf"));
@@ -891,6 +893,7 @@ void TestTextFiles::drop_data()
     const char *const guard = "Zendova TextBoard Save Warning";
     QTest::newRow("text") << QStringList{"a.txt"} << guard << "from a";
     QTest::newRow("the first of several") << QStringList{"a.txt", "b.txt"} << guard << "from a";
+    QTest::newRow("none of ours first") << QStringList{"d.png", "b.txt"} << guard << "from b";
     QTest::newRow("formatted") << QStringList{"c.zuf"} << guard << "from c";
     QTest::newRow("other kind") << QStringList{"d.png"} << LoadError << "old";
     QTest::newRow("folder") << QStringList{"folder.txt"} << LoadError << "old";
@@ -931,6 +934,24 @@ void TestTextFiles::drop()
     QCOMPARE(run.text(), QString("old")); // nothing happens while the other program waits
     QTRY_VERIFY(answered);
     QTRY_COMPARE(run.text(), expected);
+    QVERIFY(run.allCame());
+}
+
+void TestTextFiles::dropBehindADialog()
+{
+    Run run;
+    run.write("a.txt", "from a");
+    QTest::keyClicks(run.board(), "typed");
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(run.path("a.txt"))});
+    run.Desk.Dialogs.dialog("Zendova TextBoard Save Warning", [&](QDialog *dialog) {
+        QDropEvent event({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(run.Window, &event);
+        QCoreApplication::processEvents();
+        dialog->reject();
+    });
+    run.clickLoad();
+    QCOMPARE(run.text(), QString("typed"));
     QVERIFY(run.allCame());
 }
 
