@@ -61,13 +61,14 @@ QString CodePage::fromBytes(QByteArrayView bytes)
 
 QByteArray CodePage::toBytes(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *to = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
-        bytes += static_cast<char>(toCode(text[i].unicode()).value_or('?'));
+        *to++ = static_cast<char>(toCode(text[i].unicode()).value_or('?'));
         if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
+    bytes.truncate(to - bytes.data());
     return bytes;
 }
 

@@ -101,9 +101,10 @@ QByteArray withLineEnds(QByteArrayView bytes)
 
 QByteArray codesOf(const QString &text)
 {
-    const bool isInPage = std::ranges::all_of(
-        text, [](QChar character) { return CodePage::toCode(character.unicode()).has_value(); });
-    return withLineEnds(CodePage::toBytes(isInPage ? text : CodePage::fit(text)));
+    // More question marks than before stand for what isn't in the page and has to be fitted.
+    const QByteArray codes = CodePage::toBytes(text);
+    const bool isInPage = codes.count('?') == text.count(u'?');
+    return withLineEnds(isInPage ? codes : CodePage::toBytes(CodePage::fit(text)));
 }
 
 /// The nearest place that is in the text and not within a line end.
@@ -366,10 +367,11 @@ qsizetype TextBoardRTF::Find(const QString &text, qsizetype start, std::optional
     const auto inForm = [&form](char code) { return form[static_cast<quint8>(code)]; };
 
     const QByteArray &codes = Contents.Codes;
-    QByteArray pattern = withLineEnds(CodePage::toBytes(composed));
-    std::ranges::transform(pattern, pattern.begin(), inForm);
-    if (pattern.isEmpty())
+    QByteArray inItsForm = withLineEnds(CodePage::toBytes(composed));
+    std::ranges::transform(inItsForm, inItsForm.begin(), inForm);
+    if (inItsForm.isEmpty())
         return -1;
+    const QByteArray pattern = inItsForm;
     const std::vector<qsizetype> shorter = borders(pattern);
     const qsizetype stop = std::min(end.value_or(codes.size()), codes.size());
     qsizetype matching = 0;
