@@ -45,18 +45,6 @@ void showScreenMessage()
             "OK", ProductName + " Resource Initilalization Error", false, 1);
 }
 
-enum class OurFile { Map, Text, NotOurs };
-
-OurFile kindOf(const QString &path)
-{
-    const QString extension = EndingOf(path);
-    if (extension == "ZCM")
-        return OurFile::Map;
-    if (extension == "ZUF" || extension == "TXT")
-        return OurFile::Text;
-    return OurFile::NotOurs;
-}
-
 constexpr auto StartupTitle = " Startup File Load Error";
 constexpr auto DropTitle = " File Load Error";
 
@@ -68,7 +56,8 @@ QString firstFile(const QMimeData *dragged)
     for (const QUrl &url : dragged->urls())
         if (url.isLocalFile())
             files += url.toLocalFile();
-    const auto ours = std::ranges::find(files, OurFile::Text, kindOf);
+    const auto ours = std::ranges::find_if(
+        files, [](const QString &path) { return TextBoardRTF::KindOf(path).has_value(); });
     return ours != files.end() ? *ours : files.value(0);
 }
 
@@ -253,26 +242,20 @@ void Zendova::Form_Activate()
 void Zendova::RouteFile(const QString &path, const QString &title)
 {
     const auto [folder, name] = SplitAtLastSeparator(path);
-    switch (kindOf(path)) {
-    case OurFile::NotOurs:
-        ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
-                    " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
-                "OK", ProductName + title, false, 1);
-        break;
-    case OurFile::Map:
+    if (EndingOf(path) == "ZCM") {
         LMLoadPath = folder;
         PendingMapPath = path;
         PendingMapName = name;
         UpdateMapCommands(1);
-        break;
-    case OurFile::Text:
-        if (!CheckAlreadyLoaded(path))
-            break;
+    } else if (!::TextBoardRTF::KindOf(path)) {
+        ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
+                    " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
+                "OK", ProductName + title, false, 1);
+    } else if (CheckAlreadyLoaded(path)) {
         LFLoadPath = folder;
         PendingFilePath = path;
         PendingFileTitle = name;
         LoadTextFile(PendingFilePath);
-        break;
     }
 }
 

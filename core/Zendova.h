@@ -99,7 +99,7 @@ public:
     bool InitMap = false;
     QString InitMapPath;
     double SavedFormHeight = 0; ///< twips, as the settings give them
-    double SavedFormWidth = 0;  ///< kept for the file; the width follows from the map
+    double SavedFormWidth = 0;
     RecentFiles TextFiles;
     RecentFiles MapFiles;
 

@@ -95,9 +95,10 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
         Form.setTop(FMapContainer, saved - Form.height(FMapContainer) - 68 * TwipsY);
         Form.setHeight(TextBoard,
                        saved - Form.top(TextBoard) - Form.height(FMapContainer) - 70 * TwipsY);
-        // Only the height was the user's; the width follows from the map, also where the stored
-        // one is damaged or of another density.
-        SetFormSize(MapSize::FormWidth(SizeIndex - 1, scale), saved);
+        // A damaged width may neither cut the map off nor leave the screen.
+        const double least = MapSize::FormWidth(SizeIndex - 1, scale);
+        const double most = std::max(least, SysInfo::current().WorkAreaWidth());
+        SetFormSize(std::clamp(SavedFormWidth, least, most), saved);
     } else {
         ResetSplit(sldSetFMapSize->value() - 1);
     }

@@ -46,16 +46,6 @@ bool ask(const FileMessage &message, const QString &insert = {})
     return MsgResult;
 }
 
-std::optional<FileKind> kindOf(const QString &path)
-{
-    const QString ending = EndingOf(path);
-    if (ending == "TXT")
-        return FileKind::PlainText;
-    if (ending == "ZUF")
-        return FileKind::RichText;
-    return std::nullopt;
-}
-
 /// Halves go to the even number.
 int wholePoints(double points)
 {
@@ -151,7 +141,7 @@ bool Zendova::CheckAlreadyLoaded(const QString &Path)
 
 bool Zendova::ReadPendingFile()
 {
-    const std::optional<FileKind> kind = kindOf(PendingFilePath);
+    const std::optional<FileKind> kind = ::TextBoardRTF::KindOf(PendingFilePath);
     if (!kind) {
         tell(FileMessages::WrongType);
         return false;
@@ -188,7 +178,7 @@ bool Zendova::TakeFontOfFile()
 
 void Zendova::ShowLoadedText()
 {
-    if (kindOf(PendingFilePath) == FileKind::PlainText) {
+    if (::TextBoardRTF::KindOf(PendingFilePath) == FileKind::PlainText) {
         if (OptLoadTD->isChecked())
             RestoreTextBoardDefaults();
     } else if (!LoadFontReplaced) {
@@ -286,7 +276,7 @@ void Zendova::ShowFileInTitle(bool partially)
 
 void Zendova::FileSave_Click()
 {
-    const bool wasText = kindOf(LoadedFilePath) == FileKind::PlainText;
+    const bool wasText = ::TextBoardRTF::KindOf(LoadedFilePath) == FileKind::PlainText;
     const auto chosen =
         CmnDlg::ShowSave(this, {.DialogTitle = "Save Text in File",
                                 .Filter = FileFilter,
