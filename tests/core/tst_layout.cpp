@@ -180,6 +180,8 @@ void TestLayout::areasLeaveNoGaps()
             for (std::size_t i = 1; i < std::size(column); ++i)
                 QVERIFY(column[i]->y() <= column[i - 1]->geometry().bottom() + 1);
             QTest::mouseClick(window->ViewsTB->button("VCRight"), Qt::LeftButton);
+            QVERIFY(window->ViewsTB->button("VCRight")->isChecked());
+            QVERIFY(!window->ViewsTB->button("VCLeft")->isChecked());
             const QRect board = window->TextBoard->geometry();
             QCOMPARE(board.x(), 7);
             QCOMPARE(window->ViewsContainer->x(), board.right() + 3);
