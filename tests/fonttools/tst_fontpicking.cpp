@@ -1,11 +1,10 @@
-// The font picker of the main window: how it is filled at start, what happens when the stored font
-// is gone, and finding fonts by their exact names.
+// The fonts of the system: the list's order, its tables and limit, and the font picker of the main
+// window: how it is filled at start, what happens when the stored font is gone, finding fonts.
 #include "tests/support/MainWindow.h"
 #include "tests/support/Person.h"
 
 #include "core/GlobalDeclarations.h"
-#include "core/RegistryFunctions.h"
-#include "core/SettingsDefaults.h"
+#include "fonttools/FontLoadProcedure.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/Icons.h"
@@ -13,6 +12,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <stdexcept>
 
 namespace {
 
@@ -21,7 +21,7 @@ void store(Desktop &desktop, const QString &fontName)
 {
     desktop.start();
     desktop.close();
-    RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"TextBoard"), u"FontName", fontName, REG_SZ);
+    desktop.alterSettings("UPDATE settings SET value = '" + fontName + "' WHERE name = 'FontName'");
 }
 
 } // namespace
@@ -31,71 +31,114 @@ class TestFontPicking : public QObject
     Q_OBJECT
 
 private slots:
-    void fillsThePicker();
-    void storedFont();
-    void storedFontIsMissing_data();
+    void sortsByTheWholeEntry();
+    void takesFontsUpToTheLimit();
+    void firstLetterMatch();
+    void loadsTheFonts();
     void storedFontIsMissing();
-    void startEndsWithoutTheFont();
-    void findsByTheExactName_data();
     void findsByTheExactName();
 };
 
-void TestFontPicking::fillsThePicker()
+void TestFontPicking::sortsByTheWholeEntry()
 {
-    Desktop desktop;
-    const Zendova *window = desktop.start();
-    const FontCombo *combo = window->FontNameCombo;
-    QCOMPARE(combo->ItemCount(), int(FontCount));
-    QCOMPARE(TTFontCount + SysFontCount, int(FontCount));
-    QStringList systemFonts;
-    QStringList names;
-    for (int position = 1; position <= FontCount; ++position) {
-        const QString name = combo->ItemText(position);
-        names += name;
-        QCOMPARE(name, fontFaceName(window->FontList.entry(position - 1)));
-        const auto looksLike = [combo, position](const char *icon) {
-            return combo->itemIcon(position - 1).pixmap(16).toImage() ==
-                   Icons::icon(icon).pixmap(16).toImage();
-        };
-        QVERIFY(looksLike("TT") != looksLike("SF"));
-        if (looksLike("SF"))
-            systemFonts += name;
+    // Folded code points, no rules of a language: "_" comes before "a", a blank before the type's
+    // digit, and equal entries keep their order.
+    const QStringList sorted{"_4",     "a4", "ab4", "AB4", "aB4",     "Arial Black4",
+                             "Arial2", "Z4", "Ä4",  "ﬀ4",  "\uFFFD4", "𝐀4"};
+    const QStringList added{"𝐀4", "ab4", "Arial2",       "\uFFFD4", "AB4", "Z4",
+                            "Ä4", "aB4", "Arial Black4", "ﬀ4",      "a4",  "_4"};
+    FontList list;
+    for (int i = 0; i < added.size(); ++i)
+        list.add(added[i], i);
+    list.sort();
+    QCOMPARE(list.count(), static_cast<int>(sorted.size()));
+    for (int i = 0; i < list.count(); ++i) {
+        QCOMPARE(list.entry(i), sorted[i]);
+        QCOMPARE(added[list.column(i)], sorted[i]);
     }
-    // "Zt Mixed" has outlines and bitmaps and counts as the former.
-    QCOMPARE(systemFonts, QStringList({"Zt Bitmap", "Zt Mixed", "Zt Outline"}));
-    QCOMPARE(int(SysFontCount), 3);
-    QVERIFY(names.contains("Zt Maker [Foundry]") && names.contains("Zt \"One\", Two"));
-    QCOMPARE(combo->Text(), QString("Arial")); // the default of a first run
-    QCOMPARE(window->TBFontIndex, combo->SelectedItem());
 }
 
-void TestFontPicking::storedFont()
+void TestFontPicking::takesFontsUpToTheLimit()
+{
+    constexpr int limit = 32767;
+    FontLF.resize(7); // of the last time; the first font discards them
+    FontTM.resize(7);
+    FontCount = 0;
+    FontList list;
+    const auto add = [&list](int number) {
+        const QString name = QStringLiteral("F%1").arg(number, 6, 10, QChar(u'0'));
+        return FontEnumProc({.lfFaceName = name}, {}, TRUETYPE_FONTTYPE, list);
+    };
+    for (int number = limit; number >= 1; --number)
+        QCOMPARE(add(number), 1);
+    QCOMPARE(FontCount, qint16(limit));
+    QCOMPARE(FontLF.size(), std::size_t(limit));
+    QCOMPARE(FontTM.size(), std::size_t(limit));
+    // The worst order for sorting by insertion: quadratic work would run into the time limit.
+    list.sort();
+    QCOMPARE(list.entry(0), QStringLiteral("F0000014"));
+    QCOMPARE(list.column(0), limit - 1);
+    QVERIFY_EXCEPTION_THROWN(add(0), std::overflow_error);
+    QCOMPARE(FontCount, qint16(limit));
+}
+
+void TestFontPicking::firstLetterMatch()
+{
+    const QStringList items{"@Vertical", "Arial", "Avant", "", "zapf", "[New]", "2nd", "{Odd}"};
+    const std::pair<char, int> rows[] = {
+        {'a', 1}, {'A', 1}, {'Z', 4}, {'q', -1}, {'[', 5}, {'@', -1}, {'{', -1}, {'2', -1},
+    };
+    for (const auto &[key, index] : rows) {
+        const auto found = FirstLetterMatch(
+            items.size(), [&](int i) { return items.at(i); }, key);
+        QVERIFY2(found.value_or(-1) == index, qPrintable(QString(key)));
+    }
+}
+
+void TestFontPicking::loadsTheFonts()
 {
     Desktop desktop;
     store(desktop, "Zt Test 24");
     const Zendova *window = desktop.start();
     QVERIFY(desktop.Dialogs.allCame());
-    QCOMPARE(window->FontNameCombo->Text(), QString("Zt Test 24"));
-    QCOMPARE(window->TBFontIndex, window->FontNameCombo->SelectedItem());
+    const FontCombo *combo = window->FontNameCombo;
+    const auto count = static_cast<int>(FontCatalog::current().families().size());
+    QCOMPARE(combo->ItemCount(), count);
+    QCOMPARE(int(FontCount), count);
+    QStringList entries;
+    for (int i = 0; i < count; ++i) {
+        const QString &entry = window->FontList.entry(i);
+        const auto column = static_cast<std::size_t>(window->FontList.column(i));
+        entries += entry;
+        QCOMPARE(combo->ItemText(i + 1), entry.chopped(1));
+        QCOMPARE(FontLF.at(column).lfFaceName, entry.chopped(1));
+        QCOMPARE(FontLF.at(column).lfCharSet == 2, entry == "Zt Symbol4" || entry == "Zt Liar4");
+        QCOMPARE(FontLF.at(column).lfWeight, entry == "Zt Bold Only4" ? 700 : 400);
+        QCOMPARE(FontTM.at(column).tmItalic, entry == "Zt Italic Only4" ? 1 : 0);
+        const char *icon = entry.endsWith('4') ? "TT" : "SF";
+        QCOMPARE(combo->itemIcon(i).pixmap(16).toImage(), Icons::icon(icon).pixmap(16).toImage());
+    }
+    for (const char *entry : {"Zt Bitmap1", "Zt Mixed2", "Zt Test 244", "Zt \"One\", Two4"})
+        QVERIFY2(entries.contains(entry), entry);
+    QCOMPARE(int(SysFontCount), 3);
+    QCOMPARE(int(TTFontCount), count - 3);
+    QCOMPARE(combo->Text(), QString("Zt Test 24"));
+    QCOMPARE(window->TBFontIndex, combo->SelectedItem());
     QCOMPARE(window->TextBoard->FontName(), QString("Zt Test 24"));
-}
-
-void TestFontPicking::storedFontIsMissing_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("no such font") << "Gone";
-    QTest::newRow("another case") << "zt latin";
-    QTest::newRow("with its type") << "Zt Latin4";
 }
 
 void TestFontPicking::storedFontIsMissing()
 {
-    QFETCH(QString, stored);
+    const QString stored = "zt latin"; // names of fonts are told apart by their case
+    const QString title = "Zendova Font Initialization Error";
     Desktop desktop;
     store(desktop, stored);
-    desktop.Dialogs.message("Zendova Font Initialization Error",
-                            "The font last used by Zendova is unavailable. Continue Loading?",
-                            "Yes");
+    desktop.Dialogs.message(title, "Press No to terminate loading.", "No");
+    QVERIFY_EXCEPTION_THROWN(desktop.start(), ProgramEnd);
+    QVERIFY(!desktop.Window->isVisible());
+
+    desktop.Dialogs.message(
+        title, "The font last used by Zendova is unavailable. Continue Loading?", "Yes");
     Zendova *window = desktop.start();
     QVERIFY(desktop.Dialogs.allCame());
     QCOMPARE(window->FontNameCombo->SelectedItem(), 1);
@@ -105,53 +148,29 @@ void TestFontPicking::storedFontIsMissing()
     // The next choice makes the two agree again.
     QVERIFY(chooseFont(window, "Zt Latin"));
     QCOMPARE(window->TBFontName, QString("Zt Latin"));
+    QCOMPARE(window->TBFontIndex, window->FontNameCombo->SelectedItem());
     QCOMPARE(window->FindCurrentFontIndex(), window->FontNameCombo->SelectedItem());
-}
-
-void TestFontPicking::startEndsWithoutTheFont()
-{
-    Desktop desktop;
-    store(desktop, "Gone");
-    desktop.Dialogs.message("Zendova Font Initialization Error", "Press No to terminate loading.",
-                            "No");
-    QVERIFY_EXCEPTION_THROWN(desktop.start(), ProgramEnd);
-    QVERIFY(desktop.Dialogs.allCame());
-    QVERIFY(!desktop.Window->isVisible());
-}
-
-void TestFontPicking::findsByTheExactName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("found");
-    QTest::newRow("there") << "Zt Symbol" << true;
-    QTest::newRow("ends in a digit") << "Zt Test 24" << true;
-    QTest::newRow("another case") << "zt symbol" << false;
-    QTest::newRow("its beginning") << "Zt" << false;
-    QTest::newRow("unknown") << "Gone" << false;
-    QTest::newRow("empty") << "" << false;
 }
 
 void TestFontPicking::findsByTheExactName()
 {
-    QFETCH(QString, name);
-    QFETCH(bool, found);
+    const QString before = "Zt Gaps";
     Desktop desktop;
     Zendova *window = desktop.start();
     const FontCombo *combo = window->FontNameCombo;
-    QVERIFY(chooseFont(window, "Zt Gaps"));
-    const int before = window->TBFontIndex;
-    QCOMPARE(combo->ItemText(before), QString("Zt Gaps"));
-
-    QCOMPARE(window->FindFontItem(name), found);
-    QCOMPARE(window->TBFontIndex != before, found);
-    QCOMPARE(combo->Text(), QString("Zt Gaps")); // finding selects nothing
-    window->TBFontIndex = before;
-
-    window->SelectFontByName(name);
-    const QString selected = found ? name : QString("Zt Gaps");
-    QCOMPARE(combo->Text(), selected);
-    QCOMPARE(window->TBFontName, selected);
-    QCOMPARE(combo->ItemText(window->TBFontIndex), selected);
+    QCOMPARE(combo->Text(), QString("Arial")); // the default of a first run
+    for (const QString name : {"Zt Symbol", "Zt Test 24", "zt symbol", "Zt", ""}) {
+        const bool found = name == "Zt Symbol" || name == "Zt Test 24";
+        const QString wanted = found ? name : before;
+        QVERIFY(chooseFont(window, before));
+        window->SelectFontByName(name);
+        QCOMPARE(combo->Text(), wanted);
+        QCOMPARE(window->TBFontName, wanted);
+        QVERIFY(chooseFont(window, before));
+        QCOMPARE(window->FindFontItem(name), found);
+        QCOMPARE(combo->ItemText(window->TBFontIndex), wanted);
+        QCOMPARE(combo->Text(), before); // finding selects nothing
+    }
 }
 
 int main(int argc, char *argv[])

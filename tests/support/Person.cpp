@@ -71,6 +71,14 @@ void clickCell(Zendova *window, int cell, Qt::MouseButton button)
     QTest::mouseClick(window->CharButton, button, {}, window->CharButton->pixels(cell).center());
 }
 
+void pullSplitBar(Zendova *window, int pixels)
+{
+    const QPoint grip(50, 1);
+    QTest::mousePress(window->SplitBar, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(window->SplitBar, QPoint(50, pixels + 2)); // it is held at its pixel 2
+    QTest::mouseRelease(window->SplitBar, Qt::LeftButton, {}, grip);
+}
+
 QPoint originOfFullRow(const QImage &image, int cell)
 {
     for (int x = 0; x < image.width(); ++x)

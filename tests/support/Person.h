@@ -28,6 +28,9 @@ constexpr int cellOf(int code)
     return code - FirstCode;
 }
 
+/// Takes the split bar, moves it down by so many pixels and lets it go.
+void pullSplitBar(Zendova *window, int pixels);
+
 /// A code that all test fonts have and whose glyph has a full lowest row.
 constexpr int FullRowCode = 0x4F;
 /// The origin of that glyph in a picture of it with nothing to its left. `cell` as for readGlyph.
