@@ -301,20 +301,17 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "a");
-        const auto walk = [window](const QList<QWidget *> &order) {
-            window->TextBoard->setFocus();
-            for (QWidget *next : order) {
-                press(window, "Tab");
-                QCOMPARE(window->focusWidget(), next);
-            }
-        };
         QWidget *zoom = window->ZoomSizeSlider->slider();
         QWidget *fontSize = window->FontSizeSlider->slider();
         QWidget *mapSize = window->sldSetFMapSize->slider();
-        walk({zoom, window->FontNameCombo, fontSize, mapSize});
         lookFor(window, "a");
-        walk({zoom, window->FontNameCombo, fontSize, window->FindString, window->FindOpt[0],
-              window->FindOpt[1], window->FindNextButton, window->CloseFindButton, mapSize});
+        window->TextBoard->setFocus();
+        for (QWidget *next : std::initializer_list<QWidget *>{
+                 zoom, window->FontNameCombo, fontSize, window->FindString, window->FindOpt[0],
+                 window->FindOpt[1], window->FindNextButton, window->CloseFindButton, mapSize}) {
+            press(window, "Tab");
+            QCOMPARE(window->focusWidget(), next);
+        }
     }
 
     void fontOfTheBoard()
