@@ -107,6 +107,12 @@ GlyphPicture firstGlyph(Zendova *window, const QString &text)
     return readGlyph(pictureOf(window->TextBoard), origin);
 }
 
+void select(const Zendova *window, int start, int length)
+{
+    window->TextBoard->setSelStart(start);
+    window->TextBoard->setSelLength(length);
+}
+
 QAction *menuItem(const Zendova *window, const char *name)
 {
     auto *item = window->findChild<QAction *>(name);

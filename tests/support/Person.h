@@ -43,6 +43,9 @@ QImage pictureOf(::TextBoard *board);
 /// The glyph that the board shows first, its font being 24 points high; it holds this text then.
 GlyphPicture firstGlyph(Zendova *window, const QString &text);
 
+/// Selects on the board; 0 for a length sets the caret.
+void select(const Zendova *window, int start, int length);
+
 /// The item of the window's menus with this name.
 QAction *menuItem(const Zendova *window, const char *name);
 /// Opens the menu and clicks the item in it.

@@ -9,59 +9,10 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QSpinBox>
 #include <QTest>
 #include <QVBoxLayout>
 
-namespace {
-
-class Window : public QMainWindow
-{
-public:
-    Window()
-    {
-        auto *content = new QWidget;
-        auto *column = new QVBoxLayout(content);
-        for (QWidget *widget : std::initializer_list<QWidget *>{&board, &line, &combo, &spin})
-            column->addWidget(widget);
-        combo.setEditable(true);
-        setCentralWidget(content);
-        menu = menuBar()->addMenu(QStringLiteral("&File"));
-        menu->addAction(QStringLiteral("&Open"));
-    }
-
-    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers)
-    {
-        QTest::simulateEvent(windowHandle(), true, key, modifiers, QString(), false);
-    }
-    void letGo(Qt::Key key, Qt::KeyboardModifiers modifiers)
-    {
-        QTest::simulateEvent(windowHandle(), false, key, modifiers, QString(), false);
-    }
-    void digits(const QString &digits, Qt::KeyboardModifiers modifiers = Qt::KeypadModifier)
-    {
-        for (const QChar digit : digits) {
-            const auto key = static_cast<Qt::Key>(digit.unicode());
-            const auto held = Qt::AltModifier | modifiers;
-            QTest::simulateEvent(windowHandle(), true, key, held, QString(digit), false);
-            QTest::simulateEvent(windowHandle(), false, key, held, QString(digit), false);
-        }
-    }
-    void code(const QString &number)
-    {
-        hold(Qt::Key_Alt, Qt::NoModifier);
-        digits(number);
-        letGo(Qt::Key_Alt, Qt::AltModifier);
-    }
-
-    TextBoard board;
-    QLineEdit line;
-    QComboBox combo;
-    QSpinBox spin;
-    QMenu *menu;
-};
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 class tst_AltCode : public QObject
 {
@@ -70,153 +21,126 @@ class tst_AltCode : public QObject
 private slots:
     void init()
     {
-        m_window = std::make_unique<Window>();
+        m_window = std::make_unique<QMainWindow>();
+        auto *content = new QWidget;
+        auto *column = new QVBoxLayout(content);
+        column->addWidget(m_board = new TextBoard);
+        column->addWidget(m_line = new QLineEdit);
+        column->addWidget(m_combo = new QComboBox);
+        m_combo->setEditable(true);
+        m_window->setCentralWidget(content);
+        m_window->menuBar()->addMenu(u"&File"_s)->addAction(u"&Open"_s);
         m_filter = std::make_unique<AltCode>(
             [](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
         qApp->installEventFilter(m_filter.get());
         m_window->show();
         m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        m_window->board.setFocus();
+        m_board->setFocus();
     }
-
     void cleanup()
     {
         m_filter.reset();
         m_window.reset();
     }
 
-    void inserts_data()
+    void codes()
     {
-        QTest::addColumn<QString>("digits");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("first") << "0032"
-                               << " ";
-        QTest::newRow("last") << "0255" << QString(QChar(255));
-        QTest::newRow("letter") << "0065"
-                                << "A";
-        QTest::newRow("no-break space") << "0160" << QString(QChar(160));
-        QTest::newRow("delete") << "0127" << QString(QChar(127));
-        QTest::newRow("euro") << "0128" << QString(QChar(0x20AC));
-        QTest::newRow("undefined in the code page") << "0129" << QString(QChar(129));
-        QTest::newRow("below") << "0031"
-                               << "";
-        QTest::newRow("above") << "0256"
-                               << "";
-        QTest::newRow("no leading 0") << "1065"
-                                      << "";
-        QTest::newRow("three digits") << "065"
-                                      << "";
-        QTest::newRow("five digits") << "00065"
-                                     << "";
-        QTest::newRow("none") << ""
-                              << "";
-    }
-    void inserts()
-    {
-        QFETCH(const QString, digits);
-        QFETCH(const QString, text);
-        m_window->code(digits);
-        QCOMPARE(m_window->board.Text(), text);
+        const std::pair<QString, QString> rows[] = {
+            {u"0032"_s, u" "_s},      {u"0255"_s, u"\u00FF"_s}, {u"0128"_s, u"\u20AC"_s},
+            {u"0129"_s, u"\u0081"_s}, {u"0031"_s, QString()},   {u"0256"_s, QString()},
+            {u"1065"_s, QString()},   {u"065"_s, QString()},    {u"00065"_s, QString()},
+        };
+        for (const auto &[digits, text] : rows) {
+            m_board->setText(QString());
+            code(digits);
+            QVERIFY2(m_board->Text() == text, qPrintable(digits));
+        }
+        // The digits above the letters, and the pad without Num Lock: 0, 2, 3, 9.
+        m_board->setText(QString());
+        code(u"0233"_s, Qt::NoModifier);
+        key(true, Qt::Key_Alt, Qt::NoModifier);
+        for (const int pad : {Qt::Key_Insert, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_PageUp})
+            key(true, pad, Qt::AltModifier | Qt::KeypadModifier);
+        key(false, Qt::Key_Alt, Qt::AltModifier);
+        QCOMPARE(m_board->Text(), u"\u00E9\u00EF"_s);
     }
 
     void everyTextBox()
     {
-        Window &w = *m_window;
-        w.board.setText(QStringLiteral("abc"));
-        w.board.setSelStart(1);
-        w.board.setSelLength(1);
-        w.code(QStringLiteral("0233"));
-        QCOMPARE(w.board.Text(), QStringLiteral("a\u00e9c"));
-        QCOMPARE(w.board.SelStart(), 2);
-
-        w.line.setMaxLength(1);
-        w.line.setFocus();
-        w.code(QStringLiteral("0065"));
-        w.code(QStringLiteral("0066"));
-        QCOMPARE(w.line.text(), QStringLiteral("A"));
-
-        w.combo.setFocus();
-        w.code(QStringLiteral("0065"));
-        QCOMPARE(w.combo.currentText(), QStringLiteral("A"));
-
-        w.line.clear();
-        w.line.setReadOnly(true);
-        w.line.setFocus();
-        w.code(QStringLiteral("0065"));
-        QCOMPARE(w.line.text(), QString());
+        m_board->setText(u"abc"_s);
+        m_board->setSelStart(1);
+        m_board->setSelLength(1);
+        code(u"0233"_s);
+        QCOMPARE(m_board->Text(), u"a\u00E9c"_s);
+        m_line->setMaxLength(1);
+        m_line->setFocus();
+        code(u"0065"_s);
+        code(u"0066"_s);
+        QCOMPARE(m_line->text(), u"A"_s);
+        m_combo->setFocus();
+        code(u"0065"_s);
+        QCOMPARE(m_combo->currentText(), u"A"_s);
     }
 
-    void digitRowAndPadWithoutNumLock()
+    void cancelled()
     {
-        Window &w = *m_window;
-        w.hold(Qt::Key_Alt, Qt::NoModifier);
-        w.digits(QStringLiteral("0233"), Qt::NoModifier);
-        w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        w.hold(Qt::Key_Alt, Qt::NoModifier);
-        for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_PageUp})
-            w.hold(key, Qt::AltModifier | Qt::KeypadModifier);
-        w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(w.board.Text(), QStringLiteral("\u00e9\u00ef"));
+        key(true, Qt::Key_Alt, Qt::NoModifier);
+        digits(u"006"_s);
+        key(true, Qt::Key_Right, Qt::AltModifier);
+        digits(u"5"_s);
+        key(false, Qt::Key_Alt, Qt::AltModifier);
+        QCOMPARE(m_board->Text(), QString());
+
+        key(true, Qt::Key_Alt, Qt::NoModifier);
+        digits(u"0065"_s);
+        m_line->setFocus();
+        m_board->setFocus();
+        key(false, Qt::Key_Alt, Qt::AltModifier);
+        QCOMPARE(m_board->Text() + m_line->text(), QString());
+        code(u"0065"_s);
+        QCOMPARE(m_board->Text(), u"A"_s);
     }
 
-    void cancelledByAnotherKey()
+    void shortcutsAndMenuBarStayQuiet()
     {
-        Window &w = *m_window;
-        w.hold(Qt::Key_Alt, Qt::NoModifier);
-        w.digits(QStringLiteral("006"));
-        w.hold(Qt::Key_Right, Qt::AltModifier);
-        w.letGo(Qt::Key_Right, Qt::AltModifier);
-        w.digits(QStringLiteral("5"));
-        w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(w.board.Text(), QString());
-        w.hold(Qt::Key_Alt, Qt::NoModifier);
-        w.digits(QStringLiteral("0065"));
-        w.hold(Qt::Key_Right, Qt::AltModifier);
-        w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(w.board.Text(), QString());
-        w.code(QStringLiteral("0065"));
-        QCOMPARE(w.board.Text(), QStringLiteral("A"));
-    }
-
-    void cancelledByLossOfFocus()
-    {
-        Window &w = *m_window;
-        w.hold(Qt::Key_Alt, Qt::NoModifier);
-        w.digits(QStringLiteral("0065"));
-        w.line.setFocus();
-        w.board.setFocus();
-        w.letGo(Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(w.board.Text() + w.line.text(), QString());
-    }
-
-    void mnemonicsStayQuiet()
-    {
-        Window &w = *m_window;
-        QShortcut shortcut(QKeySequence(QStringLiteral("Alt+0")), &w);
-        QSignalSpy fired(&shortcut, &QShortcut::activated);
-        w.code(QStringLiteral("0065"));
+        const QShortcut shortcut(QKeySequence(u"Alt+0"_s), m_window.get());
+        const QSignalSpy fired(&shortcut, &QShortcut::activated);
+        code(u"0065"_s);
         QCOMPARE(fired.size(), 0);
-        w.spin.setFocus();
-        w.spin.setReadOnly(true);
-        w.digits(QStringLiteral("0"), Qt::NoModifier);
+        QVERIFY(m_board->hasFocus());
+        // Alt alone still goes to the menu bar, and a box that takes no text leaves it the digits.
+        code(QString());
+        QVERIFY(!m_board->hasFocus());
+        m_line->setFocus();
+        m_line->setReadOnly(true);
+        code(u"0"_s, Qt::NoModifier);
         QCOMPARE(fired.size(), 1);
     }
 
-    void menuBarStaysClosed()
+private:
+    void key(bool press, int key, Qt::KeyboardModifiers modifiers, const QString &text = {})
     {
-        Window &w = *m_window;
-        w.code(QStringLiteral("0065"));
-        QVERIFY(w.board.hasFocus());
-        QCOMPARE(w.board.Text(), QStringLiteral("A"));
-        // Alt alone still goes to the menu bar.
-        w.code(QString());
-        QVERIFY(!w.board.hasFocus());
+        QTest::simulateEvent(m_window->windowHandle(), press, key, modifiers, text, false);
+    }
+    void digits(const QString &digits, Qt::KeyboardModifiers modifiers = Qt::KeypadModifier)
+    {
+        for (const QChar digit : digits)
+            for (const bool press : {true, false})
+                key(press, digit.unicode(), Qt::AltModifier | modifiers, digit);
+    }
+    void code(const QString &number, Qt::KeyboardModifiers modifiers = Qt::KeypadModifier)
+    {
+        key(true, Qt::Key_Alt, Qt::NoModifier);
+        digits(number, modifiers);
+        key(false, Qt::Key_Alt, Qt::AltModifier);
     }
 
-private:
-    std::unique_ptr<Window> m_window;
+    std::unique_ptr<QMainWindow> m_window;
     std::unique_ptr<AltCode> m_filter;
+    TextBoard *m_board = nullptr;
+    QLineEdit *m_line = nullptr;
+    QComboBox *m_combo = nullptr;
 };
 
 QTEST_MAIN(tst_AltCode)
