@@ -2,11 +2,9 @@
 // settings that are missing or unfit, the start-up file, the exit warning, what is kept, and a
 // change of the display.
 #include "tests/support/MainWindow.h"
-#include "tests/support/TestFonts.h"
 
 #include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
-#include "platform/FontCatalog.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
@@ -17,7 +15,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
-#include <QTest>
 
 namespace {
 
@@ -117,10 +114,8 @@ private slots:
         Desktop desktop({800, 480});
         const Zendova *window = desktop.start();
         QVERIFY(desktop.Dialogs.allCame());
-        QVERIFY(window->isVisible());
         QCOMPARE(mapSize(*window), QString("1"));
         QCOMPARE(sizing(*window), QList<bool>(4, false));
-        QVERIFY(!window->FMLarger->isEnabled());
     }
 
     void firstRun_data()
@@ -203,7 +198,6 @@ private slots:
         desktop.alterSettings(deleteValueSql("Options", "ToolTips"));
         desktop.alterSettings(setValueSql("FontMap", "ForeColor", 4, "255"));
         desktop.alterSettings(setValueSql("TextBoard", "FontSize", 4, "30"));
-        desktop.alterSettings(setValueSql("Options", "VCPosition", 1, "'R'"));
         desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "No");
         desktop.Dialogs.message(RepairTitle, RepairQuestion, "Yes");
         const Zendova *window = desktop.startAsItIs();
@@ -215,7 +209,6 @@ private slots:
         QCOMPARE(desktop.setting("Temp", "TBFColorIndex"), QString("3"));
         // The window shows what was written.
         QCOMPARE(window->FontSizeSlider->value(), 18);
-        QCOMPARE(window->VCPosition, QString("L"));
         QCOMPARE(window->CharButton->ForeColor(100), SystemColorValue(8));
     }
 
@@ -281,7 +274,6 @@ private slots:
         const Zendova *window = desktop.startAsItIs();
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(mapSize(*window), QString("9"));
-        QCOMPARE(window->sldSetFMapSize->value(), 9);
         QCOMPARE(outerSize(*window), outerSize(9));
         QVERIFY(!window->FMLarger->isEnabled());
         QCOMPARE(sizing(*window), QList<bool>(4, true));
@@ -431,11 +423,7 @@ private slots:
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestStartup test;
-    return QTest::qExec(&test, argc, argv);
+    return runWindowTest<TestStartup>(argc, argv);
 }
 
 #include "tst_startup.moc"

@@ -3,13 +3,17 @@
 #pragma once
 
 #include "core/Zendova.h"
+#include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
+#include "tests/support/TestFonts.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QObject>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QTest>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -103,3 +107,14 @@ public:
     std::unique_ptr<Zendova> Window;
     bool Started = false;
 };
+
+/// What main() of a test of windows does: runs the test on the small fonts alone.
+template<typename Test>
+int runWindowTest(int argc, char *argv[])
+{
+    const TestFonts fonts;
+    FontCatalog catalog;
+    QApplication application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
