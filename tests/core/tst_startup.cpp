@@ -169,8 +169,11 @@ private slots:
         for (const auto &[key, name, kind, value] : desktop.settings())
             QTest::addRow("%s\\%s", qPrintable(key), qPrintable(name))
                 << deleteValueSql(key, name) << !(key.isEmpty() || key == "Temp");
-        QTest::newRow("font empty") << setValueSql("TextBoard", "FontName", 1, "''") << true;
-        QTest::newRow("palette empty") << setValueSql("FontMap", "BackPaletteRef", 1, "''") << true;
+        for (const char *name : {"FontName", "FontColorName", "FontColorIndex", "ForeColorName",
+                                 "ForeColorIndex", "ForePaletteRef", "BackPaletteRef"})
+            QTest::addRow("%s empty", name)
+                << QString("UPDATE settings SET kind = 1, value = '' WHERE name = '%1'").arg(name)
+                << true;
         QTest::newRow("folder empty") << setValueSql("Last", "LFLoadPath", 1, "''") << false;
     }
 
