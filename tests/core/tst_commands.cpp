@@ -121,6 +121,7 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "a");
+        lookAtMenu(window, "ItemEdit"); // its Cut and Copy are off, and so are their keys
         QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
         rightClick(window, window->FindString);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
