@@ -169,13 +169,10 @@ private slots:
     void formatsSurvive();
     void loads_data();
     void loads();
-    void foreignColor();
     void missingFont();
     void guards();
-    void alreadyLoaded();
+    void loadsAgain();
     void textDefaults();
-    void settingsFailLater();
-    void endings_data();
     void endings();
     void bookkeeping();
     void openDialog();
@@ -271,6 +268,8 @@ void TestTextFiles::loads_data()
     row("20.5 points", "a.zuf", document("\\fs41 abc"), {}, "", "abc", 20.5);
     row("36.5 points", "a.zuf", document("\\fs73 abc"), {}, "", "abc", 36.5);
     row("37 points", "a.zuf", document("\\fs74 abc"), TooLarge, "Ok", "abc", 36);
+    row("foreign colour", "a.zuf", document("abc", "Zt Four", "\\red1\\green2\\blue3"),
+        ForeignColor, "Ok", "abc");
     row("mixed style", "a.zuf", document("a{\\strike b}c"), UnknownError, "Ok", "abc");
     row("mixed alignment", "a.zuf", document("a\\par\\qc b"), UnknownError, "Ok", "a\r\nb");
     row("mixed size", "a.zuf", document("a{\\fs30 b}c"), NotReadable, "Ok", "");
@@ -310,19 +309,10 @@ void TestTextFiles::loads()
         return;
     QCOMPARE(run.board()->FontName(), QString("Zt Four"));
     QCOMPARE(run.board()->FontSize(), points);
+    const bool isForeign = said.Title == ForeignColor.Title && said.Words == ForeignColor.Words;
+    QCOMPARE(run.board()->ForeColor(), isForeign ? QColor(1, 2, 3) : QColor(0, 0, 128));
+    QCOMPARE(run.Window->TBColorName, QString(isForeign ? "Black" : "Navy"));
     QCOMPARE(run.Window->CharButton->cellFont().pointSize(), std::nearbyint(points));
-}
-
-void TestTextFiles::foreignColor()
-{
-    Run run;
-    run.Window->SetColorFromDialog(QBColor(12));
-    run.write("a.zuf", document("abc", "Zt Four", "\\red1\\green2\\blue3"));
-    run.load("a.zuf", ForeignColor);
-    QVERIFY(run.allCame());
-    // The board shows the file's colour all the same.
-    QCOMPARE(run.board()->ForeColor(), QColor(1, 2, 3));
-    QCOMPARE(run.Window->TBColorName, QString("Black"));
 }
 
 void TestTextFiles::missingFont()
@@ -389,7 +379,7 @@ void TestTextFiles::guards()
     QVERIFY(run.allCame());
 }
 
-void TestTextFiles::alreadyLoaded()
+void TestTextFiles::loadsAgain()
 {
     Run run;
     run.Window->DisplayOW->setChecked(false);
@@ -404,7 +394,13 @@ void TestTextFiles::alreadyLoaded()
     run.expect(TextWasChanged, "Yes");
     run.load("a.txt", LoadedButChanged, "Yes");
     QCOMPARE(run.text(), QString("first"));
+    // The settings that a text file needs can be damaged meanwhile.
+    run.Desk.alterSettings("UPDATE settings SET kind = 1, value = 'large' WHERE name = 'FontSize'");
+    run.write("b.txt", "abc");
+    run.load("b.txt", NotShown);
     QVERIFY(run.allCame());
+    QVERIFY(run.isEmptied());
+    QVERIFY(!menuItem(run.Window, "FileMRU2")->isVisible());
 }
 
 void TestTextFiles::textDefaults()
@@ -436,48 +432,35 @@ void TestTextFiles::textDefaults()
     }
 }
 
-void TestTextFiles::settingsFailLater()
-{
-    Run run;
-    run.Desk.alterSettings("UPDATE settings SET kind = 1, value = 'large' WHERE name = 'FontSize'");
-    run.write("a.txt", "abc");
-    run.load("a.txt", NotShown);
-    QVERIFY(run.allCame());
-    QVERIFY(run.isEmptied());
-    QVERIFY(!menuItem(run.Window, "FileMRU1")->isVisible());
-}
-
-void TestTextFiles::endings_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("plain");   // as it is written
-    QTest::addColumn<QString>("read"); // what a load shows: "" for nothing
-    QTest::newRow("no dot") << "notxt" << true << "abc";
-    QTest::newRow("one capital") << "a.Txt" << false << "{\\rtf1";
-    QTest::newRow("capitals") << "A.ZUF" << false << "abc";
-    QTest::newRow("no ending") << "report" << false << "";
-    QTest::newRow("mark of the title") << "a[*].txt" << true << "abc";
-}
-
 void TestTextFiles::endings()
 {
-    QFETCH(QString, name);
-    QFETCH(bool, plain);
-    QFETCH(QString, read);
+    struct Ending
+    {
+        const char *Name;
+        bool IsPlain;     ///< as it is written
+        const char *Read; ///< by its name; nothing if that is refused
+    };
     Run run;
-    run.board()->setText("abc");
-    run.save(name);
-    QCOMPARE(contentOf(run.path(name)) == "abc", plain);
-    QCOMPARE(contentOf(run.path(name)).startsWith("{\\rtf1"), !plain);
-    QCOMPARE(QDir(run.path("")).entryList(QDir::Files), QStringList{name});
-    QCOMPARE(run.title().replace("[*][*]", "[*]"), "Zendova :  " + name);
-    // By its name the file is read, which is another matter.
-    run.Window->LoadedFilePath.clear();
-    run.board()->setText({});
-    run.load(name, read.isEmpty() ? WrongType : Said());
-    QVERIFY(run.allCame());
-    QVERIFY(run.text().startsWith(read));
-    QCOMPARE(run.text().isEmpty(), read.isEmpty());
+    run.Window->DisplayOW->setChecked(false);
+    for (const Ending &row : {Ending{"notxt", true, "abc"},
+                              {"a.Txt", false, "{\\rtf1"},
+                              {"A.ZUF", false, "abc"},
+                              {"report", false, ""},
+                              {"a[*].txt", true, "abc"}}) {
+        const QString name = row.Name;
+        run.board()->setText("abc");
+        run.save(name);
+        QCOMPARE(contentOf(run.path(name)) == "abc", row.IsPlain);
+        QCOMPARE(contentOf(run.path(name)).startsWith("{\\rtf1"), !row.IsPlain);
+        QVERIFY(QDir(run.path("")).exists(name));
+        QCOMPARE(run.title().replace("[*][*]", "[*]"), "Zendova :  " + name);
+        run.Window->LoadedFilePath.clear();
+        run.board()->setText({});
+        run.load(name, row.Read[0] ? Said() : WrongType);
+        QVERIFY(run.allCame());
+        QCOMPARE(run.text().left(int(qstrlen(row.Read)) + (row.IsPlain ? 1 : 0)),
+                 QString(row.Read));
+    }
 }
 
 void TestTextFiles::bookkeeping()
