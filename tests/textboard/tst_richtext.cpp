@@ -116,7 +116,6 @@ private slots:
     void fontsOfSigns();
     void selection();
     void truncate();
-    void find_data();
     void find();
     void unreadableFiles();
     void savingKeepsPermissionsAndLinks();
@@ -145,10 +144,8 @@ void TestRichText::textRows()
     };
     row("closed paragraph", "{abc\\par}\\pard\\f0{\\*\\themedata 00}\r\n", "abc");
     row("empty last paragraph", R"( abc\par\par)", "abc|");
-    row("line break at the end", R"( abc\line)", "abc|");
     row("breaks", R"( a\line b\page c\column d\sect e\par f)", "a|b|c|d|e|f");
     row("line ends of the file", QByteArray(" a\0\r\nb\nc\rd\\\r\ne\\\nf\\'0dg", 22), "abcd|e|f|g");
-    row("blanks", "  a  b\\b  c ", " a  b c ");
     row("special characters",
         R"( \{\}\\a\~b\-c\_d\tab e\lquote f\rquote\ldblquote g\rdblquote\bullet\endash\emdash\emspace h)",
         "{}\\a\u00a0b\u00adc-d\te‘f’“g”•–— h");
@@ -163,8 +160,6 @@ void TestRichText::textRows()
     row("binary data", " a{\\pict\\bin4 }\\{}b}c\\bin3 }}}d", "acd");
     row("table", R"(\trowd\intbl a\cell b\cell\row\trowd c\cell\cell\row\pard d\par)",
         "a\tb|c\t|d");
-    row("nested table", R"( a\nestcell b\nestcell{\*\nesttableprops\trowd\nestrow}\cell\row)",
-        "a\tb||");
     row("text behind the document", "} abc{\\rtf1 d", "");
 
     row("substitutes", R"( \u8364?\u-3913?\u8212 -\u233\'65z\uc0\u8364 a{\uc2\u8364 ab c}\u8364 d)",
@@ -198,33 +193,28 @@ void TestRichText::textRows()
 
 void TestRichText::attributeRows()
 {
-    const auto row = [](const char *name, const QByteArray &body, const char *text,
-                        const char *attributes) {
-        QTest::newRow(name) << "{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}"
-                               "{\\f1 Courier New;}{\\f2 Arial;}}"
-                               "{\\colortbl;\\red255\\green128\\blue0;;\\red0\\green0\\blue1;}" +
+    constexpr const char *Plain = "Courier New 12 - #000000 left";
+    const auto row = [](const char *name, const QByteArray &body, const char *attributes,
+                        const char *text = "a") {
+        QTest::newRow(name) << "{\\rtf1\\deff1{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}"
+                               "{\\f2 Arial;}}{\\colortbl;\\red255\\green128\\blue0;;\\red1;}" +
                                    body + '}'
                             << text << attributes;
     };
-    row("nothing said", "a", "a", "Courier New 12 - #000000 left");
-    row("everything", R"(\pard\qr\f0\fs25\b\i\ul\strike\cf1 a\par)", "a",
+    row("nothing said", "a", Plain);
+    row("everything", R"(\pard\qr\f0\fs25\b\i\ul\strike\cf1 a\par)",
         "Arial 12.5 bius #ff8000 right");
-    row("everything, no text", R"(\qc\f0\fs25\b\i\ul\strike\cf1\par)", "",
-        "Arial 12.5 bius #ff8000 centre");
-    row("off again", R"(\b\i\uldb\striked1\b0\i0\ulnone\striked0 a)", "a",
-        "Courier New 12 - #000000 left");
-    row("plain", R"(\f0\fs40\b\i\ul\strike\cf1\qc\plain a)", "a",
-        "Courier New 12 - #000000 centre");
-    row("groups", R"({\f0\fs40\b\cf1\qc\fs30 }a)", "a", "Courier New 12 - #000000 left");
-    row("no such font, colour, size", R"(\f9\cf9\fs0 a\cf-1\fs-20 b\cf2\fs c)", "abc",
-        "Courier New 12 - #000000 left");
-    row("huge size", R"(\cf3\fs99999999 a)", "a", "Courier New 16383.5 - #000001 left");
-    row("alignment at the end", R"(\qr a\qc\par)", "a", "Courier New 12 - #000000 centre");
-    row("alignment of an open paragraph", R"({\qc a})", "a", "Courier New 12 - #000000 centre");
-    row("mixed", R"(\f0\fs20\cf1\b a\par\f1\fs21\cf0\b0\i\qc b)", "a\r\nb", "? ? ?? ? ?");
-    row("two fonts of one name", R"(\f0 a\f2 b)", "ab", "Arial 12 - #000000 left");
-    row("paragraph mark", R"(\f0 a\f1\fs99\cf1\b\par\plain\f0 b)", "a\r\nb",
-        "Arial 12 - #000000 left");
+    row("no text", R"(\qc\f0\fs25\b\i\cf1\par)", "Arial 12.5 bi #ff8000 centre", "");
+    row("off again", R"(\b\i\uldb\striked1\b0\i0\ulnone\striked0 a)", Plain);
+    row("plain", R"(\f0\fs40\b\i\ul\strike\cf1\plain a)", Plain);
+    row("groups", R"({\f0\fs40\b\cf1\qc\fs30 }a)", Plain);
+    row("no such font, colour, size", R"(\f9\cf9\fs0 a\cf-1\fs-20 b\cf2\fs c)", Plain, "abc");
+    row("huge size", R"(\cf3\fs99999999 a)", "Courier New 16383.5 - #010000 left");
+    row("alignment at the end", R"(\qc a\qr\par)", "Courier New 12 - #000000 right");
+    row("open paragraph", R"({\qc a})", "Courier New 12 - #000000 centre");
+    row("mixed", R"(\f0\fs20\cf1\b a\par\f1\fs21\cf0\b0\i\qc b)", "? ? ?? ? ?", "a\r\nb");
+    row("two fonts of one name", R"(\f0 a\f2 b)", "Arial 12 - #000000 left", "ab");
+    row("paragraph mark", R"(a\f0\fs99\cf1\b\par\plain b)", Plain, "a\r\nb");
 
     const auto font = [](const char *name, const char *body, const char *attributes) {
         QTest::newRow(name) << "{\\rtf1" + QByteArray(body) + "{a}}"
@@ -407,8 +397,7 @@ void TestRichText::truncate()
     selectAll(buffer);
     buffer.setSelFontName("Arial");
     buffer.setSelAlignment(1);
-    for (const auto &[length, text] : {std::pair(100, "abc\r\ndef"), std::pair(6, "abc\r\nd"),
-                                       std::pair(4, "abc"), std::pair(-1, "")}) {
+    for (const auto &[length, text] : {std::pair(100, "abc\r\ndef"), std::pair(4, "abc")}) {
         selectAll(buffer);
         buffer.Truncate(length);
         QCOMPARE(buffer.Text(), text);
@@ -418,50 +407,36 @@ void TestRichText::truncate()
     }
 }
 
-void TestRichText::find_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("wanted");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end"); // -1 for none
-    QTest::addColumn<int>("options");
-    QTest::addColumn<int>("position");
-    constexpr int None = -1, Whole = TextBoardRTF::WholeWord, Case = TextBoardRTF::MatchCase;
-    const auto row = [](const char *name, const QString &text, const QString &wanted, int start,
-                        int end, int options, int position) {
-        QTest::newRow(name) << text << wanted << start << end << options << position;
-    };
-    row("at the start given", "cat cat", "cat", 4, None, 0, 4);
-    row("no more", "cat cat", "cat", 5, 100, 0, -1);
-    row("not beyond the end given", "cat cat", "cat", 1, 6, 0, -1);
-    row("part of itself", "aabaabaac", "aabaac", 0, None, 0, 3);
-    row("either case", "x ŠŒŽŸÀÞ", "šœžÿàþ", 0, None, 0, 2);
-    row("letters whose other case isn't there", "ßµƒ", "ßµƒ", 0, None, 0, 0);
-    row("the case", "Š CAT š", "š", 0, None, Case, 6);
-    row("whole word", "catÿ \u0192cat cat1 cat_ cat", "cat", 0, None, Whole, 20);
-    row("words go on outside the limits", "concats", "cat", 3, 6, Whole, -1);
-    row("line end", "ab\r\ncd", "b\nc", 0, None, 0, 1);
-    row("not in the page", "?o", "Ж", 0, None, 0, -1);
-    row("a hard case", QString(61'440, u'a'), QString(30'000, u'a') + u'b', 0, None, 0, -1);
-}
-
 void TestRichText::find()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, wanted);
-    QFETCH(int, start);
-    QFETCH(int, end);
-    QFETCH(int, options);
-    QFETCH(int, position);
-    TextBoardRTF buffer;
-    buffer.setText(text);
-    buffer.setSelStart(1);
-    buffer.setSelLength(1);
-    const auto stop = end < 0 ? std::nullopt : std::optional<qsizetype>(end);
-    QCOMPARE(buffer.Find(wanted, start, stop, options), position);
-    QCOMPARE(buffer.SelStart(), position < 0 ? 1 : position);
-    if (position >= 0)
-        QCOMPARE(buffer.SelText().toLower(), wanted.toLower().replace("\n", "\r\n"));
+    struct Search
+    {
+        QString Text, Wanted;
+        int Start, End, Options, Position;
+    };
+    constexpr int Whole = TextBoardRTF::WholeWord, Case = TextBoardRTF::MatchCase;
+    const Search searches[] = {
+        {"cat cat", "cat", 4, 7, 0, 4},
+        {"cat cat", "cat", 1, 6, 0, -1},
+        {"cat", "cat", -5, 100, 0, 0},
+        {"aabaabaac", "aabaac", 0, 100, 0, 3},
+        {"x ŠŒŽŸÀÞ", "šœžÿàþ", 0, 100, 0, 2},
+        {"Š CAT š", "š", 0, 100, Case, 6},
+        {"catÿ \u0192cat cat1 cat_ cat", "cat", 0, 100, Whole, 20},
+        {"concats", "cat", 3, 6, Whole, -1},
+        {"ab\r\ncd", "b\nc", 0, 100, 0, 1},
+        {"?o", "Ж", 0, 100, 0, -1},
+        {QString(61'440, u'a'), QString(30'000, u'a') + u'b', 0, 61'440, 0, -1}, // at once
+    };
+    for (const Search &row : searches) {
+        TextBoardRTF buffer;
+        buffer.setText(row.Text);
+        buffer.setSelStart(1);
+        QCOMPARE(buffer.Find(row.Wanted, row.Start, row.End, row.Options), row.Position);
+        QCOMPARE(buffer.SelStart(), row.Position < 0 ? 1 : row.Position);
+        if (row.Position >= 0)
+            QCOMPARE(buffer.SelText().toLower(), QString(row.Wanted).replace("\n", "\r\n"));
+    }
 }
 
 void TestRichText::unreadableFiles()

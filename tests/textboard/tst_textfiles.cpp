@@ -23,7 +23,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeView>
 #include <QUrl>
 #include <cmath>
 
@@ -175,8 +174,7 @@ private slots:
     void textDefaults();
     void endings();
     void bookkeeping();
-    void openDialog();
-    void saveDialog();
+    void dialogs();
     void drop();
 };
 
@@ -495,53 +493,31 @@ void TestTextFiles::bookkeeping()
     QVERIFY(!window->TextChanged);
 }
 
-void TestTextFiles::openDialog()
+void TestTextFiles::dialogs()
 {
     Run run;
-    run.write("REPORT.ZUF", document("abc"));
-    run.write("notes.txt", "abc");
     run.Window->LFLoadPath = run.Desk.Folder.filePath("files");
-    const std::pair<const char *, QString> kinds[] = {
-        {"Zendova Uniform Format Files (*.ZUF)", "REPORT.ZUF"},
-        {"Text Files (*.TXT)", "notes.txt"}};
-    run.Desk.Dialogs.dialog(OpenTitle, [&](QDialog *dialog) {
-        QCOMPARE(qobject_cast<QFileDialog *>(dialog)->directory().path(), run.Window->LFLoadPath);
-        QCOMPARE(dialog->findChild<QLineEdit *>("fileNameEdit")->text(), QString());
-        auto *kind = dialog->findChild<QComboBox *>("fileTypeCombo");
-        const auto *list = dialog->findChild<QTreeView *>("treeView");
-        for (int i = 0; i < 2; ++i) {
-            QCOMPARE(kind->itemText(i), QString(kinds[i].first));
-            kind->setCurrentIndex(i);
-            emit kind->activated(i);
-            const auto *model = list->model();
-            QTRY_COMPARE(model->rowCount(list->rootIndex()), 1);
-            QTRY_COMPARE(model->index(0, 0, list->rootIndex()).data().toString(), kinds[i].second);
-        }
-        dialog->reject();
-    });
-    run.click("Load");
-    QVERIFY(run.allCame());
-}
-
-void TestTextFiles::saveDialog()
-{
-    Run run;
     run.Window->LFSavePath = run.Desk.Folder.path();
-    const auto look = [&](const QString &folder, const char *name, int kind) {
-        run.Desk.Dialogs.dialog(SaveTitle, [=](QDialog *dialog) {
+    const auto look = [&](const char *title, const char *key, const QString &folder,
+                          const char *name, const char *kind) {
+        run.Desk.Dialogs.dialog(title, [=](QDialog *dialog) {
+            const auto *combo = dialog->findChild<QComboBox *>("fileTypeCombo");
+            QCOMPARE(combo->currentText(), QString(kind));
             QCOMPARE(qobject_cast<QFileDialog *>(dialog)->directory().path(), folder);
             QCOMPARE(dialog->findChild<QLineEdit *>("fileNameEdit")->text(), QString(name));
-            QCOMPARE(dialog->findChild<QComboBox *>("fileTypeCombo")->currentIndex(), kind);
             dialog->reject();
         });
-        run.click("Save");
+        run.click(key);
+        QVERIFY(run.allCame());
     };
+    constexpr const char *Formatted = "Zendova Uniform Format Files (*.ZUF)";
+    look(OpenTitle, "Load", run.Window->LFLoadPath, "", Formatted);
     run.board()->setText("abc");
-    look(run.Desk.Folder.path(), "", 0);
+    look(SaveTitle, "Save", run.Desk.Folder.path(), "", Formatted);
     run.board()->setText({});
     run.write("A.TXT", "abc");
     run.load("A.TXT");
-    look(run.Desk.Folder.filePath("files"), "A.TXT", 1);
+    look(SaveTitle, "Save", run.Window->LFLoadPath, "A.TXT", "Text Files (*.TXT)");
 
     run.write("b.txt", "there before");
     run.typeName(SaveTitle, "b.txt");
