@@ -376,13 +376,21 @@ void TestRichText::selection()
     QCOMPARE(attributesOf(buffer), "Arial 12 - #050000 centre");
     select(0, 2);
     QCOMPARE(attributesOf(buffer), "? 12 - ? centre");
-    // Without a selection only the paragraph can change; at the text's end it is the last one.
+    // Without a selection only the paragraph can change; at the text's end the last character
+    // tells, and an empty last paragraph is one.
+    select(9, 1);
+    buffer.setSelItalic(true);
     select(10, 0);
     buffer.setSelBold(true);
     buffer.setSelAlignment(1);
-    QCOMPARE(attributesOf(buffer), "Times New Roman 12 - #000000 right");
+    QCOMPARE(attributesOf(buffer), "Times New Roman 12 i #000000 right");
     select(4, 0);
     QCOMPARE(attributesOf(buffer), "Times New Roman 12 - #000000 left");
+    buffer.setText("ab\r\n");
+    selectAll(buffer);
+    buffer.setSelAlignment(1);
+    select(4, 0);
+    QCOMPARE(attributesOf(buffer), "Times New Roman 12 - #000000 right");
     // An empty text changes whole.
     buffer.setText("");
     buffer.setSelFontSize(7.26);
