@@ -1,5 +1,6 @@
 // The lists of recent files: how the rows move and how far the counter runs, and what menu and
 // drop-down show of them and do with them.
+#include "tests/support/Files.h"
 #include "tests/support/MainWindow.h"
 #include "tests/support/Person.h"
 
@@ -11,8 +12,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QMenu>
 #include <QTest>
 #include <QTimer>
@@ -84,12 +83,16 @@ void store(Desktop &desktop, const QString &key, const QStringList &paths)
 
 QString textFile(const Desktop &desktop, const QString &name, const QByteArray &text = "abc")
 {
-    const QString path = desktop.Folder.filePath(name);
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-        qFatal("The file %s can't be written.", qPrintable(path));
-    return path;
+    return writeFile(desktop.Folder.filePath(name), text);
+}
+
+/// A window on a board without text whose list of text files holds these paths.
+Zendova *startWith(Desktop &desktop, const QStringList &paths)
+{
+    desktop.start();
+    desktop.close();
+    store(desktop, "MRU", paths);
+    return desktop.start();
 }
 
 } // namespace
@@ -101,15 +104,10 @@ class TestRecentFiles : public QObject
 private slots:
     void rows_data();
     void rows();
-    void cutsThePath();
     void menusAtStart();
-    void fullListHasNoDropDown();
-    void loadEntersTheFile();
+    void loadsAreKept();
     void clickLoads();
-    void deadEntry_data();
-    void deadEntry();
-    void blankItem();
-    void keptAtExit();
+    void deadEntries();
 };
 
 void TestRecentFiles::rows_data()
@@ -118,57 +116,20 @@ void TestRecentFiles::rows_data()
     QTest::addColumn<QString>("added");
     QTest::addColumn<QString>("expected");
     QTest::addColumn<int>("counter");
-    QTest::newRow("nothing") << ""
-                             << ""
-                             << "" << 1;
-    QTest::newRow("first") << ""
-                           << "a"
-                           << "a" << 2;
-    QTest::newRow("two") << ""
-                         << "ab"
-                         << "ba" << 3;
-    QTest::newRow("again") << ""
-                           << "aa"
-                           << "a" << 4;
-    QTest::newRow("third row to the top") << "abcde"
-                                          << "c"
-                                          << "cabde" << 8;
-    QTest::newRow("counter ahead of the rows") << "a"
-                                               << "ab"
-                                               << "ba" << 5;
-    QTest::newRow("last free row") << "abcdefgh"
-                                   << "i"
-                                   << "iabcdefgh" << 9;
-    QTest::newRow("tenth file") << "abcdefgh"
-                                << "ij"
-                                << "jiabcdefg" << 9;
-    QTest::newRow("found at the end of a full count") << "abcdefgh"
-                                                      << "ia"
-                                                      << "aibcdefgh" << 9;
-    QTest::newRow("full at start") << "abcdefghi"
-                                   << ""
-                                   << "abcdefghi" << 0;
-    QTest::newRow("full, one") << "abcdefghi"
-                               << "j"
-                               << "jbcdefghi" << 1;
-    QTest::newRow("full, two") << "abcdefghi"
-                               << "jk"
-                               << "kbcdefghi" << 2;
-    QTest::newRow("full, three") << "abcdefghi"
-                                 << "jkl"
-                                 << "lkcdefghi" << 3;
-    QTest::newRow("full, five") << "abcdefghi"
-                                << "jklmn"
-                                << "nmlkefghi" << 5;
-    QTest::newRow("full, one that is there") << "abcdefghi"
-                                             << "e"
-                                             << "ebcdefghi" << 1;
-    QTest::newRow("case counts") << "abc"
-                                 << "B"
-                                 << "Babc" << 5;
-    QTest::newRow("gap ends the reading") << "ab cd"
-                                          << "e"
-                                          << "eab" << 4;
+    const auto row = [](const char *name, const QString &stored, const QString &added,
+                        const QString &expected, int counter) {
+        QTest::newRow(name) << stored << added << expected << counter;
+    };
+    row("first, and again", "", "aa", "a", 4);
+    row("third row to the top", "abcde", "c", "cabde", 8);
+    row("counter ahead of the rows", "a", "ab", "ba", 5);
+    row("tenth file", "abcdefgh", "ij", "jiabcdefg", 9);
+    row("found at the end of a full count", "abcdefgh", "ia", "aibcdefgh", 9);
+    row("full at start", "abcdefghi", "", "abcdefghi", 0);
+    row("full, five", "abcdefghi", "jklmn", "nmlkefghi", 5);
+    row("full, one that is there", "abcdefghi", "e", "ebcdefghi", 1);
+    row("case counts", "abc", "B", "Babc", 5);
+    row("gap ends the reading", "ab cd", "e", "eab", 4);
 }
 
 void TestRecentFiles::rows()
@@ -191,17 +152,6 @@ void TestRecentFiles::rows()
     UseSettingsTree(nullptr);
 }
 
-void TestRecentFiles::cutsThePath()
-{
-    RecentFiles list(u"MRU", 9);
-    list.add("/one/two/name.txt");
-    QCOMPARE(list.rows().front().Folder, QString("/one/two/"));
-    QCOMPARE(list.rows().front().Name, QString("name.txt"));
-    // The folder counts: another file of that name is another file.
-    list.add("/one/name.txt");
-    QCOMPARE(list.rows().at(1).Folder, QString("/one/two/"));
-}
-
 void TestRecentFiles::menusAtStart()
 {
     Desktop desktop;
@@ -221,56 +171,46 @@ void TestRecentFiles::menusAtStart()
     QCOMPARE(fileMenu(window, "FileCFM").mid(4), QStringList{"&1 map.zcm"});
     QVERIFY(menuItem(window, "FileSep2")->isVisible());
     QVERIFY(!menuItem(window, "CFMRU1")->isEnabled());
-}
-
-void TestRecentFiles::fullListHasNoDropDown()
-{
-    Desktop desktop;
-    desktop.start();
     desktop.close();
-    QStringList paths;
-    for (int i = 1; i <= 9; ++i)
-        paths += QString("/f/%1.txt").arg(i);
-    store(desktop, "MRU", paths);
-    Zendova *window = desktop.start();
+    // A full list has no drop-down.
+    store(desktop, "MRU", QString("/1 /2 /3 /4 /5 /6 /7 /8 /9").split(' '));
+    window = desktop.start();
     QCOMPARE(fileMenu(window, "FileTF").size(), 2 + 9);
     QCOMPARE(useDropDown(window), QStringList());
-    window->LoadTextFile(window->PendingFilePath = textFile(desktop, "new.txt"));
-    QCOMPARE(fileMenu(window, "FileTF").mid(2, 2), (QStringList{"&1 new.txt", "&2 2.txt"}));
-    QCOMPARE(useDropDown(window), QStringList{"new.txt"});
 }
 
-void TestRecentFiles::loadEntersTheFile()
+void TestRecentFiles::loadsAreKept()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
-    const auto load = [&](const QString &name) {
+    const auto load = [&](const QString &name, const QByteArray &text = "abc") {
         window->TextBoard->setText({});
-        window->LoadTextFile(window->PendingFilePath = textFile(desktop, name));
+        window->LoadTextFile(window->PendingFilePath = textFile(desktop, name, text));
     };
-    load("a.txt");
+    load("sub/a.txt");
     load("b.txt");
     QCOMPARE(fileMenu(window, "FileTF").mid(2), (QStringList{"&1 b.txt", "&2 a.txt"}));
     QVERIFY(menuItem(window, "FileSep3")->isVisible());
-    load("a.txt");
-    QCOMPARE(fileMenu(window, "FileTF").mid(2), (QStringList{"&1 a.txt", "&2 b.txt"}));
+    load("sub/a.txt");
+    const QStringList names{"&1 a.txt", "&2 b.txt"};
+    QCOMPARE(fileMenu(window, "FileTF").mid(2), names);
     QCOMPARE(useDropDown(window), (QStringList{"a.txt", "b.txt", "", "", ""}));
-    // What could not be loaded is not entered.
     desktop.Dialogs.message(ErrorTitle, "does not seem to be a valid", "Ok");
-    window->TextBoard->setText({});
-    window->LoadTextFile(window->PendingFilePath = textFile(desktop, "c.zuf", "no rich text"));
-    QCOMPARE(fileMenu(window, "FileTF").mid(2), (QStringList{"&1 a.txt", "&2 b.txt"}));
+    load("c.zuf", "no rich text");
+    QCOMPARE(fileMenu(window, "FileTF").mid(2), names);
+    QVERIFY(desktop.close());
     QVERIFY(desktop.Dialogs.allCame());
+    QCOMPARE(desktop.setting("MRU", "1"), desktop.Folder.filePath("sub/a.txt"));
+    QCOMPARE(desktop.setting("MRU", "2"), desktop.Folder.filePath("b.txt"));
+    QCOMPARE(desktop.setting("MRU", "3"), QString(""));
+    QCOMPARE(desktop.setting("Last", "LFLoadPath"), desktop.Folder.filePath("sub"));
 }
 
 void TestRecentFiles::clickLoads()
 {
     Desktop desktop;
-    desktop.start();
-    desktop.close();
     const QString path = textFile(desktop, "one/a.txt", "first");
-    store(desktop, "MRU", {path, textFile(desktop, "two/a.txt", "second")});
-    Zendova *window = desktop.start();
+    Zendova *window = startWith(desktop, {path, textFile(desktop, "two/a.txt", "second")});
     menuItem(window, "FileMRU2")->trigger();
     QCOMPARE(window->TextBoard->Text(), QString("second"));
     QCOMPARE(window->LFLoadPath, desktop.Folder.filePath("two"));
@@ -292,60 +232,27 @@ void TestRecentFiles::clickLoads()
     QVERIFY(desktop.Dialogs.allCame());
 }
 
-void TestRecentFiles::deadEntry_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text"); // %1 is the test's folder
-    QTest::newRow("file") << "gone.txt"
-                          << "\r\rFile 'gone.txt'\r\rdoes not exist in\r\r%1/";
-    QTest::newRow("folder") << "gone/a.txt"
-                            << "\r\rFolder\r\r%1/gone/\r\rdoes not exist.";
-}
-
-void TestRecentFiles::deadEntry()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, text);
-    Desktop desktop;
-    desktop.start();
-    desktop.close();
-    store(desktop, "MRU", {desktop.Folder.filePath(name)});
-    Zendova *window = desktop.start();
-    const QString folder = window->LFLoadPath;
-    window->TextBoard->setText("kept");
-    desktop.Dialogs.message(ErrorTitle, text.arg(desktop.Folder.path()), "Ok");
-    menuItem(window, "FileMRU1")->trigger();
-    QVERIFY(desktop.Dialogs.allCame());
-    QCOMPARE(window->TextBoard->Text(), QString("kept"));
-    QCOMPARE(window->LFLoadPath, folder);
-    QVERIFY(menuItem(window, "FileMRU1")->isVisible());
-}
-
-void TestRecentFiles::blankItem()
+void TestRecentFiles::deadEntries()
 {
     Desktop desktop;
-    Zendova *window = desktop.start();
+    const QString folder = desktop.Folder.path() + '/';
+    Zendova *window = startWith(desktop, {folder + "gone.txt", folder + "gone/a.txt"});
+    const QString before = window->LFLoadPath;
+    const auto click = [&](int number, const QString &notice) {
+        desktop.Dialogs.message(ErrorTitle, notice, "Ok");
+        useDropDown(window, number);
+        QVERIFY(desktop.Dialogs.allCame());
+        QCOMPARE(window->LFLoadPath, before);
+        QCOMPARE(fileMenu(window, "FileTF").size(), 2 + 2);
+    };
     // Without a loaded file its path, nothing, is that of the blank row.
-    desktop.Dialogs.message(ErrorTitle, "\r\r\r\r\rText from this file is already loaded.", "Ok");
-    useDropDown(window, 1);
-    window->LoadTextFile(window->PendingFilePath = textFile(desktop, "a.txt"));
-    desktop.Dialogs.message(ErrorTitle, "\r\r\r\rDrive  does not exist.", "Ok");
-    QCOMPARE(useDropDown(window, 2), (QStringList{"a.txt", ""}));
-    QVERIFY(desktop.Dialogs.allCame());
-    QCOMPARE(window->TextBoard->Text(), QString("abc"));
-}
-
-void TestRecentFiles::keptAtExit()
-{
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    const QString path = textFile(desktop, "sub/a.txt");
-    window->LoadTextFile(window->PendingFilePath = path);
-    desktop.Dialogs.message("Zendova Exit Warning", "Discard text", "Yes");
-    QVERIFY(desktop.close());
-    QCOMPARE(desktop.setting("MRU", "1"), path);
-    QCOMPARE(desktop.setting("MRU", "2"), QString(""));
-    QCOMPARE(desktop.setting("Last", "LFLoadPath"), desktop.Folder.filePath("sub"));
+    click(3, "\r\r\r\r\rText from this file is already loaded.");
+    window->LoadedFilePath = folder + "b.txt";
+    window->TextBoard->setText("kept");
+    click(3, "\r\r\r\rDrive  does not exist.");
+    click(1, "\r\rFile 'gone.txt'\r\rdoes not exist in\r\r" + folder);
+    click(2, "\r\rFolder\r\r" + folder + "gone/\r\rdoes not exist.");
+    QCOMPARE(window->TextBoard->Text(), QString("kept"));
 }
 
 int main(int argc, char *argv[])
