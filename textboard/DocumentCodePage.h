@@ -9,7 +9,7 @@
 
 namespace DocumentCodePage {
 
-constexpr int Latin1 = 1252;
+constexpr int Windows1252 = 1252;
 
 /// The page of a font's `\fcharset` in the Rich Text Format; 0 where that leaves it to the
 /// document.

@@ -4,6 +4,7 @@
 #include "textboard/RichTextReader.h"
 
 #include "textboard/DocumentCodePage.h"
+#include "textboard/PendingCharacters.h"
 #include "textboard/RichTextBuilder.h"
 #include "textboard/RichTextFonts.h"
 #include "textboard/RichTextScanner.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::size_t MaxGroups = 1 << 20; ///< deeper ones are read, but restore no format
 constexpr std::size_t MaxColors = 1 << 16;
-constexpr qsizetype PendingBlock = 4096;
 
 /// What `\deff` says; no document can give this number to a font.
 constexpr quint32 DefaultFont = std::numeric_limits<quint32>::max();
@@ -80,7 +80,6 @@ private:
     void takeFontName(std::string_view stretch);
     void takeColors(std::string_view stretch);
     void appendCode(quint8 code);
-    void decodePending();
     void flush();
 
     bool isShown() const { return Now.Into == Destination::Body && !Now.Hidden; }
@@ -91,43 +90,40 @@ private:
     void character(int code, Number);
     void lineBreak(int end, Number);
     void style(int bit, Number number);
-    void styleOff(int bit, Number);
+    void styleOff(int bit, Number) { style(bit, 0); }
     void hidden(int bit, Number number);
     void fontNumber(int, Number number);
     void fontSize(int, Number number);
     void color(int, Number number);
     void plain(int, Number);
-    void alignment(int alignment, Number);
+    void alignment(int alignment, Number) { Now.Alignment = ParagraphAlignment(alignment); }
     void substitutes(int, Number number);
     void unicode(int, Number number);
-    void binary(int, Number number);
-    void documentPage(int page, Number);
+    void binary(int, Number number) { Source.skipBytes(number.value_or(0)); }
+    void documentPage(int page, Number) { Page = page; }
     void documentPageNumber(int, Number number);
-    void defaultFont(int, Number number);
-    void fontCharset(int, Number number);
-    void fontPage(int, Number number);
+    void defaultFont(int, Number number) { Fonts.setDefault(quint32(number.value_or(0))); }
+    void fontCharset(int, Number number) { Fonts.setCharset(number.value_or(0)); }
+    void fontPage(int, Number number) { Fonts.setPage(std::max(number.value_or(0), 0)); }
     void colorPart(int shift, Number number);
     void fontTable(int, Number);
     void colorTable(int, Number);
-    void bothSpellings(int, Number);
-    void passOver(int, Number);
+    /// Of a text in two spellings the first, for readers without Unicode, is passed over.
+    void bothSpellings(int, Number) { Source.skipNextGroup(); }
+    void passOver(int, Number) { Source.skipRestOfGroup(); }
 
     RichTextScanner Source;
-    bool IsDone = false;
-    bool IsOptional = false; ///< `\*` came: who doesn't know the next word passes the group over
+    bool IsClosed = false;    ///< the document's own group
+    bool IsBrokenOff = false; ///< the bytes ended before
+    bool IsOptional = false;  ///< `\*` came: who doesn't know the next word passes the group over
 
     State Now;
     std::vector<State> Saved;
     qsizetype Unsaved = 0; ///< open groups beyond `MaxGroups`
     int ToSkip = 0;        ///< characters that stand for the last `\u`
 
-    // Characters whose code isn't settled: an accent may follow, or the second of two bytes.
-    QString PendingText;
-    QByteArray PendingBytes; ///< behind PendingText, in the current code page
-    bool AwaitsSecondByte = false;
-    DocumentCodePage::Decoder Decoder;
-
-    int Page = DocumentCodePage::Latin1;
+    PendingCharacters Pending; ///< in the current code page
+    int Page = DocumentCodePage::Windows1252;
     RichTextFonts Fonts;
     std::vector<ColorValue> Colors;
     ColorValue ColorEntry = 0; ///< what is told of the next one
@@ -137,7 +133,7 @@ private:
 
 // By name, for the search.
 constexpr Reader::Keyword Reader::Keywords[] = {
-    {"ansi", &Reader::documentPage, 1252},
+    {"ansi", &Reader::documentPage, DocumentCodePage::Windows1252},
     {"ansicpg", &Reader::documentPageNumber},
     {"b", &Reader::style, BoldStyle},
     {"bin", &Reader::binary},
@@ -175,9 +171,11 @@ constexpr Reader::Keyword Reader::Keywords[] = {
     {"qc", &Reader::alignment, 2},
     {"qd", &Reader::alignment, 0},
     {"qj", &Reader::alignment, 0},
+    {"qk", &Reader::alignment, 0},
     {"ql", &Reader::alignment, 0},
     {"qmspace", &Reader::character, ' '},
     {"qr", &Reader::alignment, 1},
+    {"qt", &Reader::alignment, 0},
     {"rdblquote", &Reader::character, 0x94},
     {"red", &Reader::colorPart, 0},
     {"row", &Reader::lineBreak, RowEnd},
@@ -214,9 +212,9 @@ std::optional<RichText> Reader::read()
 {
     if (!Source.begin())
         return std::nullopt;
-    while (!IsDone && !Text.hasTooManyRuns())
+    while (!IsClosed && !IsBrokenOff && !Text.hasTooManyRuns())
         obey(Source.next());
-    if (Text.hasTooManyRuns())
+    if (IsBrokenOff || Text.hasTooManyRuns())
         return std::nullopt;
     return Text.finish(currentLook());
 }
@@ -227,8 +225,7 @@ void Reader::obey(const RichTextToken &token)
         IsOptional = false;
     switch (token.Kind) {
     case RichTextToken::End:
-        flush();
-        IsDone = true;
+        IsBrokenOff = true;
         break;
     case RichTextToken::OpenGroup:
         openGroup();
@@ -311,7 +308,7 @@ void Reader::closeGroup()
     if (Unsaved > 0) {
         --Unsaved;
     } else if (Saved.size() == 1) {
-        IsDone = true; // and the document's last formats stay in force
+        IsClosed = true; // and the document's last formats stay in force
     } else {
         Now = Saved.back();
         Saved.pop_back();
@@ -328,9 +325,8 @@ void Reader::takeStretch(std::string_view stretch)
     stretch.remove_prefix(skipped);
     if (stretch.empty())
         return;
-    if (AwaitsSecondByte && DocumentCodePage::isTrailByte(quint8(stretch.front()))) {
-        AwaitsSecondByte = false;
-        PendingBytes += stretch.front();
+    if (Pending.awaitsSecondByte() && DocumentCodePage::isTrailByte(quint8(stretch.front()))) {
+        Pending.add(quint8(stretch.front()), currentPage());
         stretch.remove_prefix(1);
     }
     flush();
@@ -352,14 +348,14 @@ void Reader::takeByte(quint8 byte)
     if (Now.Into == Destination::ColorTable || Now.Hidden)
         return;
     const int page = currentPage();
-    const bool isOneToOne = Now.Into == Destination::Body && (page == DocumentCodePage::Latin1 ||
-                                                              Fonts.font(Now.Format.Font).Symbol);
-    if (AwaitsSecondByte && !DocumentCodePage::isTrailByte(byte))
+    const bool isOneToOne =
+        Now.Into == Destination::Body &&
+        (page == DocumentCodePage::Windows1252 || Fonts.font(Now.Format.Font).Symbol);
+    if (Pending.awaitsSecondByte() && !DocumentCodePage::isTrailByte(byte))
         flush(); // a line end would get into the text undecoded
-    if (AwaitsSecondByte || (byte >= 0x80 && !isOneToOne)) {
-        PendingBytes += char(byte);
-        AwaitsSecondByte = !AwaitsSecondByte && DocumentCodePage::isLeadByte(page, byte);
-        if (PendingBytes.size() >= PendingBlock && !AwaitsSecondByte)
+    if (Pending.awaitsSecondByte() || (byte >= 0x80 && !isOneToOne)) {
+        Pending.add(byte, page);
+        if (Pending.isFull())
             flush();
         return;
     }
@@ -387,9 +383,8 @@ void Reader::takeUnicode(int number)
     }
     if (number <= 0 || number > int(QChar::LastValidCodePoint))
         return;
-    decodePending();
-    PendingText += QChar::fromUcs4(char32_t(number));
-    if (PendingText.size() >= PendingBlock && !PendingText.back().isHighSurrogate())
+    Pending.add(char32_t(number), currentPage());
+    if (Pending.isFull())
         flush();
 }
 
@@ -422,25 +417,13 @@ void Reader::appendCode(quint8 code)
         Text.append(&byte, 1, currentLook());
 }
 
-void Reader::decodePending()
-{
-    if (PendingBytes.isEmpty())
-        return;
-    const bool isIncomplete = std::exchange(AwaitsSecondByte, false);
-    PendingText += Decoder.decode(currentPage(), PendingBytes);
-    if (isIncomplete)
-        PendingText += u'?';
-    PendingBytes.clear();
-}
-
 /// Settles what is pending. To be called before anything that follows it in the text, and before
 /// the font, the code page or the destination changes.
 void Reader::flush()
 {
-    decodePending();
-    if (PendingText.isEmpty())
+    if (Pending.isEmpty())
         return;
-    const QString text = std::exchange(PendingText, {});
+    const QString text = Pending.take(currentPage());
     if (Now.Into == Destination::FontTable)
         Fonts.addToName(text);
     else
@@ -496,11 +479,6 @@ void Reader::style(int bit, Number number)
         Now.Format.Styles |= quint8(bit);
 }
 
-void Reader::styleOff(int bit, Number)
-{
-    style(bit, 0);
-}
-
 void Reader::hidden(int bit, Number number)
 {
     if (number == 0)
@@ -539,11 +517,6 @@ void Reader::plain(int, Number)
     Now.Hidden = 0;
 }
 
-void Reader::alignment(int alignment, Number)
-{
-    Now.Alignment = ParagraphAlignment(alignment);
-}
-
 void Reader::substitutes(int, Number number)
 {
     Now.Substitutes = quint8(std::clamp(number.value_or(1), 0, 255));
@@ -555,35 +528,10 @@ void Reader::unicode(int, Number number)
     ToSkip = Now.Substitutes;
 }
 
-void Reader::binary(int, Number number)
-{
-    Source.skipBytes(number.value_or(0));
-}
-
-void Reader::documentPage(int page, Number)
-{
-    Page = page;
-}
-
 void Reader::documentPageNumber(int, Number number)
 {
     if (number.value_or(0) > 0)
         Page = *number;
-}
-
-void Reader::defaultFont(int, Number number)
-{
-    Fonts.setDefault(quint32(number.value_or(0)));
-}
-
-void Reader::fontCharset(int, Number number)
-{
-    Fonts.setCharset(number.value_or(0));
-}
-
-void Reader::fontPage(int, Number number)
-{
-    Fonts.setPage(std::max(number.value_or(0), 0));
 }
 
 void Reader::colorPart(int shift, Number number)
@@ -602,17 +550,6 @@ void Reader::colorTable(int, Number)
     Now.Into = Destination::ColorTable;
     Colors.clear();
     ColorEntry = 0;
-}
-
-/// Of a text in two spellings the first, for readers without Unicode, is passed over.
-void Reader::bothSpellings(int, Number)
-{
-    Source.skipNextGroup();
-}
-
-void Reader::passOver(int, Number)
-{
-    Source.skipRestOfGroup();
 }
 
 } // namespace

@@ -21,7 +21,7 @@ inline constexpr QStringView DefaultFontName = u"Times New Roman";
 /// and is no line end. A line end takes the format of the text before it in its paragraph: its own
 /// can't be seen and often differs. Justified text counts as left.
 ///
-/// A document that breaks off is read as far as it goes. Nothing is given for what doesn't begin
-/// with `{\rtf` (white space and a byte order mark may go before), and for one whose format changes
+/// Nothing is given for what doesn't begin with `{\rtf` (white space and a byte order mark may go
+/// before), for a document that breaks off before its last brace, and for one whose format changes
 /// more than a million times (2^20).
 std::optional<RichText> readRichText(QByteArrayView source);
