@@ -15,6 +15,7 @@
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/TextBoard.h"
+#include "textboard/TextFileKind.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -57,7 +58,7 @@ QString firstFile(const QMimeData *dragged)
         if (url.isLocalFile())
             files += url.toLocalFile();
     const auto ours = std::ranges::find_if(
-        files, [](const QString &path) { return TextBoardRTF::KindOf(path).has_value(); });
+        files, [](const QString &path) { return TextFileKind(path).has_value(); });
     return ours != files.end() ? *ours : files.value(0);
 }
 
@@ -247,7 +248,7 @@ void Zendova::RouteFile(const QString &path, const QString &title)
         PendingMapPath = path;
         PendingMapName = name;
         UpdateMapCommands(1);
-    } else if (!::TextBoardRTF::KindOf(path)) {
+    } else if (!TextFileKind(path)) {
         ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
                     " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
                 "OK", ProductName + title, false, 1);

@@ -2,7 +2,6 @@
 // are the reader's and the writer's.
 #include "textboard/TextBoardRTF.h"
 
-#include "core/CheckDFFFunctions.h"
 #include "platform/CodePage.h"
 #include "textboard/RichTextReader.h"
 #include "textboard/RichTextWriter.h"
@@ -183,16 +182,6 @@ TextBoardRTF::TextBoardRTF(std::function<bool(const QString &)> isSymbolFont)
 }
 
 // Files
-
-std::optional<TextBoardRTF::FileKind> TextBoardRTF::KindOf(const QString &path)
-{
-    const QString ending = EndingOf(path);
-    if (ending == "ZUF")
-        return FileKind::RichText;
-    if (ending == "TXT")
-        return FileKind::PlainText;
-    return std::nullopt;
-}
 
 std::optional<QString> TextBoardRTF::LoadFile(const QString &path, FileKind kind)
 {

@@ -15,8 +15,6 @@ class TextBoardRTF
 {
 public:
     enum class FileKind { RichText = 0, PlainText = 1 };
-    /// The kind that a path's ending names, in capitals or not; nothing for any other ending.
-    static std::optional<FileKind> KindOf(const QString &path);
 
     /// Tells the fonts of signs by their name; a document says so of each of its fonts. Without it
     /// only fonts that were read as such are.

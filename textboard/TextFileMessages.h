@@ -90,7 +90,7 @@ constexpr FileMessage SettingsReplaced = {" File Save Warning", "YN", 2,
                                           "\rit's original font settings."
                                           "\r\rSave File?"};
 constexpr FileMessage NotSaved = {" File Save Error", "OK", 1,
-                                  "\r\rThe text could not be saved."
+                                  "\rThe text could not be saved."
                                   "\rIt is still on the TextBoard."
                                   "\r\r%1"};
 

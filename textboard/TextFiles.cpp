@@ -12,6 +12,7 @@
 #include "platform/controls/NumberSlider.h"
 #include "textboard/QBColors.h"
 #include "textboard/TextBoard.h"
+#include "textboard/TextFileKind.h"
 #include "textboard/TextFileMessages.h"
 
 #include <QAction>
@@ -20,18 +21,15 @@
 #include <QSlider>
 #include <QToolButton>
 #include <array>
+#include <cerrno>
 #include <cmath>
+#include <new>
 
 namespace {
 
 using FileKind = TextBoardRTF::FileKind;
 
 constexpr auto FileFilter = "Zendova Uniform Format Files (*.ZUF)|*.zuf|Text Files (*.TXT)|*.txt";
-
-/// Ends a part of a load. Which message that gives depends on the part alone.
-struct LoadFault : std::exception
-{
-};
 
 void tell(const FileMessage &message, const QString &insert = {})
 {
@@ -57,7 +55,11 @@ std::optional<QString> loadFile(TextBoardRTF &buffer, const QString &path, FileK
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard(&QGuiApplication::restoreOverrideCursor);
-    return buffer.LoadFile(path, kind);
+    try {
+        return buffer.LoadFile(path, kind);
+    } catch (const std::bad_alloc &) {
+        return qt_error_string(ENOMEM);
+    }
 }
 
 void selectAll(TextBoardRTF &buffer)
@@ -82,12 +84,8 @@ void Zendova::LoadTextFile(const QString &Path)
     EmptyBoard();
     LoadedFilePath.clear();
     LoadedFileTitle.clear();
-    try {
-        if (!ReadPendingFile())
-            return;
-    } catch (const std::exception &) {
-        return tell(FileMessages::NotReadable);
-    }
+    if (!ReadPendingFile())
+        return;
     const bool partially = TextBoardRTF.TextLength() > TBLimit;
     if (partially && !ask(FileMessages::TooLong))
         return TextBoardRTF.setText({}); // which may be large
@@ -116,12 +114,10 @@ bool Zendova::MayDiscardText()
 
 bool Zendova::AskForTextFile()
 {
-    const auto chosen =
-        CmnDlg::ShowOpen(this, {.DialogTitle = "Select a File to Load Text From",
-                                .Filter = FileFilter,
-                                .Flags = FileOffer::HideReadOnly | FileOffer::PathMustExist |
-                                         FileOffer::FileMustExist,
-                                .InitDir = LFLoadPath});
+    const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Select a File to Load Text From",
+                                                .Filter = FileFilter,
+                                                .Flags = FileOffer::FileMustExist,
+                                                .InitDir = LFLoadPath});
     if (!chosen || !CheckAlreadyLoaded(chosen->FileName))
         return false;
     PendingFilePath = chosen->FileName;
@@ -141,14 +137,15 @@ bool Zendova::CheckAlreadyLoaded(const QString &Path)
 
 bool Zendova::ReadPendingFile()
 {
-    const std::optional<FileKind> kind = ::TextBoardRTF::KindOf(PendingFilePath);
+    const std::optional<FileKind> kind = TextFileKind(PendingFilePath);
     if (!kind) {
         tell(FileMessages::WrongType);
         return false;
     }
     if (const auto reason = loadFile(TextBoardRTF, PendingFilePath, *kind)) {
         qWarning("%s: %s", qPrintable(PendingFilePath), qPrintable(*reason));
-        throw LoadFault();
+        tell(FileMessages::NotReadable);
+        return false;
     }
     if (*kind == FileKind::RichText) {
         LoadFontReplaced = false;
@@ -156,9 +153,10 @@ bool Zendova::ReadPendingFile()
             return false;
     }
     selectAll(TextBoardRTF);
-    if (!TextBoardRTF.SelFontSize() || !TextBoardRTF.SelColor() || !TextBoardRTF.SelFontName())
-        throw LoadFault();
-    return true;
+    if (TextBoardRTF.SelFontSize() && TextBoardRTF.SelColor() && TextBoardRTF.SelFontName())
+        return true;
+    tell(FileMessages::NotReadable);
+    return false;
 }
 
 /// False if the font is not there and the user doesn't want the text without it. The font picker
@@ -178,7 +176,7 @@ bool Zendova::TakeFontOfFile()
 
 void Zendova::ShowLoadedText()
 {
-    if (::TextBoardRTF::KindOf(PendingFilePath) == FileKind::PlainText) {
+    if (TextFileKind(PendingFilePath) == FileKind::PlainText) {
         if (OptLoadTD->isChecked())
             RestoreTextBoardDefaults();
     } else if (!LoadFontReplaced) {
@@ -276,38 +274,29 @@ void Zendova::ShowFileInTitle(bool partially)
 
 void Zendova::FileSave_Click()
 {
-    const bool wasText = ::TextBoardRTF::KindOf(LoadedFilePath) == FileKind::PlainText;
-    const auto chosen =
-        CmnDlg::ShowSave(this, {.DialogTitle = "Save Text in File",
-                                .Filter = FileFilter,
-                                .FilterIndex = wasText ? 2 : 1,
-                                .Flags = FileOffer::OverwritePrompt | FileOffer::HideReadOnly,
-                                .InitDir = LFSavePath,
-                                .FileName = LoadedFilePath});
+    const bool wasText = TextFileKind(LoadedFilePath) == FileKind::PlainText;
+    const auto chosen = CmnDlg::ShowSave(this, {.DialogTitle = "Save Text in File",
+                                                .Filter = FileFilter,
+                                                .FilterIndex = wasText ? 2 : 1,
+                                                .Flags = FileOffer::OverwritePrompt,
+                                                .InitDir = LFSavePath,
+                                                .FileName = LoadedFilePath});
     if (!chosen)
         return;
-    const bool fontWasReplaced = LoadFontReplaced;
-    if (!MayOverwriteSettings(chosen->FileName))
+    // Settings that were never shown are lost with the file that holds them.
+    const bool isLoaded = chosen->FileName == LoadedFilePath;
+    if (isLoaded && LoadFontReplaced && !ask(FileMessages::SettingsReplaced))
         return;
-    if (const auto reason = WriteTextFile(*chosen)) {
-        LoadFontReplaced = fontWasReplaced;
-        return tell(FileMessages::NotSaved, chosen->FileName + '\r' + *reason);
-    }
+    if (const auto reason = WriteTextFile(*chosen))
+        return tell(FileMessages::NotSaved, *reason + '\r' + chosen->FileName);
+    if (!isLoaded)
+        LoadFontReplaced = false;
     AddFileToMRU(chosen->FileName);
     LoadedFilePath = chosen->FileName;
     LoadedFileTitle = chosen->FileTitle;
     LFSavePath = WithoutSeparator(SplitAtLastSeparator(LoadedFilePath).Folder);
     ShowFileInTitle(false);
     TextChanged = false;
-}
-
-/// Asks before settings that were never shown are lost with the file that holds them.
-bool Zendova::MayOverwriteSettings(const QString &path)
-{
-    if (path == LoadedFilePath && LoadFontReplaced)
-        return ask(FileMessages::SettingsReplaced);
-    LoadFontReplaced = false;
-    return true;
 }
 
 /// Gives the reason of a failure.

@@ -79,17 +79,14 @@ private:
 /// What a file dialog starts from.
 struct FileOffer
 {
-    /// Bits, to be summed. No dialog here has a box for reading only, so that there is nothing to
-    /// hide; a file that must exist has a path that does.
-    enum Flag { OverwritePrompt = 2, HideReadOnly = 4, PathMustExist = 2048, FileMustExist = 4096 };
+    enum Flag { OverwritePrompt = 2, FileMustExist = 4096 }; ///< bits, to be summed
 
     QString DialogTitle;
     QString Filter;      ///< "text|pattern|text|pattern...": kinds of files, in any case of letters
     int FilterIndex = 1; ///< the kind that is offered first, from 1
     int Flags = 0;
-    QString InitDir; ///< the documents folder stands in for one that isn't there
-    QString
-        FileName{}; ///< offered name, whose folder, if it has one, comes before InitDir; or empty
+    QString InitDir;    ///< the documents folder stands in for one that isn't there
+    QString FileName{}; ///< offered name; its folder, if it has one, comes before InitDir
 };
 
 struct ChosenFile
@@ -100,8 +97,8 @@ struct ChosenFile
 
 namespace CmnDlg {
 
-/// Asks for a file to read or to write: the desktop's own dialog where it has one. Names of other
-/// kinds than the offered can be typed. Nothing is given after Cancel.
+/// Asks for a file of this computer to read or to write: the desktop's own dialog where it has one.
+/// Names of other kinds than the offered can be typed. Nothing is given after Cancel.
 std::optional<ChosenFile> ShowOpen(QWidget *parent, const FileOffer &offer);
 std::optional<ChosenFile> ShowSave(QWidget *parent, const FileOffer &offer);
 

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QUrl>
 
 namespace {
 
@@ -69,9 +70,13 @@ std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
     dialog.selectNameFilter(filters.value(offer.FilterIndex - 1));
     if (!offer.FileName.isEmpty())
         dialog.selectFile(QFileInfo(offer.FileName).fileName());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    dialog.setSupportedSchemes({"file"});
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    const QString chosen = dialog.selectedFiles().constFirst();
+    // Not every desktop's dialog keeps to the scheme.
+    const QString chosen = dialog.selectedUrls().value(0).toLocalFile();
+    if (chosen.isEmpty())
+        return std::nullopt;
     return ChosenFile{.FileName = chosen, .FileTitle = QFileInfo(chosen).fileName()};
 }
 

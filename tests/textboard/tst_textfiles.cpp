@@ -63,7 +63,7 @@ const Said UnknownError = {"Zendova Unknown Error",
 const Said SettingsReplaced = {"Zendova File Save Warning",
                                "will overwrite it's original font settings. Save File?"};
 const Said NotSaved = {"Zendova File Save Error",
-                       "It is still on the TextBoard. %1 No such file or directory"};
+                       "It is still on the TextBoard. No such file or directory %1"};
 
 /// A document of 12 points in one font and one colour with this body.
 QByteArray document(const QByteArray &body, const QByteArray &font = "Zt Four",
@@ -577,11 +577,7 @@ void TestTextFiles::drop()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestTextFiles test;
-    return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
+    return runWindowTest<TestTextFiles>(argc, argv);
 }
 
 #include "tst_textfiles.moc"
