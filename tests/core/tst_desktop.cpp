@@ -228,11 +228,7 @@ void TestDesktop::changesUnderADialog()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestDesktop test;
-    return QTest::qExec(&test, argc, argv);
+    return runWindowTest<TestDesktop>(argc, argv);
 }
 
 #include "tst_desktop.moc"

@@ -344,11 +344,7 @@ void TestHelp::findsInPage()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestHelp test;
-    return QTest::qExec(&test, argc, argv);
+    return runWindowTest<TestHelp>(argc, argv);
 }
 
 #include "tst_help.moc"

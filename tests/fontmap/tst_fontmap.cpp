@@ -379,11 +379,7 @@ void TestFontMap::showsTheFontsOwnGlyphs()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestFontMap test;
-    return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
+    return runWindowTest<TestFontMap>(argc, argv);
 }
 
 #include "tst_fontmap.moc"

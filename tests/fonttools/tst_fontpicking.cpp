@@ -175,11 +175,7 @@ void TestFontPicking::findsByTheExactName()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestFontPicking test;
-    return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
+    return runWindowTest<TestFontPicking>(argc, argv);
 }
 
 #include "tst_fontpicking.moc"

@@ -257,11 +257,7 @@ void TestRecentFiles::deadEntries()
 
 int main(int argc, char *argv[])
 {
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    TestRecentFiles test;
-    return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
+    return runWindowTest<TestRecentFiles>(argc, argv);
 }
 
 #include "tst_recentfiles.moc"
