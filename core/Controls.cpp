@@ -4,6 +4,7 @@
 #include "core/Zendova.h"
 
 #include "core/SettingsDefaults.h"
+#include "platform/ClipboardFormats.h"
 #include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/Accessibility.h"
@@ -393,8 +394,9 @@ void Zendova::ConnectControls()
     connect(TextBoard, &::TextBoard::KeyUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::MouseUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::copyAvailable, this, &Zendova::SyncEditCommands);
+    ClipboardHasText = ClipboardFormats::hasText();
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
-            &Zendova::SyncEditCommands);
+            &Zendova::Clipboard_Change);
     // The control's own menu would go round the Edit commands and what they keep.
     TextBoard->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(TextBoard, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
@@ -408,8 +410,18 @@ void Zendova::ConnectControls()
     connect(FindNextButton, &QPushButton::clicked, this, &Zendova::FindNextButton_Click);
     connect(ClearFindButton, &QPushButton::clicked, this, &Zendova::ClearFindButton_Click);
     connect(CloseFindButton, &QPushButton::clicked, this, &Zendova::CloseFindButton_Click);
+    for (QCheckBox *option : FindOpt) {
+        auto *enter = new QShortcut(option);
+        enter->setKeys({Qt::Key_Return, Qt::Key_Enter});
+        enter->setContext(Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, FindNextButton, &QPushButton::click);
+    }
     auto *escape = new QShortcut(Qt::Key_Escape, FindFrame);
-    escape->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(escape, &QShortcut::activated, this, &Zendova::CloseFindButton_Click);
+    BoardEscape = new QShortcut(Qt::Key_Escape, TextBoard);
+    BoardEscape->setEnabled(false);
+    for (QShortcut *shortcut : {escape, BoardEscape}) {
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, &Zendova::CloseFindButton_Click);
+    }
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }

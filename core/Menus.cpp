@@ -69,9 +69,9 @@ constexpr MenuRow Rows[] = {
     {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit, Plain, GeneralHelp},
 
     {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
-    {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del", &Zendova::EditCut_Click},
-    {1, "EditCopy", "&Copy", "Ctrl+C; Ctrl+Ins", &Zendova::EditCopy_Click},
-    {1, "EditPaste", "&Paste", "Ctrl+V; Shift+Ins", &Zendova::EditPaste_Click},
+    {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del; F20; Cut", &Zendova::EditCut_Click},
+    {1, "EditCopy", "&Copy", "Ctrl+C; Ctrl+Ins; F16; Copy", &Zendova::EditCopy_Click},
+    {1, "EditPaste", "&Paste", "Ctrl+V; Shift+Ins; F18; Paste", &Zendova::EditPaste_Click},
     {1, "EditDelete", "&Delete", "Ctrl+D", &Zendova::EditDelete_Click, &Zendova::EditDelete},
     {1, "EditSep1", Line},
     {1, "EditSelectAll", "Select &All", "Ctrl+A", &Zendova::EditSelectAll_Click,
@@ -264,6 +264,7 @@ void Zendova::CreateMenus()
         setHelpId(item);
         item->setShortcuts(QKeySequence::listFromString(row.Key));
         item->setCheckable(row.Flags & Checkable);
+        item->setAutoRepeat(!(row.Flags & Checkable)); // a held key would flicker
         item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
         item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
         item->setVisible(!(row.Flags & Hidden));

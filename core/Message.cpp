@@ -24,7 +24,7 @@ constexpr TwipRect SecondPlace = {4140, 1950, 1290, 330};
 /// can be: they would be cut off at both ends.
 QString withBreaks(const QString &text)
 {
-    constexpr int most = 40; // characters that fit whatever they are
+    constexpr int most = 30; // characters that fit whatever they are
     QString result;
     int inWord = 0;
     for (const QChar c : text) {
@@ -131,8 +131,12 @@ void Message::createControls()
 
 bool Message::eventFilter(QObject *watched, QEvent *event)
 {
-    if (MsgOkMode && event->type() == QEvent::KeyPress) {
+    if (event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->isAutoRepeat()) // still held from before, when there was nothing to answer
+            return true;
+        if (!MsgOkMode)
+            return QDialog::eventFilter(watched, event);
         const bool moves = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Delete;
         if (!key->text().isEmpty() && !moves) {
             reject();

@@ -243,9 +243,9 @@ void Zendova::InitSettings(const QString &Mode)
     if (Mode == "Ask") {
         ZndvMsg("\r" + ProductName +
                     " registry entries seem to be incorrect.  \r\rContinue Loading?\r\r"
-                    "\u2022 Press Yes to repair registry and continue loading.\r"
+                    "• Press Yes to repair registry and continue loading.\r"
                     "(all settings will be reset to default values)      \r"
-                    "\u2022 Press No to terminate loading.",
+                    "• Press No to terminate loading.",
                 "YN", ProductName + " Registry Initialization Error", false, 1);
         if (!MsgResult) {
             LoadAborted = true;

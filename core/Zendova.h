@@ -30,6 +30,7 @@ class QKeyEvent;
 class QLabel;
 class QMenu;
 class QPushButton;
+class QShortcut;
 class QToolButton;
 class TextBoard;
 class Toolbar;
@@ -383,10 +384,14 @@ public:
     void CopyBoardToClipboard();
     /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
     void PrepareRTFBuffer(bool Whole);
+    void Clipboard_Change();
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
 
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
+    /// Asked for only when the clipboard changes: the answer is another program's and may take
+    /// long.
+    bool ClipboardHasText = false;
 
     // ---- textboard/FindBar.cpp: the find bar and the search
 
@@ -404,8 +409,9 @@ public:
     /// characters of the map go there.
     bool FindHasFocus() const;
 
-    QString FindText;    ///< of the last search
-    double FindRoom = 0; ///< twips that the board gave to the open bar
+    QShortcut *BoardEscape = nullptr; ///< closes the bar from the board, while it is open
+    QString FindText;                 ///< of the last search
+    double FindRoom = 0;              ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -484,7 +490,6 @@ private:
     void TakeColorOfFile();
     void LimitSizeOfFile();
     void TakeFormatOfFile();
-    bool MayOverwriteSettings(const QString &path);
     std::optional<QString> WriteTextFile(const ChosenFile &file);
     void ShowFileInTitle(bool partially);
     QAction *RecentItem(const RecentList &list, int index) const;

@@ -33,8 +33,8 @@ void Zendova::InitFonts()
         return;
     }
     ZndvMsg("\r\rThe font last used by Zendova is unavailable.\r\rContinue Loading?\r\r"
-            "\u2022 Press Yes to load Zendova with a default font.\r"
-            "\u2022 Press No to terminate loading.",
+            "• Press Yes to load Zendova with a default font.\r"
+            "• Press No to terminate loading.",
             "YN", "Zendova Font Initialization Error", false, 1);
     // Without any font there is nothing to go on with, whatever the answer.
     if (MsgResult && FontCount > 0)

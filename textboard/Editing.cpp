@@ -11,6 +11,7 @@
 #include "textboard/TextBoard.h"
 
 #include <QAction>
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -89,8 +90,8 @@ void Zendova::EditPaste_Click()
             "the maximum limit (61,440 characters) of the TextBoard.\r"
             "A partial paste upto the limit of the TextBoard is possible.\r\r"
             "Continue Paste?\r"
-            "\u2022 Press Yes to paste partial string.\r"
-            "\u2022 Press No to cancel paste.",
+            "• Press Yes to paste partial string.\r"
+            "• Press No to cancel paste.",
             "YN", ProductName + " TextBoard Limit Warning", false, 1);
     if (!MsgResult)
         return;
@@ -111,8 +112,13 @@ void Zendova::EditDelete_Click()
 
 void Zendova::EditSelectAll_Click()
 {
-    TextBoard->setSelStart(0);
-    TextBoard->setSelLength(TextBoard->TextLength());
+    TextBoard->selectAll(); // without scrolling, as the text stays in view
+}
+
+void Zendova::Clipboard_Change()
+{
+    ClipboardHasText = ClipboardFormats::hasText();
+    SyncEditCommands();
 }
 
 void Zendova::PrepareRTFBuffer(bool Whole)
@@ -162,8 +168,8 @@ void Zendova::EmptyBoard()
 bool Zendova::MayUnload()
 {
     const QString question = "Continue Unloading?\r"
-                             "\u2022 Press Yes to continue unloading TextBoard.\r"
-                             "\u2022 Press No to cancel operation.";
+                             "• Press Yes to continue unloading TextBoard.\r"
+                             "• Press No to cancel operation.";
     if (TextChanged) {
         ZndvMsg("\r\rText on the TextBoard has been changed.\r"
                 "You will lose these changes by unloading the TextBoard now.\r\r" +
@@ -200,7 +206,9 @@ void Zendova::RestoreTextBoardDefaults()
 {
     ReadTextBoardDefaults();
     ApplyTextBoardSettings();
-    TBFontIndex = FindCurrentFontIndex();
+    // Where the font of the settings isn't there, the first one stands in, as at the start.
+    TBFontIndex = std::max(FindCurrentFontIndex(), 1);
     FontNameCombo->SelectItem(TBFontIndex);
+    TBFontName = FontNameCombo->Text();
     ApplyFontToAll();
 }

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
@@ -30,7 +31,8 @@ QString withoutBlanks(const QString &text)
 QString inMessage(const QString &text)
 {
     constexpr qsizetype most = 120; // characters
-    const QString shown = withoutBlanks(text).replace("\r\n", " ");
+    const QString shown =
+        withoutBlanks(text).replace("\r\n", " ").replace('\r', ' ').replace('\n', ' ');
     return shown.size() > most ? shown.left(most) + u'\u2026' : shown;
 }
 
@@ -49,6 +51,7 @@ void Zendova::ShowFindBar(int Value)
         Form.setHeight(TextBoard, Form.height(TextBoard) - FindRoom);
         PlaceFindBar();
         FindFrame->show();
+        BoardEscape->setEnabled(true);
         TextBoard->ensureCursorVisible();
     }
     FindString->setText(TextBoard->SelText());
@@ -64,6 +67,7 @@ void Zendova::CloseFindBar()
         TextBoard->setFocus();
     Form.setHeight(TextBoard, Form.height(TextBoard) + std::exchange(FindRoom, 0));
     FindFrame->hide();
+    BoardEscape->setEnabled(false);
 }
 
 void Zendova::EditFind_Click()
@@ -92,7 +96,8 @@ void Zendova::StretchFindBar()
     Form.setWidth(FindFrame, Form.width(TextBoard) - 2 * TwipsX);
     // On a dense screen a pixel has fewer twips than the buttons were drawn for, and they would lie
     // on each other.
-    const double pixel = std::max(TwipsX, 15.0);
+    constexpr double designPixel = 15;
+    const double pixel = std::max(TwipsX, designPixel);
     const double width = Form.width(FindFrame);
     const double next = width - 400 * pixel;
     Form.setWidth(FindString, std::max(0.0, width - 443 * pixel));

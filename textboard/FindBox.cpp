@@ -46,6 +46,8 @@ void FindBox::keyPressEvent(QKeyEvent *event)
 {
     if (EditKeys::belongsToWindow(*event))
         event->ignore();
+    else if (EditKeys::isRedo(*event))
+        redo();
     else
         QLineEdit::keyPressEvent(event);
 }

@@ -5,7 +5,7 @@
 #include <QLineEdit>
 
 /// What comes in, typed, composed, dropped, pasted or set by code, is brought into the code page. A
-/// line end in it stays, and shows as a blank.
+/// line end in it stays, and shows as blanks.
 class FindBox : public QLineEdit
 {
     Q_OBJECT

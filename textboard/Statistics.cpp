@@ -86,7 +86,7 @@ void Zendova::SyncEditCommands()
     EnableButton(TextEditTB, "Cut", selected);
     EnableButton(TextEditTB, "Copy", selected);
     EditDelete->setEnabled(selected);
-    EnableButton(TextEditTB, "Paste", ClipboardFormats::hasText());
+    EnableButton(TextEditTB, "Paste", ClipboardHasText);
 }
 
 void Zendova::ApplyTextBoardSettings()

@@ -27,6 +27,15 @@ Use press(Qt::Key key)
     return [key](Message &dialog) { QTest::keyClick(dialog.focusWidget(), key); };
 }
 
+/// A key that is held down from before the message came.
+Use held(Qt::Key key)
+{
+    return [key](Message &dialog) {
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, "x", true);
+        QApplication::sendEvent(dialog.focusWidget(), &repeated);
+    };
+}
+
 /// Shows a message, works it, and waits until it is closed.
 void show(Desktop &desktop, const QString &buttons, const Use &use, bool showCheck = false,
           int defaultButton = 1, const QString &text = "\r\rText")
@@ -73,6 +82,8 @@ private slots:
         row("Shift in a notice", "OK", press(Qt::Key_Shift), false);
         row("Left in a notice", "OK", press(Qt::Key_Left), false);
         row("Tab in a notice", "OK", press(Qt::Key_Tab), false);
+        row("held key in a notice", "OK", held(Qt::Key_Z), false);
+        row("held Enter in a question", "YN", held(Qt::Key_Return), false);
         row("Yes", "YN", first, true, true);
         row("No", "YN", second, true);
         row("close box of a question", "YN", closeBox, true);

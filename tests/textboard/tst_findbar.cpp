@@ -74,6 +74,8 @@ private slots:
                 QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
             else if (way == "Close")
                 QTest::mouseClick(window->CloseFindButton, Qt::LeftButton);
+            else if (way == "Esc on the board")
+                QTest::keyClick(window->TextBoard, Qt::Key_Escape);
             else
                 press(window, qPrintable(way));
         };
@@ -85,7 +87,8 @@ private slots:
         QTest::keyClicks(window->TextBoard, "a");
         const std::pair<const char *, const char *> ways[] = {
             {"menu", "menu"},    {"Ctrl+F", "Ctrl+F"}, {"button", "button"},
-            {"button", "Close"}, {"Ctrl+F", "Esc"},    {"menu", "Ctrl+F"}};
+            {"button", "Close"}, {"Ctrl+F", "Esc"},    {"menu", "Ctrl+F"},
+            {"Ctrl+F", "Esc on the board"}};
         for (const auto &[opens, closes] : ways) {
             give(opens);
             checkOpen(window, board.bottom());
@@ -168,8 +171,10 @@ private slots:
             press(window, keys);
         QCOMPARE(window->FindString->text(), QString("fi"));
         QVERIFY(window->TextBoard->FontUnderline());
-        press(window, "Ctrl+Z");
-        QCOMPARE(window->FindString->text(), QString("ofi"));
+        for (const auto &[keys, text] : {std::pair("Ctrl+Z", "ofi"), {"Ctrl+Y", "fi"}}) {
+            press(window, keys);
+            QCOMPARE(window->FindString->text(), QString(text));
+        }
         QCOMPARE(window->TextBoard->Text(), QString("cat dog"));
     }
 
@@ -225,7 +230,8 @@ private slots:
         press(window, "F3"); // is off, as nothing was looked for yet
         lookFor(window, "cat");
         select(window, 0, 8); // two lines
-        // By Enter alone, first in the box, then on the button.
+        // By Enter alone, first on an option, then on the button.
+        window->FindOpt[1]->setFocus();
         for (const int hit : {2, 9, 22}) {
             QTest::keyClick(window->focusWidget(), Qt::Key_Return);
             QCOMPARE(window->TextBoard->SelStart(), hit);
