@@ -43,12 +43,12 @@ int proportionalSetSize()
 class AfterPaint : public QObject
 {
 public:
-    explicit AfterPaint(QWidget *window) : m_window(window) { qApp->installEventFilter(this); }
+    explicit AfterPaint(QWidget *window) : Window(window) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (!m_seen && watched == m_window && event->type() == QEvent::Paint) {
-            m_seen = true;
+        if (!Seen && watched == Window && event->type() == QEvent::Paint) {
+            Seen = true;
             QTimer::singleShot(0, this, [] {
                 std::printf("painted\n");
                 std::fflush(stdout);
@@ -63,8 +63,8 @@ public:
     }
 
 private:
-    QWidget *m_window;
-    bool m_seen = false;
+    QWidget *Window;
+    bool Seen = false;
 };
 
 void showBareWindow(QApplication &application)
@@ -142,26 +142,26 @@ Round runChild(const QString &what, const QString &fonts, const QString &setting
 class Start
 {
 public:
-    Start(const QString &what, const QString &fonts) : m_what(what), m_fonts(fonts)
+    Start(const QString &what, const QString &fonts) : Variant(what), Fonts(fonts)
     {
-        runChild("settings", m_fonts, m_settings.path());
-        runChild(m_what, m_fonts, m_settings.path()); // the caches are warm, as they are for a user
+        runChild("settings", Fonts, Settings.path());
+        runChild(Variant, Fonts, Settings.path()); // the caches are warm, as they are for a user
     }
 
     void operator()(benchmark::State &state) const
     {
         Round round;
         for ([[maybe_unused]] auto unused : state) {
-            round = runChild(m_what, m_fonts, m_settings.path());
+            round = runChild(Variant, Fonts, Settings.path());
             state.SetIterationTime(round.Milliseconds / 1000);
         }
         state.counters["PSS_MiB"] = round.Kibibytes / 1024.0;
     }
 
 private:
-    QString m_what;
-    QString m_fonts;
-    QTemporaryDir m_settings;
+    QString Variant;
+    QString Fonts;
+    QTemporaryDir Settings;
 };
 
 double fastest(const std::vector<double> &rounds)

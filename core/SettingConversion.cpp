@@ -35,7 +35,7 @@ ConversionError::ConversionError(QStringView itsKey, QStringView itsName, QStrin
     : key(itsKey.toString())
     , name(itsName.toString())
     , text(itsText.toString())
-    , m_what(QStringLiteral("The setting %1\\%2 cannot be converted: \"%3\"")
+    , Reason(QStringLiteral("The setting %1\\%2 cannot be converted: \"%3\"")
                  .arg(key, name, text)
                  .toUtf8())
 {

@@ -23,10 +23,10 @@ public:
     const QString text;
 
     /// One line in English with key, name and text, in UTF-8.
-    const char *what() const noexcept override { return m_what.constData(); }
+    const char *what() const noexcept override { return Reason.constData(); }
 
 private:
-    QByteArray m_what;
+    QByteArray Reason;
 };
 
 /// Nothing gives 0. A string is decimal digits with or without sign, decimals and blanks round

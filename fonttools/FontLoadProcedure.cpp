@@ -37,25 +37,25 @@ TextMetric textMetricOf(const FontFamily &family, const FontTraits &traits)
 
 void FontList::clear()
 {
-    m_entries.clear();
+    Entries.clear();
 }
 
 void FontList::add(const QString &entry, int column)
 {
-    m_entries.push_back({entry, column});
+    Entries.push_back({entry, column});
 }
 
 void FontList::sort()
 {
     // The order of UTF-8 bytes is the order of code points, which that of UTF-16 is not.
     std::vector<std::pair<QByteArray, Entry>> keyed;
-    keyed.reserve(m_entries.size());
-    for (Entry &entry : m_entries) {
+    keyed.reserve(Entries.size());
+    for (Entry &entry : Entries) {
         QByteArray key = entry.text.toCaseFolded().toUtf8();
         keyed.emplace_back(std::move(key), std::move(entry));
     }
     std::ranges::stable_sort(keyed, {}, &std::pair<QByteArray, Entry>::first);
-    std::ranges::transform(keyed, m_entries.begin(), [](auto &pair) { return pair.second; });
+    std::ranges::transform(keyed, Entries.begin(), [](auto &pair) { return pair.second; });
 }
 
 FontClass fontClass(QStringView entry)

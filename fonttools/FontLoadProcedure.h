@@ -23,7 +23,7 @@ public:
     /// To be called after the last add() and before the first look.
     void sort();
 
-    int count() const { return static_cast<int>(m_entries.size()); }
+    int count() const { return static_cast<int>(Entries.size()); }
 
     /// `index` is 0..count()-1.
     const QString &entry(int index) const { return at(index).text; }
@@ -36,9 +36,9 @@ private:
         int column;
     };
 
-    const Entry &at(int index) const { return m_entries[static_cast<std::size_t>(index)]; }
+    const Entry &at(int index) const { return Entries[static_cast<std::size_t>(index)]; }
 
-    std::vector<Entry> m_entries;
+    std::vector<Entry> Entries;
 };
 
 enum class FontClass { TrueType, System };

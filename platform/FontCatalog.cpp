@@ -243,7 +243,7 @@ struct FontCatalog::Rows
     }
 };
 
-FontCatalog::FontCatalog() : m_rows(std::make_unique<Rows>())
+FontCatalog::FontCatalog() : Table(std::make_unique<Rows>())
 {
     Q_ASSERT(!currentCatalog);
     currentCatalog = this;
@@ -265,8 +265,8 @@ FontCatalog &FontCatalog::current()
 
 void FontCatalog::readFamilies()
 {
-    const Rows &rows = *m_rows;
-    m_indexByName.reserve(rows.count());
+    const Rows &rows = *Table;
+    IndexByName.reserve(rows.count());
     for (int row = 0; row < rows.count(); ++row) {
         // A variable font comes once as a whole, which is this, and once for each named style.
         if (flagOf(rows[row], FC_VARIABLE))
@@ -275,43 +275,43 @@ void FontCatalog::readFamilies()
         if (name.isEmpty())
             continue;
         const QString key = keyOf(name);
-        auto found = m_indexByName.find(key);
-        if (found == m_indexByName.end()) {
-            found = m_indexByName.insert(key, static_cast<int>(m_families.size()));
-            m_families.push_back({name});
-            m_entries.emplace_back();
+        auto found = IndexByName.find(key);
+        if (found == IndexByName.end()) {
+            found = IndexByName.insert(key, static_cast<int>(Families.size()));
+            Families.push_back({name});
+            Entries.emplace_back();
         }
         const auto index = static_cast<std::size_t>(*found);
-        m_entries[index].rows.push_back(row);
-        m_families[index].fontType = std::max(m_families[index].fontType, fontTypeOf(rows[row]));
+        Entries[index].rows.push_back(row);
+        Families[index].fontType = std::max(Families[index].fontType, fontTypeOf(rows[row]));
     }
 }
 
 std::optional<int> FontCatalog::indexOf(const QString &family) const
 {
-    const auto found = m_indexByName.find(keyOf(family));
-    return found == m_indexByName.end() ? std::nullopt : std::optional(*found);
+    const auto found = IndexByName.find(keyOf(family));
+    return found == IndexByName.end() ? std::nullopt : std::optional(*found);
 }
 
 const std::vector<int> &FontCatalog::rowsOf(const QString &family) const
 {
     static const std::vector<int> none;
     const auto index = indexOf(family);
-    return index ? m_entries[static_cast<std::size_t>(*index)].rows : none;
+    return index ? Entries[static_cast<std::size_t>(*index)].rows : none;
 }
 
 void FontCatalog::addReplacedFamilies()
 {
-    if (m_families.empty())
+    if (Families.empty())
         return;
     QList<QStringList> generic;
     for (const char *name : genericFamilies)
-        generic += m_rows->configured(QString::fromLatin1(name)).mid(0, 2);
+        generic += Table->configured(QString::fromLatin1(name)).mid(0, 2);
     for (const QString &name : {QStringLiteral("Arial"), QStringLiteral("Times New Roman"),
                                 QStringLiteral("Courier New")}) {
         if (contains(name))
             continue;
-        const QStringList candidates = m_rows->configured(name);
+        const QStringList candidates = Table->configured(name);
         for (qsizetype i = 0; i < candidates.size() && !contains(name); ++i) {
             // From here on the list is what any unknown name would be given.
             if (generic.contains(candidates.mid(i, 2)))
@@ -320,9 +320,9 @@ void FontCatalog::addReplacedFamilies()
             if (!found)
                 continue;
             const auto index = static_cast<std::size_t>(*found);
-            m_indexByName.insert(keyOf(name), static_cast<int>(m_families.size()));
-            m_families.push_back({name, m_families[index].fontType});
-            m_entries.push_back({m_entries[index].rows, {}});
+            IndexByName.insert(keyOf(name), static_cast<int>(Families.size()));
+            Families.push_back({name, Families[index].fontType});
+            Entries.push_back({Entries[index].rows, {}});
         }
     }
 }
@@ -331,7 +331,7 @@ void FontCatalog::addReplacedFamilies()
 std::vector<int> FontCatalog::installedFor(const char *generic) const
 {
     std::vector<int> installed;
-    for (const QString &name : m_rows->configured(QString::fromLatin1(generic)))
+    for (const QString &name : Table->configured(QString::fromLatin1(generic)))
         if (const auto index = indexOf(name))
             installed.push_back(*index);
     if (!installed.empty())
@@ -339,10 +339,10 @@ std::vector<int> FontCatalog::installedFor(const char *generic) const
     // A full match looks at every face, so it is for configurations that name no installed family.
     const Pattern pattern(FcPatternCreate());
     FcPatternAddString(pattern.get(), FC_FAMILY, bytes(generic));
-    FcConfigSubstitute(m_rows->config.get(), pattern.get(), FcMatchPattern);
+    FcConfigSubstitute(Table->config.get(), pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
-    const Pattern match(FcFontMatch(m_rows->config.get(), pattern.get(), &result));
+    const Pattern match(FcFontMatch(Table->config.get(), pattern.get(), &result));
     if (match)
         if (const auto index = indexOf(familyNameOf(match.get())))
             installed.push_back(*index);
@@ -359,12 +359,12 @@ std::vector<int> FontCatalog::textRows(const std::vector<int> &installed) const
     const StrList languages(FcStrListCreate(locale.get()));
     const FcChar8 *language = FcStrListNext(languages.get());
     const auto speaking = std::ranges::find_if(installed, [&](int index) {
-        return language && m_rows->speaks(rowsAt(index).front(), language);
+        return language && Table->speaks(rowsAt(index).front(), language);
     });
     const std::vector<int> &faces =
         rowsAt(speaking == installed.end() ? installed.front() : *speaking);
-    std::vector<int> chosen = m_rows->sizes(faces, m_rows->face(faces, false, false));
-    std::ranges::copy(m_rows->sizes(faces, m_rows->face(faces, true, false)),
+    std::vector<int> chosen = Table->sizes(faces, Table->face(faces, false, false));
+    std::ranges::copy(Table->sizes(faces, Table->face(faces, true, false)),
                       std::back_inserter(chosen));
     return chosen;
 }
@@ -379,7 +379,7 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
         FcLangSetAdd(missing.get(), bytes(script));
     const auto strikeOut = [&](int row) {
         for (const char *script : scriptLanguages)
-            if (const FcLangSet *own = m_rows->languages(row);
+            if (const FcLangSet *own = Table->languages(row);
                 own && FcLangSetHasLang(own, bytes(script)) == FcLangEqual)
                 FcLangSetDel(missing.get(), bytes(script));
     };
@@ -390,15 +390,15 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
     std::unordered_set<FcChar32> seen;
     const auto addIfUseful = [&](int index) {
         const int row = rowsAt(index).front();
-        const FcLangSet *own = m_rows->languages(row);
+        const FcLangSet *own = Table->languages(row);
         if (!own || !seen.insert(FcLangSetHash(own)).second ||
             FcLangSetCompare(own, missing.get()) != FcLangEqual)
             return;
-        chosen.push_back(m_rows->face(rowsAt(index), false, false));
+        chosen.push_back(Table->face(rowsAt(index), false, false));
         strikeOut(row);
     };
     std::ranges::for_each(preferred, addIfUseful);
-    for (int index = 0; index < static_cast<int>(m_families.size()); ++index)
+    for (int index = 0; index < static_cast<int>(Families.size()); ++index)
         addIfUseful(index);
     return chosen;
 }
@@ -408,18 +408,18 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
 /// changed, since reading the rules a second time costs as much as the first.
 void FontCatalog::useLeanConfiguration()
 {
-    Rows &rows = *m_rows;
+    Rows &rows = *Table;
     QString aliases;
-    for (std::size_t i = 0; i < m_families.size(); ++i) {
-        if (!looksLikeFoundry(m_families[i].name))
+    for (std::size_t i = 0; i < Families.size(); ++i) {
+        if (!looksLikeFoundry(Families[i].name))
             continue;
         // Asked for under this name, the toolkit finds no such family, asks fontconfig for another
         // and takes the answer as it stands.
-        m_entries[i].toolkitName = QStringLiteral("Zendova family %1").arg(i);
+        Entries[i].toolkitName = QStringLiteral("Zendova family %1").arg(i);
         aliases += QStringLiteral("<match target=\"pattern\"><test name=\"family\"><string>%1"
                                   "</string></test><edit name=\"family\" mode=\"assign\" "
                                   "binding=\"strong\"><string>%2</string></edit></match>")
-                       .arg(m_entries[i].toolkitName, m_families[i].name.toHtmlEscaped());
+                       .arg(Entries[i].toolkitName, Families[i].name.toHtmlEscaped());
     }
     std::vector<int> chosen, sansSerif;
     for (const char *generic : genericFamilies) {
@@ -455,7 +455,7 @@ void FontCatalog::useLeanConfiguration()
 
 FontTraits FontCatalog::traits(int index) const
 {
-    const FcPattern *face = (*m_rows)[m_rows->face(rowsAt(index), false, false)];
+    const FcPattern *face = (*Table)[Table->face(rowsAt(index), false, false)];
     return {.weight = FcWeightToOpenType(weightOf(face)),
             .italic = isSlanted(face),
             .symbol = flagOf(face, FC_SYMBOL),
@@ -466,7 +466,7 @@ bool FontCatalog::builtInBold(const QString &family) const
 {
     const std::vector<int> &faces = rowsOf(family);
     return !faces.empty() && std::ranges::all_of(faces, [&](int row) {
-        return weightOf((*m_rows)[row]) >= FC_WEIGHT_DEMIBOLD;
+        return weightOf((*Table)[row]) >= FC_WEIGHT_DEMIBOLD;
     });
 }
 
@@ -474,14 +474,14 @@ bool FontCatalog::builtInItalic(const QString &family) const
 {
     const std::vector<int> &faces = rowsOf(family);
     return !faces.empty() &&
-           std::ranges::all_of(faces, [&](int row) { return isSlanted((*m_rows)[row]); });
+           std::ranges::all_of(faces, [&](int row) { return isSlanted((*Table)[row]); });
 }
 
 QFont FontCatalog::font(const QString &family)
 {
     QString name = family;
     if (const auto index = indexOf(family)) {
-        Entry &entry = m_entries[static_cast<std::size_t>(*index)];
+        Entry &entry = Entries[static_cast<std::size_t>(*index)];
         if (!entry.loaded) {
             entry.loaded = true;
             const QString known = load(entry.rows);
@@ -501,7 +501,7 @@ QFont FontCatalog::font(const QString &family)
 /// family's name there: fontconfig's rules may have renamed what stands in the file.
 QString FontCatalog::load(const std::vector<int> &faces)
 {
-    Rows &rows = *m_rows;
+    Rows &rows = *Table;
     const int regular = rows.face(faces, false, false);
     QString name = familyNameOf(rows[regular]);
     std::set<int> needed;

@@ -47,7 +47,7 @@ public:
     /// One entry a family, in fontconfig's order, followed by those of Arial, Times New Roman and
     /// Courier New that are not installed but that the configuration replaces by a family of their
     /// own (not just by the common text font).
-    const std::vector<FontFamily> &families() const { return m_families; }
+    const std::vector<FontFamily> &families() const { return Families; }
 
     /// Case does not matter in a family name, here and below.
     bool contains(const QString &family) const { return indexOf(family).has_value(); }
@@ -78,7 +78,7 @@ private:
     const std::vector<int> &rowsOf(const QString &family) const;
     const std::vector<int> &rowsAt(int index) const
     {
-        return m_entries[static_cast<std::size_t>(index)].rows;
+        return Entries[static_cast<std::size_t>(index)].rows;
     }
     void readFamilies();
     void addReplacedFamilies();
@@ -89,8 +89,8 @@ private:
     void useLeanConfiguration();
     QString load(const std::vector<int> &faces);
 
-    std::unique_ptr<Rows> m_rows;
-    std::vector<FontFamily> m_families;
-    std::vector<Entry> m_entries; ///< beside m_families
-    QHash<QString, int> m_indexByName;
+    std::unique_ptr<Rows> Table;
+    std::vector<FontFamily> Families;
+    std::vector<Entry> Entries; ///< beside Families
+    QHash<QString, int> IndexByName;
 };

@@ -144,24 +144,24 @@ class SettingsTree::Connection
 public:
     ~Connection()
     {
-        for (sqlite3_stmt *statement : m_statements)
+        for (sqlite3_stmt *statement : Statements)
             sqlite3_finalize(statement);
-        sqlite3_close(m_database);
+        sqlite3_close(Handle);
     }
 
     // Gives an SQLite result code. A file that is no longer as it was written is SQLITE_CORRUPT.
     int open(const QString &filePath, SettingsTree *waiter)
     {
         const int opened =
-            sqlite3_open_v2(QFile::encodeName(filePath).constData(), &m_database,
+            sqlite3_open_v2(QFile::encodeName(filePath).constData(), &Handle,
                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX |
                                 SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE,
                             nullptr);
         if (opened != SQLITE_OK)
             return opened;
-        sqlite3_busy_handler(m_database, &SettingsTree::waitForLock, waiter);
-        sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-        sqlite3_db_config(m_database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+        sqlite3_busy_handler(Handle, &SettingsTree::waitForLock, waiter);
+        sqlite3_db_config(Handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+        sqlite3_db_config(Handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
 
         if (const int result = check(); result != SQLITE_OK)
             return result;
@@ -171,21 +171,17 @@ public:
         if (const int result = makeTablesIfEmpty(); result != SQLITE_OK)
             return result;
         for (int i = 0; i < StatementCount; ++i) {
-            const int result =
-                sqlite3_prepare_v3(m_database, StatementTexts[i], -1, SQLITE_PREPARE_PERSISTENT,
-                                   &m_statements[i], nullptr);
+            const int result = sqlite3_prepare_v3(
+                Handle, StatementTexts[i], -1, SQLITE_PREPARE_PERSISTENT, &Statements[i], nullptr);
             if (result != SQLITE_OK)
                 return result;
         }
         return SQLITE_OK;
     }
 
-    int execute(const char *sql)
-    {
-        return sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr);
-    }
+    int execute(const char *sql) { return sqlite3_exec(Handle, sql, nullptr, nullptr, nullptr); }
 
-    bool inTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
+    bool inTransaction() const { return sqlite3_get_autocommit(Handle) == 0; }
 
     // Gives the number of rows changed, or -1 where the statement failed.
     int write(Statement which, std::initializer_list<QStringView> texts)
@@ -226,7 +222,7 @@ private:
 
     sqlite3_stmt *bind(Statement which, std::initializer_list<QStringView> texts)
     {
-        sqlite3_stmt *statement = m_statements[which];
+        sqlite3_stmt *statement = Statements[which];
         int parameter = 0;
         for (const QStringView text : texts)
             bindText(statement, ++parameter, text);
@@ -236,7 +232,7 @@ private:
     int run(sqlite3_stmt *statement)
     {
         const bool done = sqlite3_step(statement) == SQLITE_DONE;
-        const int changes = sqlite3_changes(m_database);
+        const int changes = sqlite3_changes(Handle);
         sqlite3_reset(statement);
         return done ? changes : -1;
     }
@@ -270,7 +266,7 @@ private:
     int ask(const char *sql, QByteArray *answer)
     {
         sqlite3_stmt *statement = nullptr;
-        int result = sqlite3_prepare_v2(m_database, sql, -1, &statement, nullptr);
+        int result = sqlite3_prepare_v2(Handle, sql, -1, &statement, nullptr);
         if (result == SQLITE_OK) {
             result = sqlite3_step(statement);
             if (result == SQLITE_ROW) {
@@ -303,20 +299,20 @@ private:
         return result;
     }
 
-    sqlite3 *m_database = nullptr;
-    std::array<sqlite3_stmt *, StatementCount> m_statements{};
+    sqlite3 *Handle = nullptr;
+    std::array<sqlite3_stmt *, StatementCount> Statements{};
 };
 
-SettingsTree::Batch::Batch(SettingsTree *tree) : m_tree(tree)
+SettingsTree::Batch::Batch(SettingsTree *tree) : Tree(tree)
 {
-    if (m_tree)
-        m_tree->beginBatch();
+    if (Tree)
+        Tree->beginBatch();
 }
 
 SettingsTree::Batch::~Batch()
 {
-    if (m_tree)
-        m_tree->endBatch(std::uncaught_exceptions() == m_exceptionsAtStart);
+    if (Tree)
+        Tree->endBatch(std::uncaught_exceptions() == ExceptionsAtStart);
 }
 
 QString SettingsTree::defaultPath()
@@ -328,7 +324,7 @@ QString SettingsTree::defaultPath()
 }
 
 SettingsTree::SettingsTree(const QString &filePath)
-    : m_filePath(QFileInfo(filePath).absoluteFilePath())
+    : FilePath(QFileInfo(filePath).absoluteFilePath())
 {
     connection(Purpose::Read);
 }
@@ -339,27 +335,27 @@ SettingsTree::~SettingsTree() = default;
 int SettingsTree::waitForLock(void *self, int)
 {
     auto *tree = static_cast<SettingsTree *>(self);
-    if (!tree->m_sinceFirstWait.isValid() ||
-        tree->m_sinceFirstWait.hasExpired(WaitWindowMilliseconds)) {
-        tree->m_sinceFirstWait.start();
-        tree->m_waitedMilliseconds = 0;
+    if (!tree->SinceFirstWait.isValid() ||
+        tree->SinceFirstWait.hasExpired(WaitWindowMilliseconds)) {
+        tree->SinceFirstWait.start();
+        tree->WaitedMilliseconds = 0;
     }
-    if (tree->m_waitedMilliseconds >= PatienceMilliseconds)
+    if (tree->WaitedMilliseconds >= PatienceMilliseconds)
         return 0;
-    tree->m_waitedMilliseconds += sqlite3_sleep(WaitStepMilliseconds);
+    tree->WaitedMilliseconds += sqlite3_sleep(WaitStepMilliseconds);
     return 1;
 }
 
 SettingsTree::Outcome SettingsTree::open()
 {
-    if (isNoDatabase(m_filePath))
+    if (isNoDatabase(FilePath))
         return Outcome::Damaged;
-    if (!makeFolder(QFileInfo(m_filePath).absolutePath()))
+    if (!makeFolder(QFileInfo(FilePath).absolutePath()))
         return Outcome::Unavailable;
     auto opened = std::make_unique<Connection>();
-    const int result = opened->open(m_filePath, this);
+    const int result = opened->open(FilePath, this);
     if (result == SQLITE_OK)
-        m_connection = std::move(opened);
+        File = std::move(opened);
     return result == SQLITE_OK   ? Outcome::Ready
            : saysDamaged(result) ? Outcome::Damaged
                                  : Outcome::Unavailable;
@@ -368,45 +364,45 @@ SettingsTree::Outcome SettingsTree::open()
 // A read makes no file: a first run that is given up leaves nothing behind.
 SettingsTree::Connection *SettingsTree::connection(Purpose purpose)
 {
-    const auto nothingToRead = [&] { return purpose == Purpose::Read && !identityOf(m_filePath); };
-    if (m_connection || m_damageRemains || nothingToRead())
-        return m_connection.get();
-    const auto judged = identityOf(m_filePath);
+    const auto nothingToRead = [&] { return purpose == Purpose::Read && !identityOf(FilePath); };
+    if (File || DamageRemains || nothingToRead())
+        return File.get();
+    const auto judged = identityOf(FilePath);
     if (open() == Outcome::Damaged) {
-        const bool stillThere = judged && identityOf(m_filePath) == judged;
-        m_damageRemains = stillThere && !putAside(m_filePath);
-        if (!m_damageRemains && !nothingToRead())
-            m_damageRemains = open() == Outcome::Damaged;
+        const bool stillThere = judged && identityOf(FilePath) == judged;
+        DamageRemains = stillThere && !putAside(FilePath);
+        if (!DamageRemains && !nothingToRead())
+            DamageRemains = open() == Outcome::Damaged;
     }
-    return m_connection.get();
+    return File.get();
 }
 
 SettingsTree::Connection *SettingsTree::writer()
 {
     Connection *file = connection(Purpose::Write);
-    return file && (m_batchDepth == 0 || file->inTransaction()) ? file : nullptr;
+    return file && (BatchDepth == 0 || file->inTransaction()) ? file : nullptr;
 }
 
 void SettingsTree::beginBatch()
 {
     Connection *file = connection(Purpose::Write);
-    if (m_batchDepth++ > 0)
+    if (BatchDepth++ > 0)
         return;
-    m_batchAbandoned = false;
+    BatchAbandoned = false;
     if (file)
         file->execute("BEGIN IMMEDIATE");
 }
 
 bool SettingsTree::endBatch(bool keep)
 {
-    m_batchAbandoned |= !keep;
-    if (--m_batchDepth > 0)
+    BatchAbandoned |= !keep;
+    if (--BatchDepth > 0)
         return true;
-    if (!m_connection || !m_connection->inTransaction())
+    if (!File || !File->inTransaction())
         return false;
-    if (!m_batchAbandoned && m_connection->execute("COMMIT") == SQLITE_OK)
+    if (!BatchAbandoned && File->execute("COMMIT") == SQLITE_OK)
         return true;
-    m_connection->execute("ROLLBACK");
+    File->execute("ROLLBACK");
     return false;
 }
 

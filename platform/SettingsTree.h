@@ -47,8 +47,8 @@ public:
         Q_DISABLE_COPY_MOVE(Batch)
 
     private:
-        SettingsTree *m_tree;
-        int m_exceptionsAtStart = std::uncaught_exceptions();
+        SettingsTree *Tree;
+        int ExceptionsAtStart = std::uncaught_exceptions();
     };
 
     /// $XDG_CONFIG_HOME/zendova/settings.sqlite, with ~/.config where the variable is unset or not
@@ -91,11 +91,11 @@ private:
     bool endBatch(bool keep);
     static int waitForLock(void *self, int);
 
-    const QString m_filePath;
-    std::unique_ptr<Connection> m_connection;
-    bool m_damageRemains = false;
-    int m_batchDepth = 0;
-    bool m_batchAbandoned = false;
-    QElapsedTimer m_sinceFirstWait;
-    int m_waitedMilliseconds = 0;
+    const QString FilePath;
+    std::unique_ptr<Connection> File;
+    bool DamageRemains = false;
+    int BatchDepth = 0;
+    bool BatchAbandoned = false;
+    QElapsedTimer SinceFirstWait;
+    int WaitedMilliseconds = 0;
 };

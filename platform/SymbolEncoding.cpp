@@ -26,18 +26,18 @@ constexpr qsizetype directoryEntrySize = 16;
 class Reader
 {
 public:
-    explicit Reader(QByteArrayView data) : m_data(data) {}
+    explicit Reader(QByteArrayView data) : Data(data) {}
 
     quint16 u16(quint64 at) { return read<quint16>(at); }
     quint32 u32(quint64 at) { return read<quint32>(at); }
-    quint64 size() const { return static_cast<quint64>(m_data.size()); }
-    bool failed() const { return m_failed; }
+    quint64 size() const { return static_cast<quint64>(Data.size()); }
+    bool failed() const { return Failed; }
 
     std::optional<QByteArrayView> part(quint64 at, quint64 length) const
     {
         if (at > size() || length > size() - at)
             return std::nullopt;
-        return m_data.sliced(static_cast<qsizetype>(at), static_cast<qsizetype>(length));
+        return Data.sliced(static_cast<qsizetype>(at), static_cast<qsizetype>(length));
     }
 
 private:
@@ -45,14 +45,14 @@ private:
     Number read(quint64 at)
     {
         if (at > size() || sizeof(Number) > size() - at) {
-            m_failed = true;
+            Failed = true;
             return 0;
         }
-        return qFromBigEndian<Number>(m_data.data() + at);
+        return qFromBigEndian<Number>(Data.data() + at);
     }
 
-    QByteArrayView m_data;
-    bool m_failed = false;
+    QByteArrayView Data;
+    bool Failed = false;
 };
 
 template<typename Number>
@@ -68,45 +68,45 @@ void append(QByteArray &bytes, Number number)
 class SegmentMap
 {
 public:
-    explicit SegmentMap(QByteArrayView subtable) : m_reader(subtable)
+    explicit SegmentMap(QByteArrayView subtable) : Source(subtable)
     {
-        m_length = m_reader.u16(2);
-        m_segments = m_reader.u16(6) / 2;
-        m_valid = m_reader.u16(0) == 4 && m_length <= m_reader.size() && m_segments > 0 &&
-                  16 + 8 * m_segments <= m_length && !m_reader.failed();
+        Length = Source.u16(2);
+        Segments = Source.u16(6) / 2;
+        Valid = Source.u16(0) == 4 && Length <= Source.size() && Segments > 0 &&
+                16 + 8 * Segments <= Length && !Source.failed();
     }
 
-    bool valid() const { return m_valid; }
+    bool valid() const { return Valid; }
 
     /// The glyph of a code, 0 if it has none; nothing if the table points outside itself.
     std::optional<quint16> glyph(quint16 code)
     {
-        for (quint64 segment = 0; segment < m_segments; ++segment) {
-            const quint64 ends = 14, starts = 16 + 2 * m_segments;
-            if (code > m_reader.u16(ends + 2 * segment))
+        for (quint64 segment = 0; segment < Segments; ++segment) {
+            const quint64 ends = 14, starts = 16 + 2 * Segments;
+            if (code > Source.u16(ends + 2 * segment))
                 continue;
-            const quint16 start = m_reader.u16(starts + 2 * segment);
+            const quint16 start = Source.u16(starts + 2 * segment);
             if (code < start)
                 return 0;
-            const quint16 delta = m_reader.u16(starts + 2 * (m_segments + segment));
-            const quint64 offsetAt = starts + 2 * (2 * m_segments + segment);
-            const quint16 offset = m_reader.u16(offsetAt);
+            const quint16 delta = Source.u16(starts + 2 * (Segments + segment));
+            const quint64 offsetAt = starts + 2 * (2 * Segments + segment);
+            const quint16 offset = Source.u16(offsetAt);
             if (offset == 0 || offset == 0xFFFF)
                 return static_cast<quint16>(offset == 0 ? code + delta : 0);
             const quint64 glyphAt = offsetAt + offset + 2 * quint64(code - start);
-            if (glyphAt + 2 > m_length)
+            if (glyphAt + 2 > Length)
                 return std::nullopt;
-            const quint16 glyph = m_reader.u16(glyphAt);
+            const quint16 glyph = Source.u16(glyphAt);
             return static_cast<quint16>(glyph == 0 ? 0 : glyph + delta);
         }
         return 0;
     }
 
 private:
-    Reader m_reader;
-    quint64 m_length = 0;
-    quint64 m_segments = 0;
-    bool m_valid = false;
+    Reader Source;
+    quint64 Length = 0;
+    quint64 Segments = 0;
+    bool Valid = false;
 };
 
 /// The glyphs by the characters that shall show them.

@@ -66,7 +66,7 @@ QString DocumentCodePage::Decoder::decode(int page, QByteArrayView bytes)
     const auto row = std::ranges::find(Pages, page, &PageRow::Page);
     if (row == std::end(Pages))
         return CodePage::fromBytes(bytes);
-    QStringDecoder &decoder = m_decoders.try_emplace(page, row->Name).first->second;
+    QStringDecoder &decoder = Decoders.try_emplace(page, row->Name).first->second;
     if (!decoder.isValid()) // a toolkit that was built without them
         return CodePage::fromBytes(bytes);
     decoder.resetState();

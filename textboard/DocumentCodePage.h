@@ -33,7 +33,7 @@ public:
     QString decode(int page, QByteArrayView bytes);
 
 private:
-    std::map<int, QStringDecoder> m_decoders;
+    std::map<int, QStringDecoder> Decoders;
 };
 
 } // namespace DocumentCodePage

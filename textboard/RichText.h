@@ -47,35 +47,35 @@ public:
         Value Of;
     };
 
-    auto begin() const { return m_runs.begin(); }
-    auto end() const { return m_runs.end(); }
-    std::size_t count() const { return m_runs.size(); }
+    auto begin() const { return List.begin(); }
+    auto end() const { return List.end(); }
+    std::size_t count() const { return List.size(); }
 
     /// The value of the last place; there must be one.
-    const Value &last() const { return m_runs.back().Of; }
+    const Value &last() const { return List.back().Of; }
 
     /// Adds places at the end. A length of 0 adds nothing.
     void append(qsizetype length, const Value &value)
     {
         if (length == 0)
             return;
-        if (!m_runs.empty() && m_runs.back().Of == value)
-            m_runs.back().Length += length;
+        if (!List.empty() && List.back().Of == value)
+            List.back().Length += length;
         else
-            m_runs.push_back({length, value});
+            List.push_back({length, value});
     }
 
     /// Takes the last place away; there must be one.
     void chop()
     {
-        if (--m_runs.back().Length == 0)
-            m_runs.pop_back();
+        if (--List.back().Length == 0)
+            List.pop_back();
     }
 
     /// Keeps the first `length` places.
     void truncate(qsizetype length)
     {
-        for (const Run &run : std::exchange(m_runs, {})) {
+        for (const Run &run : std::exchange(List, {})) {
             append(std::min(run.Length, length), run.Of);
             length -= std::min(run.Length, length);
         }
@@ -87,7 +87,7 @@ public:
     {
         Runs result;
         qsizetype start = 0;
-        for (const Run &run : m_runs) {
+        for (const Run &run : List) {
             const qsizetype end = start + run.Length;
             const qsizetype first = std::clamp(from, start, end);
             const qsizetype last = std::clamp(to, start, end);
@@ -109,7 +109,7 @@ public:
     {
         std::optional<decltype(property(std::declval<Value>()))> result;
         qsizetype start = 0;
-        for (const Run &run : m_runs) {
+        for (const Run &run : List) {
             if (start >= to)
                 break;
             start += run.Length;
@@ -124,7 +124,7 @@ public:
     }
 
 private:
-    std::vector<Run> m_runs;
+    std::vector<Run> List;
 };
 
 struct RichFont
@@ -146,17 +146,17 @@ public:
     /// signs stays so.
     quint32 fontPlace(const QString &name, bool symbol)
     {
-        const quint32 place = m_places.value(name, quint32(m_fonts.size()));
-        if (place == m_fonts.size()) {
-            m_places.insert(name, place);
-            m_fonts.push_back({name, symbol});
+        const quint32 place = Places.value(name, quint32(Fonts.size()));
+        if (place == Fonts.size()) {
+            Places.insert(name, place);
+            Fonts.push_back({name, symbol});
         }
-        m_fonts[place].Symbol |= symbol;
+        Fonts[place].Symbol |= symbol;
         return place;
     }
-    const RichFont &font(quint32 place) const { return m_fonts[place]; }
+    const RichFont &font(quint32 place) const { return Fonts[place]; }
 
 private:
-    std::vector<RichFont> m_fonts;
-    QHash<QString, quint32> m_places;
+    std::vector<RichFont> Fonts;
+    QHash<QString, quint32> Places;
 };

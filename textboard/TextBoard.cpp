@@ -72,13 +72,13 @@ QKeyEvent withText(const QKeyEvent &event, Qt::KeyboardModifiers modifiers, cons
 
 TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     : QPlainTextEdit(parent)
-    , m_factory(std::move(factory))
-    , m_face{.font = font()}
-    , m_fontName(font().family())
-    , m_fontSize(QFontInfo(font()).pointSizeF())
+    , Factory(std::move(factory))
+    , Face{.font = font()}
+    , FaceName(font().family())
+    , Points(QFontInfo(font()).pointSizeF())
 {
-    if (!m_factory)
-        m_factory = [](const QString &name) { return BoardFont{.font = QFont(name)}; };
+    if (!Factory)
+        Factory = [](const QString &name) { return BoardFont{.font = QFont(name)}; };
     setAccessibleName(QStringLiteral("TextBoard"));
     // A sheet of paper on every desktop: the colours of the text are no desktop's, and the first of
     // them is black.
@@ -94,9 +94,9 @@ TextBoard::TextBoard(QWidget *parent, FontFactory factory)
 
     // The document also says that its contents changed at the end of an edit that did nothing; only
     // what told a place before is a change.
-    connect(document(), &QTextDocument::contentsChange, this, [this] { m_changed |= !m_silent; });
+    connect(document(), &QTextDocument::contentsChange, this, [this] { Changed |= !Silent; });
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
-        if (std::exchange(m_changed, false))
+        if (std::exchange(Changed, false))
             emit Change();
     });
 }
@@ -118,7 +118,7 @@ QString TextBoard::Text() const
 void TextBoard::setText(const QString &text)
 {
     {
-        const QScopedValueRollback silent(m_silent, true);
+        const QScopedValueRollback silent(Silent, true);
         setPlainText(firstOf(fitted(text), MaxLength()));
     }
     emit Change();
@@ -276,7 +276,7 @@ void TextBoard::inputMethodEvent(QInputMethodEvent *event)
     // The document reports each step of a composition as a change of its contents.
     const int before = TextLength();
     {
-        const QScopedValueRollback silent(m_silent, true);
+        const QScopedValueRollback silent(Silent, true);
         QPlainTextEdit::inputMethodEvent(&commit);
     }
     event->setAccepted(commit.isAccepted());
@@ -286,10 +286,10 @@ void TextBoard::inputMethodEvent(QInputMethodEvent *event)
 
 void TextBoard::dropEvent(QDropEvent *event)
 {
-    m_dropWasCut = false;
+    DropWasCut = false;
     QPlainTextEdit::dropEvent(event);
     // Where the text was dragged from it must stay if not all of it arrived here.
-    if (m_dropWasCut) {
+    if (DropWasCut) {
         const bool copies = event->possibleActions().testFlag(Qt::CopyAction);
         event->setDropAction(copies ? Qt::CopyAction : Qt::IgnoreAction);
         event->accept();
@@ -306,7 +306,7 @@ bool TextBoard::canInsertFromMimeData(const QMimeData *source) const
 
 void TextBoard::insertFromMimeData(const QMimeData *source)
 {
-    m_dropWasCut = !insertWhatFits(source->text());
+    DropWasCut = !insertWhatFits(source->text());
 }
 
 QMimeData *TextBoard::createMimeDataFromSelection() const
@@ -320,10 +320,10 @@ QMimeData *TextBoard::createMimeDataFromSelection() const
 
 void TextBoard::setFontName(const QString &name)
 {
-    if (name == m_fontName)
+    if (name == FaceName)
         return;
-    m_fontName = name;
-    m_face = m_factory(name);
+    FaceName = name;
+    Face = Factory(name);
     applyFont();
 }
 
@@ -331,56 +331,56 @@ void TextBoard::setFontSize(double points)
 {
     if (points <= 0)
         return;
-    m_fontSize = points;
+    Points = points;
     applyFont();
 }
 
 void TextBoard::setFontBold(bool on)
 {
-    m_bold = on;
+    Bold = on;
     applyFont();
 }
 
 void TextBoard::setFontItalic(bool on)
 {
-    m_italic = on;
+    Italic = on;
     applyFont();
 }
 
 void TextBoard::setFontUnderline(bool on)
 {
-    m_underline = on;
+    Underline = on;
     applyFont();
 }
 
 void TextBoard::setFontStrikethru(bool on)
 {
-    m_strikethru = on;
+    Strikethru = on;
     applyFont();
 }
 
-TextBoard::FontChange::FontChange(TextBoard &board) : m_board(board)
+TextBoard::FontChange::FontChange(TextBoard &board) : Board(board)
 {
-    ++m_board.m_openFontChanges;
+    ++Board.OpenFontChanges;
 }
 
 TextBoard::FontChange::~FontChange()
 {
-    if (--m_board.m_openFontChanges == 0)
-        m_board.applyFont();
+    if (--Board.OpenFontChanges == 0)
+        Board.applyFont();
 }
 
 void TextBoard::applyFont()
 {
-    if (m_openFontChanges > 0)
+    if (OpenFontChanges > 0)
         return;
     // Each property is set even to the value that it has: one that isn't would follow the parent's.
-    QFont font = m_face.font;
-    font.setPointSizeF(m_fontSize);
-    font.setWeight(m_bold && !m_face.builtInBold ? QFont::Bold : font.weight());
-    font.setStyle(m_italic && !m_face.builtInItalic ? QFont::StyleItalic : font.style());
-    font.setUnderline(m_underline);
-    font.setStrikeOut(m_strikethru);
+    QFont font = Face.font;
+    font.setPointSizeF(Points);
+    font.setWeight(Bold && !Face.builtInBold ? QFont::Bold : font.weight());
+    font.setStyle(Italic && !Face.builtInItalic ? QFont::StyleItalic : font.style());
+    font.setUnderline(Underline);
+    font.setStrikeOut(Strikethru);
     // A glyph that the font lacks is shown as missing, never borrowed from another font.
     font.setStyleStrategy(
         static_cast<QFont::StyleStrategy>(font.styleStrategy() | QFont::NoFontMerging));
@@ -420,10 +420,10 @@ void TextBoard::keepSelectionVisible()
 
 void TextBoard::setAlignment(int alignment)
 {
-    if (alignment == m_alignment || alignment < 0 || alignment >= std::ssize(alignments))
+    if (alignment == TextAlignment || alignment < 0 || alignment >= std::ssize(alignments))
         return;
-    m_alignment = alignment;
+    TextAlignment = alignment;
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(alignments[static_cast<std::size_t>(m_alignment)]);
+    option.setAlignment(alignments[static_cast<std::size_t>(TextAlignment)]);
     document()->setDefaultTextOption(option);
 }

@@ -74,27 +74,27 @@ public:
         Q_DISABLE_COPY_MOVE(FontChange)
 
     private:
-        TextBoard &m_board;
+        TextBoard &Board;
     };
 
-    QString FontName() const { return m_fontName; }
+    QString FontName() const { return FaceName; }
     void setFontName(const QString &name);
     /// Points; a size that isn't above 0 is left out.
-    double FontSize() const { return m_fontSize; }
+    double FontSize() const { return Points; }
     void setFontSize(double points);
     /// On if it was set, and also if the font has no other form.
-    bool FontBold() const { return m_bold || m_face.builtInBold; }
+    bool FontBold() const { return Bold || Face.builtInBold; }
     void setFontBold(bool on);
-    bool FontItalic() const { return m_italic || m_face.builtInItalic; }
+    bool FontItalic() const { return Italic || Face.builtInItalic; }
     void setFontItalic(bool on);
-    bool FontUnderline() const { return m_underline; }
+    bool FontUnderline() const { return Underline; }
     void setFontUnderline(bool on);
-    bool FontStrikethru() const { return m_strikethru; }
+    bool FontStrikethru() const { return Strikethru; }
     void setFontStrikethru(bool on);
     QColor ForeColor() const;
     void setForeColor(const QColor &color);
     /// 0 left, 1 right, 2 centre; other numbers change nothing.
-    int Alignment() const { return m_alignment; }
+    int Alignment() const { return TextAlignment; }
     void setAlignment(int alignment);
 
 signals:
@@ -131,17 +131,17 @@ private:
     void applyFont();
     void keepSelectionVisible();
 
-    FontFactory m_factory;
-    BoardFont m_face;
-    QString m_fontName;
-    double m_fontSize;
-    bool m_bold = false;
-    bool m_italic = false;
-    bool m_underline = false;
-    bool m_strikethru = false;
-    int m_alignment = 0;
-    int m_openFontChanges = 0;
-    bool m_silent = false;  ///< what the document reports now is no change of the text
-    bool m_changed = false; ///< the document reported a change that `Change` has yet to tell
-    bool m_dropWasCut = false;
+    FontFactory Factory;
+    BoardFont Face;
+    QString FaceName;
+    double Points;
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+    bool Strikethru = false;
+    int TextAlignment = 0;
+    int OpenFontChanges = 0;
+    bool Silent = false;  ///< what the document reports now is no change of the text
+    bool Changed = false; ///< the document reported a change that `Change` has yet to tell
+    bool DropWasCut = false;
 };

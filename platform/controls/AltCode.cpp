@@ -47,15 +47,15 @@ QWidget *textBoxOf(QWidget *focus)
 } // namespace
 
 AltCode::AltCode(std::function<QChar(int)> characterOf, QObject *parent)
-    : QObject(parent), m_characterOf(std::move(characterOf))
+    : QObject(parent), CharacterOf(std::move(characterOf))
 {
 }
 
 bool AltCode::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
-    if (type == QEvent::FocusOut && watched == m_holder)
-        m_holder = nullptr;
+    if (type == QEvent::FocusOut && watched == Holder)
+        Holder = nullptr;
     if (type != QEvent::KeyPress && type != QEvent::KeyRelease && type != QEvent::ShortcutOverride)
         return false;
     // A key comes to the window first, then to the widget with the focus, then to its parents.
@@ -65,10 +65,10 @@ bool AltCode::eventFilter(QObject *watched, QEvent *event)
 
     auto &key = static_cast<QKeyEvent &>(*event);
     if (key.key() != Qt::Key_Alt)
-        return m_holder && handleDigit(key);
+        return Holder && handleDigit(key);
     if (type == QEvent::KeyPress && !key.isAutoRepeat()) {
-        m_holder = textBoxOf(focus) ? focus : nullptr;
-        m_digits.clear();
+        Holder = textBoxOf(focus) ? focus : nullptr;
+        Digits.clear();
     } else if (type == QEvent::KeyRelease && !key.isAutoRepeat()) {
         finish();
     }
@@ -82,25 +82,25 @@ bool AltCode::handleDigit(QKeyEvent &event)
     const auto others = Qt::ControlModifier | Qt::MetaModifier;
     if (digit && event.modifiers().testFlag(Qt::AltModifier) && !(event.modifiers() & others)) {
         if (event.type() == QEvent::KeyPress && !event.isAutoRepeat())
-            m_digits += QChar(*digit);
+            Digits += QChar(*digit);
         event.accept();
         return true;
     }
     // Another key spoils the code until Alt goes up. A shortcut's key never arrives as a press, so
     // its announcement counts too. Some keyboards have the digits behind Shift.
     if (event.type() != QEvent::KeyRelease && event.key() != Qt::Key_Shift)
-        m_digits += QChar(u'-');
+        Digits += QChar(u'-');
     return false;
 }
 
 void AltCode::finish()
 {
-    QWidget *const holder = std::exchange(m_holder, nullptr);
+    QWidget *const holder = std::exchange(Holder, nullptr);
     QWidget *const box = holder ? textBoxOf(holder) : nullptr;
-    const int code = m_digits.toInt();
-    if (!box || m_digits.size() != 4 || m_digits[0] != u'0' || code < 32 || code > 255)
+    const int code = Digits.toInt();
+    if (!box || Digits.size() != 4 || Digits[0] != u'0' || code < 32 || code > 255)
         return;
     QInputMethodEvent commit;
-    commit.setCommitString(QString(m_characterOf(code)));
+    commit.setCommitString(QString(CharacterOf(code)));
     QApplication::sendEvent(box, &commit);
 }

@@ -28,7 +28,7 @@ private:
     bool handleDigit(QKeyEvent &event);
     void finish();
 
-    std::function<QChar(int)> m_characterOf;
-    QPointer<QWidget> m_holder; ///< has the focus since Alt went down; none while no code is typed
-    QString m_digits;
+    std::function<QChar(int)> CharacterOf;
+    QPointer<QWidget> Holder; ///< has the focus since Alt went down; none while no code is typed
+    QString Digits;
 };

@@ -44,16 +44,16 @@ private:
 class FontListView : public QListView
 {
 public:
-    explicit FontListView(FontCombo *combo) : QListView(combo), m_combo(combo) {}
+    explicit FontListView(FontCombo *combo) : QListView(combo), Combo(combo) {}
 
     void keyboardSearch(const QString &search) override
     {
         if (!search.isEmpty())
-            emit m_combo->CharacterKey(search.at(0).unicode());
+            emit Combo->CharacterKey(search.at(0).unicode());
     }
 
 private:
-    FontCombo *m_combo;
+    FontCombo *Combo;
 };
 
 } // namespace

@@ -29,13 +29,13 @@ class tst_Registry : public QObject
     Q_OBJECT
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<SettingsTree> m_tree;
+    std::unique_ptr<QTemporaryDir> Folder;
+    std::unique_ptr<SettingsTree> Tree;
 
     void store(const QByteArray &kindAndValue)
     {
         sqlite3 *database = nullptr;
-        sqlite3_open(qPrintable(m_folder->filePath("s.sqlite")), &database);
+        sqlite3_open(qPrintable(Folder->filePath("s.sqlite")), &database);
         const QByteArray sql =
             "INSERT INTO settings VALUES('Software\\Zendova\\Options', 'a', " + kindAndValue + ")";
         QCOMPARE(sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
@@ -45,9 +45,9 @@ private:
 private slots:
     void init()
     {
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_tree = std::make_unique<SettingsTree>(m_folder->filePath("s.sqlite"));
-        UseSettingsTree(m_tree.get());
+        Folder = std::make_unique<QTemporaryDir>();
+        Tree = std::make_unique<SettingsTree>(Folder->filePath("s.sqlite"));
+        UseSettingsTree(Tree.get());
         RegMakeKey(User, Key);
         RegistryError = false;
     }

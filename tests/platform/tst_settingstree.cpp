@@ -24,17 +24,17 @@ constexpr int Filled = 100; // values of a filled tree, so many that damage can 
 class OtherProgram
 {
 public:
-    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &m_database); }
-    ~OtherProgram() { sqlite3_close(m_database); }
+    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &Database); }
+    ~OtherProgram() { sqlite3_close(Database); }
     Q_DISABLE_COPY_MOVE(OtherProgram)
 
     bool run(const char *sql)
     {
-        return sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+        return sqlite3_exec(Database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
     }
 
 private:
-    sqlite3 *m_database = nullptr;
+    sqlite3 *Database = nullptr;
 };
 
 /// Makes permissions bind even where the tests run as root.
@@ -43,17 +43,17 @@ class NoOverride
 public:
     NoOverride()
     {
-        syscall(SYS_capget, &m_header, m_before);
-        __user_cap_data_struct reduced[2] = {m_before[0], m_before[1]};
+        syscall(SYS_capget, &Header, Before);
+        __user_cap_data_struct reduced[2] = {Before[0], Before[1]};
         reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE);
-        syscall(SYS_capset, &m_header, reduced);
+        syscall(SYS_capset, &Header, reduced);
     }
-    ~NoOverride() { syscall(SYS_capset, &m_header, m_before); }
+    ~NoOverride() { syscall(SYS_capset, &Header, Before); }
     Q_DISABLE_COPY_MOVE(NoOverride)
 
 private:
-    __user_cap_header_struct m_header{_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct m_before[2]{};
+    __user_cap_header_struct Header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct Before[2]{};
 };
 
 QByteArray contentsOf(const QString &path)
@@ -103,27 +103,26 @@ class tst_SettingsTree : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
-    int m_number = 0;
-    QString m_path;
+    QTemporaryDir Folder;
+    int Number = 0;
+    QString Path;
 
     void fillFile() const
     {
-        SettingsTree tree(m_path);
+        SettingsTree tree(Path);
         fill(tree, 'o');
     }
 
     QStringList files() const
     {
-        return QFileInfo(m_path).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot,
-                                                 QDir::Name);
+        return QFileInfo(Path).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
     }
 
 private slots:
     void init()
     {
-        m_path = m_folder.filePath(QStringLiteral("%1/settings.sqlite").arg(++m_number));
-        QVERIFY(QDir().mkpath(QFileInfo(m_path).path()));
+        Path = Folder.filePath(QStringLiteral("%1/settings.sqlite").arg(++Number));
+        QVERIFY(QDir().mkpath(QFileInfo(Path).path()));
     }
 
     void defaultPath()
@@ -139,10 +138,10 @@ private slots:
 
     void readingMakesNothingAndWritingMakesThePrivateFolder()
     {
-        const QString folder = m_folder.filePath("new/zendova");
+        const QString folder = Folder.filePath("new/zendova");
         SettingsTree tree(folder + "/settings.sqlite");
         QVERIFY(!tree.value(Key, u"a"));
-        QVERIFY(!QFileInfo::exists(m_folder.filePath("new")));
+        QVERIFY(!QFileInfo::exists(Folder.filePath("new")));
         QVERIFY(tree.createKey(Key));
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList("settings.sqlite"));
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
@@ -150,7 +149,7 @@ private slots:
 
     void operations()
     {
-        SettingsTree tree(m_path);
+        SettingsTree tree(Path);
         QVERIFY(!tree.setText(Key, u"Name", u"lost")); // the key is missing
         QVERIFY(tree.createKey(Key));
         const QString hostile = QStringLiteral("'; DROP TABLE settings; --\"%_*?\U0001F524");
@@ -174,7 +173,7 @@ private slots:
         QVERIFY(tree.createKey(Key));
         QVERIFY2(!tree.value(Key, u"Name"), "values outlived their key");
         QVERIFY(tree.setText(Key, u"a", u"1"));
-        QVERIFY(OtherProgram(m_path).run("DELETE FROM keys WHERE path LIKE '%Options'"));
+        QVERIFY(OtherProgram(Path).run("DELETE FROM keys WHERE path LIKE '%Options'"));
         QVERIFY(!tree.setText(Key, u"a", u"2"));
         QVERIFY(tree.createKey(Key));
         QVERIFY2(!tree.value(Key, u"a"), "values outlived a key that another program deleted");
@@ -182,8 +181,8 @@ private slots:
 
     void ofTwoCopiesTheLastWinsValueByValue()
     {
-        SettingsTree one(m_path);
-        SettingsTree two(m_path);
+        SettingsTree one(Path);
+        SettingsTree two(Path);
         QVERIFY(one.createKey(Key));
         {
             const SettingsTree::Batch batch(&one);
@@ -204,7 +203,7 @@ private slots:
 
     void aBatchLeftByAnExceptionDiscardsAll()
     {
-        SettingsTree tree(m_path);
+        SettingsTree tree(Path);
         fill(tree, 'o');
         try {
             const SettingsTree::Batch batch(&tree);
@@ -219,15 +218,15 @@ private slots:
 
     void aCrashInABatchLeavesNoneOfIt()
     {
-        const QString image = m_path + ".image"; // what the disk holds at the crash
-        SettingsTree tree(m_path);
+        const QString image = Path + ".image"; // what the disk holds at the crash
+        SettingsTree tree(Path);
         fill(tree, 'o');
         {
             const SettingsTree::Batch batch(&tree);
             fill(tree, 'n', 10'000); // more than SQLite keeps back in memory
-            QVERIFY(QFile::copy(m_path, image));
+            QVERIFY(QFile::copy(Path, image));
             QVERIFY2(contentsOf(image).contains(QByteArray(500, 'n')), "nothing was written yet");
-            QVERIFY(QFile::copy(m_path + "-journal", image + "-journal"));
+            QVERIFY(QFile::copy(Path + "-journal", image + "-journal"));
         }
         SettingsTree crashed(image);
         QVERIFY(isFilled(crashed, 'o'));
@@ -264,16 +263,16 @@ private slots:
         QFETCH(Vandal, vandal);
         for (int time = 1; time <= 2; ++time) {
             fillFile();
-            vandal(m_path);
+            vandal(Path);
             const auto remains = [](const QString &path) {
                 return QList{contentsOf(path), contentsOf(path + "-journal"),
                              contentsOf(path + "/precious")};
             };
-            const auto before = remains(m_path);
-            const QString aside = QStringLiteral("%1.damaged-%2").arg(m_path).arg(time);
+            const auto before = remains(Path);
+            const QString aside = QStringLiteral("%1.damaged-%2").arg(Path).arg(time);
             QTest::ignoreMessage(QtWarningMsg,
                                  QRegularExpression("put aside as " + aside + QLatin1Char('$')));
-            SettingsTree tree(m_path);
+            SettingsTree tree(Path);
             QVERIFY(!tree.value(Key, u"1"));
             QVERIFY(tree.createKey(Key));
             QVERIFY(tree.setText(Key, u"1", u"new"));
@@ -284,14 +283,14 @@ private slots:
 
     void locked()
     {
-        SettingsTree openBefore(m_path);
+        SettingsTree openBefore(Path);
         QVERIFY(openBefore.createKey(Key));
         QVERIFY(openBefore.setText(Key, u"a", u"old"));
-        OtherProgram other(m_path);
+        OtherProgram other(Path);
         QVERIFY(other.run("BEGIN EXCLUSIVE"));
         QElapsedTimer timer;
         timer.start();
-        SettingsTree openedUnderLock(m_path);
+        SettingsTree openedUnderLock(Path);
         for (SettingsTree *tree : {&openBefore, &openedUnderLock}) {
             for (int i = 0; i < 200; ++i) {
                 QVERIFY(!tree->value(Key, u"a"));
@@ -313,9 +312,9 @@ private slots:
 
     void aShortLockIsWaitedFor()
     {
-        SettingsTree tree(m_path);
+        SettingsTree tree(Path);
         QVERIFY(tree.createKey(Key));
-        OtherProgram other(m_path);
+        OtherProgram other(Path);
         QVERIFY(other.run("BEGIN EXCLUSIVE"));
         const std::unique_ptr<QThread> unlocking(QThread::create([&other] {
             sqlite3_sleep(200);
@@ -343,12 +342,12 @@ private slots:
         QFETCH(QString, path);
         QFETCH(bool, isFolderFixed);
         QFETCH(bool, isDamaged);
-        const QString folder = QFileInfo(m_path).path();
+        const QString folder = QFileInfo(Path).path();
         fillFile();
         if (isDamaged)
-            replaceContents(m_path, "no database");
-        const QByteArray before = contentsOf(m_path);
-        const QString fixed = isFolderFixed ? folder : m_path;
+            replaceContents(Path, "no database");
+        const QByteArray before = contentsOf(Path);
+        const QString fixed = isFolderFixed ? folder : Path;
         QVERIFY(QFile::setPermissions(fixed, QFile::ReadOwner | QFile::ExeOwner));
         {
             const NoOverride ordinaryUser;
@@ -362,7 +361,7 @@ private slots:
             QVERIFY(!tree.deleteKey(Key));
         }
         QFile::setPermissions(fixed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(contentsOf(Path), before);
         QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };

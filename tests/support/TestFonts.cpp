@@ -35,14 +35,13 @@ const char configuration[] = R"(<?xml version="1.0"?>
 TestFonts::TestFonts(const QString &fontFolder)
 {
     const QString fonts = fontFolder.isEmpty() ? QStringLiteral(ZENDOVA_TEST_FONTS) : fontFolder;
-    const QString fileName = m_folder.filePath(QStringLiteral("fonts.conf"));
+    const QString fileName = Folder.filePath(QStringLiteral("fonts.conf"));
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly))
         return;
-    const QString text =
-        QString::fromLatin1(configuration)
-            .arg(fonts.toHtmlEscaped(), m_folder.filePath(QStringLiteral("cache")));
-    m_valid = file.write(text.toUtf8()) > 0 && QFile::exists(fonts);
+    const QString text = QString::fromLatin1(configuration)
+                             .arg(fonts.toHtmlEscaped(), Folder.filePath(QStringLiteral("cache")));
+    Valid = file.write(text.toUtf8()) > 0 && QFile::exists(fonts);
     qputenv("FONTCONFIG_FILE", QFile::encodeName(fileName));
 }
 

@@ -17,11 +17,11 @@ public:
     /// `fontFolder` holds the fonts: tests/fonts if empty.
     explicit TestFonts(const QString &fontFolder = {});
 
-    bool isValid() const { return m_valid; }
+    bool isValid() const { return Valid; }
 
 private:
-    QTemporaryDir m_folder;
-    bool m_valid = false;
+    QTemporaryDir Folder;
+    bool Valid = false;
 };
 
 /// What a glyph of the test fonts says of itself.

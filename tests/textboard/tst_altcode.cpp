@@ -21,27 +21,27 @@ class tst_AltCode : public QObject
 private slots:
     void init()
     {
-        m_window = std::make_unique<QMainWindow>();
+        Window = std::make_unique<QMainWindow>();
         auto *content = new QWidget;
         auto *column = new QVBoxLayout(content);
-        column->addWidget(m_board = new TextBoard);
-        column->addWidget(m_line = new QLineEdit);
-        column->addWidget(m_combo = new QComboBox);
-        m_combo->setEditable(true);
-        m_window->setCentralWidget(content);
-        m_window->menuBar()->addMenu(u"&File"_s)->addAction(u"&Open"_s);
-        m_filter = std::make_unique<AltCode>(
+        column->addWidget(Board = new TextBoard);
+        column->addWidget(Line = new QLineEdit);
+        column->addWidget(Combo = new QComboBox);
+        Combo->setEditable(true);
+        Window->setCentralWidget(content);
+        Window->menuBar()->addMenu(u"&File"_s)->addAction(u"&Open"_s);
+        Filter = std::make_unique<AltCode>(
             [](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
-        qApp->installEventFilter(m_filter.get());
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        m_board->setFocus();
+        qApp->installEventFilter(Filter.get());
+        Window->show();
+        Window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(Window.get()));
+        Board->setFocus();
     }
     void cleanup()
     {
-        m_filter.reset();
-        m_window.reset();
+        Filter.reset();
+        Window.reset();
     }
 
     void codes()
@@ -52,35 +52,35 @@ private slots:
             {u"1065"_s, QString()},   {u"065"_s, QString()},    {u"00065"_s, QString()},
         };
         for (const auto &[digits, text] : rows) {
-            m_board->setText(QString());
+            Board->setText(QString());
             code(digits);
-            QVERIFY2(m_board->Text() == text, qPrintable(digits));
+            QVERIFY2(Board->Text() == text, qPrintable(digits));
         }
         // The digits above the letters, and the pad without Num Lock: 0, 2, 3, 9.
-        m_board->setText(QString());
+        Board->setText(QString());
         code(u"0233"_s, Qt::NoModifier);
         key(true, Qt::Key_Alt, Qt::NoModifier);
         for (const int pad : {Qt::Key_Insert, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_PageUp})
             key(true, pad, Qt::AltModifier | Qt::KeypadModifier);
         key(false, Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(m_board->Text(), u"\u00E9\u00EF"_s);
+        QCOMPARE(Board->Text(), u"\u00E9\u00EF"_s);
     }
 
     void everyTextBox()
     {
-        m_board->setText(u"abc"_s);
-        m_board->setSelStart(1);
-        m_board->setSelLength(1);
+        Board->setText(u"abc"_s);
+        Board->setSelStart(1);
+        Board->setSelLength(1);
         code(u"0233"_s);
-        QCOMPARE(m_board->Text(), u"a\u00E9c"_s);
-        m_line->setMaxLength(1);
-        m_line->setFocus();
+        QCOMPARE(Board->Text(), u"a\u00E9c"_s);
+        Line->setMaxLength(1);
+        Line->setFocus();
         code(u"0065"_s);
         code(u"0066"_s);
-        QCOMPARE(m_line->text(), u"A"_s);
-        m_combo->setFocus();
+        QCOMPARE(Line->text(), u"A"_s);
+        Combo->setFocus();
         code(u"0065"_s);
-        QCOMPARE(m_combo->currentText(), u"A"_s);
+        QCOMPARE(Combo->currentText(), u"A"_s);
     }
 
     void cancelled()
@@ -90,30 +90,30 @@ private slots:
         key(true, Qt::Key_Right, Qt::AltModifier);
         digits(u"5"_s);
         key(false, Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(m_board->Text(), QString());
+        QCOMPARE(Board->Text(), QString());
 
         key(true, Qt::Key_Alt, Qt::NoModifier);
         digits(u"0065"_s);
-        m_line->setFocus();
-        m_board->setFocus();
+        Line->setFocus();
+        Board->setFocus();
         key(false, Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(m_board->Text() + m_line->text(), QString());
+        QCOMPARE(Board->Text() + Line->text(), QString());
         code(u"0065"_s);
-        QCOMPARE(m_board->Text(), u"A"_s);
+        QCOMPARE(Board->Text(), u"A"_s);
     }
 
     void shortcutsAndMenuBarStayQuiet()
     {
-        const QShortcut shortcut(QKeySequence(u"Alt+0"_s), m_window.get());
+        const QShortcut shortcut(QKeySequence(u"Alt+0"_s), Window.get());
         const QSignalSpy fired(&shortcut, &QShortcut::activated);
         code(u"0065"_s);
         QCOMPARE(fired.size(), 0);
-        QVERIFY(m_board->hasFocus());
+        QVERIFY(Board->hasFocus());
         // Alt alone still goes to the menu bar, and a box that takes no text leaves it the digits.
         code(QString());
-        QVERIFY(!m_board->hasFocus());
-        m_line->setFocus();
-        m_line->setReadOnly(true);
+        QVERIFY(!Board->hasFocus());
+        Line->setFocus();
+        Line->setReadOnly(true);
         code(u"0"_s, Qt::NoModifier);
         QCOMPARE(fired.size(), 1);
     }
@@ -121,7 +121,7 @@ private slots:
 private:
     void key(bool press, int key, Qt::KeyboardModifiers modifiers, const QString &text = {})
     {
-        QTest::simulateEvent(m_window->windowHandle(), press, key, modifiers, text, false);
+        QTest::simulateEvent(Window->windowHandle(), press, key, modifiers, text, false);
     }
     void digits(const QString &digits, Qt::KeyboardModifiers modifiers = Qt::KeypadModifier)
     {
@@ -136,11 +136,11 @@ private:
         key(false, Qt::Key_Alt, Qt::AltModifier);
     }
 
-    std::unique_ptr<QMainWindow> m_window;
-    std::unique_ptr<AltCode> m_filter;
-    TextBoard *m_board = nullptr;
-    QLineEdit *m_line = nullptr;
-    QComboBox *m_combo = nullptr;
+    std::unique_ptr<QMainWindow> Window;
+    std::unique_ptr<AltCode> Filter;
+    TextBoard *Board = nullptr;
+    QLineEdit *Line = nullptr;
+    QComboBox *Combo = nullptr;
 };
 
 QTEST_MAIN(tst_AltCode)

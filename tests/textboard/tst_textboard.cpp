@@ -29,18 +29,18 @@ class tst_TextBoard : public QObject
 private slots:
     void init()
     {
-        m_window = std::make_unique<QWidget>();
-        auto *column = new QVBoxLayout(m_window.get());
-        column->addWidget(m_board = new TextBoard);
-        column->addWidget(m_next = new QWidget);
-        m_next->setFocusPolicy(Qt::StrongFocus);
-        m_window->resize(600, 400);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        m_board->setFocus();
+        Window = std::make_unique<QWidget>();
+        auto *column = new QVBoxLayout(Window.get());
+        column->addWidget(Board = new TextBoard);
+        column->addWidget(Next = new QWidget);
+        Next->setFocusPolicy(Qt::StrongFocus);
+        Window->resize(600, 400);
+        Window->show();
+        Window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(Window.get()));
+        Board->setFocus();
     }
-    void cleanup() { m_window.reset(); }
+    void cleanup() { Window.reset(); }
 
     void everyCodeSurvives()
     {
@@ -48,17 +48,17 @@ private slots:
         for (int code = 0; code < 256; ++code)
             if (code != '\r' && code != '\n')
                 codes += CodePage::toUnicode(static_cast<quint8>(code));
-        m_board->setText(codes);
-        QCOMPARE(m_board->Text(), codes);
-        QCOMPARE(m_board->TextLength(), 254);
-        m_board->selectAll();
-        QCOMPARE(m_board->SelText(), codes);
+        Board->setText(codes);
+        QCOMPARE(Board->Text(), codes);
+        QCOMPARE(Board->TextLength(), 254);
+        Board->selectAll();
+        QCOMPARE(Board->SelText(), codes);
         contextMenu("edit-copy");
         QCOMPARE(QApplication::clipboard()->text(), codes);
         contextMenu("edit-delete");
         contextMenu("edit-paste");
-        m_board->setSelText(codes);
-        QCOMPARE(m_board->Text(), codes + codes);
+        Board->setSelText(codes);
+        QCOMPARE(Board->Text(), codes + codes);
     }
 
     void whatComesInIsFitted()
@@ -72,37 +72,37 @@ private slots:
             {u"\u0101\U0001F600"_s, u"a?"_s},
         };
         for (const auto &[given, kept] : rows) {
-            m_board->setText(given);
-            QCOMPARE(m_board->Text(), kept);
+            Board->setText(given);
+            QCOMPARE(Board->Text(), kept);
             for (const QString &way : {u"code"_s, u"commit"_s, u"menu"_s}) {
-                m_board->setText(QString());
+                Board->setText(QString());
                 comesIn(way, given);
-                QCOMPARE(m_board->Text(), kept);
+                QCOMPARE(Board->Text(), kept);
             }
         }
-        m_board->setText(QString());
+        Board->setText(QString());
         for (const QString &text : {u"\u0101"_s, u"\U0001F600"_s, u"\u00AD"_s})
-            QTest::sendKeyEvent(QTest::Click, m_board, Qt::Key_unknown, text, Qt::NoModifier);
-        QTest::keyClick(m_board, Qt::Key_Return, Qt::ShiftModifier);
-        QCOMPARE(m_board->Text(), u"a?\u00AD\r\n"_s);
+            QTest::sendKeyEvent(QTest::Click, Board, Qt::Key_unknown, text, Qt::NoModifier);
+        QTest::keyClick(Board, Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(Board->Text(), u"a?\u00AD\r\n"_s);
     }
 
     void positionsBothWays()
     {
         for (const QString &text : {QString(), linesOfText(BoardLimit), u"\r\n"_s.repeated(999)}) {
-            m_board->setText(text);
+            Board->setText(text);
             const int length = static_cast<int>(text.size());
-            QCOMPARE(m_board->TextLength(), length);
+            QCOMPARE(Board->TextLength(), length);
             for (int p = 0; p <= length; p += p > 200 && p < length - 200 ? 37 : 1) {
                 const bool inLineEnd = p > 0 && p < length && text[p - 1] == u'\r';
-                m_board->setSelStart(p);
-                QCOMPARE(m_board->SelStart(), inLineEnd ? p - 1 : p);
+                Board->setSelStart(p);
+                QCOMPARE(Board->SelStart(), inLineEnd ? p - 1 : p);
             }
-            m_board->setSelStart(-1);
-            m_board->setSelLength(std::numeric_limits<int>::max());
-            QCOMPARE(m_board->SelText(), text);
-            m_board->setSelStart(std::numeric_limits<int>::max());
-            QCOMPARE(m_board->SelStart(), length);
+            Board->setSelStart(-1);
+            Board->setSelLength(std::numeric_limits<int>::max());
+            QCOMPARE(Board->SelText(), text);
+            Board->setSelStart(std::numeric_limits<int>::max());
+            QCOMPARE(Board->SelStart(), length);
         }
     }
 
@@ -123,58 +123,58 @@ private slots:
                 if (way == u"drop"_s && row.Selected > 0) // goes beside the selection
                     continue;
                 const QString text = linesOfText(BoardLimit - row.Room);
-                m_board->setText(text);
-                m_board->setSelStart(1000);
-                m_board->setSelLength(row.Selected);
-                const QSignalSpy changes(m_board, &TextBoard::Change);
+                Board->setText(text);
+                Board->setSelStart(1000);
+                Board->setSelLength(row.Selected);
+                const QSignalSpy changes(Board, &TextBoard::Change);
                 comesIn(way, row.Given);
                 QString expected = text;
                 expected.replace(1000, row.Selected, row.Taken);
                 const bool changed = expected != text;
-                QVERIFY2(m_board->Text() == expected, qPrintable(way + u' ' + row.Given));
+                QVERIFY2(Board->Text() == expected, qPrintable(way + u' ' + row.Given));
                 QCOMPARE(!changes.isEmpty(), changed);
-                QCOMPARE(m_board->SelStart(), changed ? 1000 + row.Taken.size() : 1000);
-                QCOMPARE(m_board->SelLength(), changed ? 0 : row.Selected);
+                QCOMPARE(Board->SelStart(), changed ? 1000 + row.Taken.size() : 1000);
+                QCOMPARE(Board->SelLength(), changed ? 0 : row.Selected);
             }
         }
     }
 
     void limitOfTheWholeText()
     {
-        m_board->setText(linesOfText(BoardLimit) + u"x"_s);
-        QCOMPARE(m_board->Text(), linesOfText(BoardLimit));
-        m_board->setText(linesOfText(BoardLimit - 1) + u"\r\n"_s);
-        QCOMPARE(m_board->Text(), linesOfText(BoardLimit - 1));
+        Board->setText(linesOfText(BoardLimit) + u"x"_s);
+        QCOMPARE(Board->Text(), linesOfText(BoardLimit));
+        Board->setText(linesOfText(BoardLimit - 1) + u"\r\n"_s);
+        QCOMPARE(Board->Text(), linesOfText(BoardLimit - 1));
         // What is committed replaces what it names only if it fits.
-        m_board->setText(linesOfText(BoardLimit));
-        m_board->setSelStart(BoardLimit);
+        Board->setText(linesOfText(BoardLimit));
+        Board->setSelStart(BoardLimit);
         commit(u"abc"_s, -2, 2);
         commit(u"\n"_s, -1, 1);
-        QCOMPARE(m_board->Text(), linesOfText(BoardLimit - 2) + u"ab"_s);
+        QCOMPARE(Board->Text(), linesOfText(BoardLimit - 2) + u"ab"_s);
         // What is dropped leaves its source alone unless all of it arrived.
-        m_board->setText(linesOfText(BoardLimit - 3));
+        Board->setText(linesOfText(BoardLimit - 3));
         QCOMPARE(drop(u"ab"_s), Qt::MoveAction);
         QCOMPARE(drop(u"cd"_s), Qt::CopyAction);
     }
 
     void dragWithinTheFullBoard()
     {
-        m_board->setText(u"abc def\r\n"_s + linesOfText(BoardLimit - 9));
-        m_board->setSelStart(2);
-        m_board->setSelLength(10);
-        const QSignalSpy changes(m_board, &TextBoard::Change);
+        Board->setText(u"abc def\r\n"_s + linesOfText(BoardLimit - 9));
+        Board->setSelStart(2);
+        Board->setSelLength(10);
+        const QSignalSpy changes(Board, &TextBoard::Change);
         const auto place = [this](int position) {
-            QTextCursor cursor(m_board->document());
+            QTextCursor cursor(Board->document());
             cursor.setPosition(position);
-            return m_board->viewport()->mapTo(m_window.get(), m_board->cursorRect(cursor).center());
+            return Board->viewport()->mapTo(Window.get(), Board->cursorRect(cursor).center());
         };
         // The drag runs an event loop of its own, in which the rest of the gesture has to come.
-        QWindow *window = m_window->windowHandle();
+        QWindow *window = Window->windowHandle();
         const QPoint from = place(4);
         const QPoint to = place(0);
         QTimer rest;
         connect(&rest, &QTimer::timeout, this, [&] {
-            if (!m_board->viewport()->findChild<QDrag *>())
+            if (!Board->viewport()->findChild<QDrag *>())
                 return;
             rest.stop();
             QTest::mouseMove(window, to);
@@ -184,106 +184,106 @@ private slots:
         QTest::mousePress(window, Qt::LeftButton, {}, from);
         QTest::mouseMove(window, from + QPoint(0, 2 * QApplication::startDragDistance()));
         QTRY_COMPARE(changes.size(), 1);
-        QCOMPARE(m_board->TextLength(), BoardLimit);
-        QCOMPARE(m_board->Text().left(14), u"c def\r\nxxxabxx"_s);
-        m_board->undo();
-        QCOMPARE(m_board->Text().left(12), u"abc def\r\nxxx"_s);
+        QCOMPARE(Board->TextLength(), BoardLimit);
+        QCOMPARE(Board->Text().left(14), u"c def\r\nxxxabxx"_s);
+        Board->undo();
+        QCOMPARE(Board->Text().left(12), u"abc def\r\nxxx"_s);
     }
 
     void undoAndRedo()
     {
-        m_board->setText(u"start "_s + linesOfText(BoardLimit - 9));
+        Board->setText(u"start "_s + linesOfText(BoardLimit - 9));
         const auto after = [this](const char *keys) {
-            QTest::keySequence(m_board, QKeySequence(QString::fromLatin1(keys)));
-            return m_board->Text().left(10);
+            QTest::keySequence(Board, QKeySequence(QString::fromLatin1(keys)));
+            return Board->Text().left(10);
         };
         QCOMPARE(after("Ctrl+Z"), u"start xxxx"_s);
-        m_board->setSelStart(0);
-        m_board->setSelLength(5);
-        m_board->setSelText(u"begin and more"_s);
+        Board->setSelStart(0);
+        Board->setSelLength(5);
+        Board->setSelText(u"begin and more"_s);
         QCOMPARE(after("Ctrl+Z"), u"start xxxx"_s);
         QCOMPARE(after("Ctrl+Shift+Z"), u"begin an x"_s);
         QCOMPARE(after("Ctrl+Z"), u"start xxxx"_s);
         QCOMPARE(after("Ctrl+Y"), u"begin an x"_s);
-        QCOMPARE(m_board->TextLength(), BoardLimit);
+        QCOMPARE(Board->TextLength(), BoardLimit);
     }
 
     void keysOfTheWindow()
     {
-        m_board->setText(u"one two"_s);
-        m_board->setSelStart(4);
-        m_board->setSelLength(2);
+        Board->setText(u"one two"_s);
+        Board->setSelStart(4);
+        Board->setSelLength(2);
         QApplication::clipboard()->setText(u"clip"_s);
         for (const char *name : {"Ctrl+X", "Ctrl+C", "Ctrl+V", "Ctrl+A", "Shift+Del", "Ctrl+Ins",
                                  "Shift+Ins", "Ctrl+D", "Ctrl+K", "Ctrl+U", "Ctrl+H"}) {
             const QKeySequence keys(QString::fromLatin1(name));
-            QTest::keySequence(m_window->windowHandle(), keys); // no command has them yet
-            const QShortcut shortcut(keys, m_window.get());
+            QTest::keySequence(Window->windowHandle(), keys); // no command has them yet
+            const QShortcut shortcut(keys, Window.get());
             const QSignalSpy fired(&shortcut, &QShortcut::activated);
-            QTest::keySequence(m_window->windowHandle(), keys);
+            QTest::keySequence(Window->windowHandle(), keys);
             QVERIFY2(fired.size() == 1, name);
-            QVERIFY2(m_board->Text() == u"one two"_s && m_board->SelText() == u"tw"_s, name);
+            QVERIFY2(Board->Text() == u"one two"_s && Board->SelText() == u"tw"_s, name);
             QVERIFY2(QApplication::clipboard()->text() == u"clip"_s, name);
         }
     }
 
     void keysOfTheBoard()
     {
-        const QShortcut back(QKeySequence(u"Backspace"_s), m_window.get());
-        const QShortcut undo(QKeySequence(u"Ctrl+Z"_s), m_window.get());
-        QTest::keyClicks(m_board, u"ab"_s);
-        QTest::keyClick(m_window->windowHandle(), Qt::Key_Backspace);
-        QCOMPARE(m_board->Text(), u"a"_s);
-        QTest::keyClick(m_window->windowHandle(), Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(m_board->Text(), u"ab"_s);
-        QTest::keyClick(m_window->windowHandle(), Qt::Key_Tab);
-        QVERIFY(m_next->hasFocus());
-        QTest::keyClick(m_window->windowHandle(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QVERIFY(m_board->hasFocus());
+        const QShortcut back(QKeySequence(u"Backspace"_s), Window.get());
+        const QShortcut undo(QKeySequence(u"Ctrl+Z"_s), Window.get());
+        QTest::keyClicks(Board, u"ab"_s);
+        QTest::keyClick(Window->windowHandle(), Qt::Key_Backspace);
+        QCOMPARE(Board->Text(), u"a"_s);
+        QTest::keyClick(Window->windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(Board->Text(), u"ab"_s);
+        QTest::keyClick(Window->windowHandle(), Qt::Key_Tab);
+        QVERIFY(Next->hasFocus());
+        QTest::keyClick(Window->windowHandle(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(Board->hasFocus());
     }
 
     void changeIsTold()
     {
         int changes = 0;
-        connect(m_board, &TextBoard::Change, this, [&] { ++changes; });
+        connect(Board, &TextBoard::Change, this, [&] { ++changes; });
         const auto told = [&] { return std::exchange(changes, 0); };
-        m_board->setText(u"abc"_s);
-        m_board->setText(u"abc"_s);
+        Board->setText(u"abc"_s);
+        Board->setText(u"abc"_s);
         QCOMPARE(told(), 2);
-        m_board->setSelText(u"d"_s);
+        Board->setSelText(u"d"_s);
         QCOMPARE(told(), 1);
-        m_board->setSelText(QString());
+        Board->setSelText(QString());
         QCOMPARE(told(), 0);
-        m_board->selectAll();
-        QTest::keyClick(m_board, Qt::Key_E);
+        Board->selectAll();
+        QTest::keyClick(Board, Qt::Key_E);
         QCOMPARE(told(), 1);
-        QTest::keyClick(m_board, Qt::Key_Left);
+        QTest::keyClick(Board, Qt::Key_Left);
         QCOMPARE(told(), 0);
-        m_board->undo();
-        m_board->redo();
+        Board->undo();
+        Board->redo();
         QCOMPARE(told(), 2);
         QInputMethodEvent composing(u"^"_s, {});
-        QApplication::sendEvent(m_board, &composing);
+        QApplication::sendEvent(Board, &composing);
         QCOMPARE(told(), 0);
         commit(u"\u00ea"_s);
         QCOMPARE(told(), 1);
-        m_board->setFontSize(20);
-        m_board->setAlignment(2);
+        Board->setFontSize(20);
+        Board->setAlignment(2);
         QCOMPARE(told(), 0);
     }
 
     void colourAndSelectionAreSeen()
     {
-        QPalette colors = m_board->palette();
+        QPalette colors = Board->palette();
         colors.setColor(QPalette::Highlight, Qt::yellow);
         colors.setColor(QPalette::HighlightedText, Qt::white);
         colors.setColor(QPalette::Inactive, QPalette::Highlight, QColor(250, 250, 250));
-        m_board->setPalette(colors);
-        m_board->setForeColor(Qt::red);
-        m_board->setText(u"\u2014\u2014\u2014\u2014"_s);
-        m_board->setFontSize(36);
+        Board->setPalette(colors);
+        Board->setForeColor(Qt::red);
+        Board->setText(u"\u2014\u2014\u2014\u2014"_s);
+        Board->setFontSize(36);
         const auto shows = [this](const QColor &color) {
-            const QImage image = m_board->viewport()->grab().toImage();
+            const QImage image = Board->viewport()->grab().toImage();
             for (int y = 0; y < image.height(); ++y)
                 for (int x = 0; x < image.width(); ++x)
                     if (image.pixelColor(x, y) == color)
@@ -291,8 +291,8 @@ private slots:
             return false;
         };
         QVERIFY(shows(Qt::red) && !shows(Qt::yellow));
-        m_board->selectAll();
-        m_next->setFocus();
+        Board->selectAll();
+        Next->setFocus();
         QVERIFY(shows(Qt::yellow) && !shows(Qt::red));
     }
 
@@ -302,10 +302,10 @@ private:
     {
         if (way == u"type"_s) {
             for (const QChar c : text)
-                QTest::sendKeyEvent(QTest::Click, m_board, c == u'\r' ? Qt::Key_Return : Qt::Key_A,
-                                    c, Qt::NoModifier);
+                QTest::sendKeyEvent(QTest::Click, Board, c == u'\r' ? Qt::Key_Return : Qt::Key_A, c,
+                                    Qt::NoModifier);
         } else if (way == u"code"_s) {
-            m_board->setSelText(text);
+            Board->setSelText(text);
         } else if (way == u"menu"_s) {
             QApplication::clipboard()->setText(text);
             contextMenu("edit-paste");
@@ -320,7 +320,7 @@ private:
     {
         QInputMethodEvent event;
         event.setCommitString(text, from, replaced);
-        QApplication::sendEvent(m_board, &event);
+        QApplication::sendEvent(Board, &event);
     }
 
     /// Drops text from elsewhere at the caret; gives the action that its source is told.
@@ -328,26 +328,26 @@ private:
     {
         QMimeData mime;
         mime.setText(text);
-        const QPoint caret = m_board->cursorRect().center();
+        const QPoint caret = Board->cursorRect().center();
         const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
         QDragEnterEvent enter(caret, actions, &mime, Qt::LeftButton, Qt::ShiftModifier);
-        QApplication::sendEvent(m_board->viewport(), &enter);
+        QApplication::sendEvent(Board->viewport(), &enter);
         QDropEvent event(caret, actions, &mime, Qt::LeftButton, Qt::ShiftModifier);
-        QApplication::sendEvent(m_board->viewport(), &event);
+        QApplication::sendEvent(Board->viewport(), &event);
         return event.dropAction();
     }
 
     void contextMenu(const char *name)
     {
-        const std::unique_ptr<QMenu> menu(m_board->createStandardContextMenu());
+        const std::unique_ptr<QMenu> menu(Board->createStandardContextMenu());
         auto *action = menu->findChild<QAction *>(QString::fromLatin1(name));
         QVERIFY(action && action->isEnabled());
         action->trigger();
     }
 
-    std::unique_ptr<QWidget> m_window;
-    TextBoard *m_board = nullptr;
-    QWidget *m_next = nullptr;
+    std::unique_ptr<QWidget> Window;
+    TextBoard *Board = nullptr;
+    QWidget *Next = nullptr;
 };
 
 QTEST_MAIN(tst_TextBoard)
