@@ -1,6 +1,8 @@
 // The settings file as a store: its operations, and what becomes of it when it is damaged, locked,
 // unwritable or its writer breaks off. Works in a temporary folder, with SQLite as the second
 // opinion.
+#include "tests/support/Files.h"
+
 #include "platform/SettingsTree.h"
 
 #include <QElapsedTimer>
@@ -308,6 +310,21 @@ private slots:
             QCOMPARE(textOf(*tree, u"a"), "old");
             QVERIFY(tree->setText(Key, u"b", u"new"));
         }
+    }
+
+    void aFullDiskKeepsWhatWasThere()
+    {
+        SettingsTree tree(Path);
+        fill(tree, 'o');
+        {
+            const FullDisk disk;
+            QVERIFY(!tree.setText(Key, u"1", u"lost"));
+            fill(tree, 'n');
+            QVERIFY(isFilled(tree, 'o'));
+        }
+        fill(tree, 'n');
+        QVERIFY(isFilled(tree, 'n'));
+        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
     void aShortLockIsWaitedFor()

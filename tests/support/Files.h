@@ -1,9 +1,11 @@
-// Files of a test: written whole, read whole.
+// Files of a test: written whole, read whole; and a disk that is full.
 #pragma once
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <csignal>
+#include <sys/resource.h>
 
 /// Writes a file and the folders to it, and gives its path. Ends the program if that fails.
 inline QString writeFile(const QString &path, const QByteArray &content)
@@ -20,3 +22,21 @@ inline QByteArray contentOf(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no file>");
 }
+
+/// A disk on which no file can grow.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &Before);
+        const rlimit none{0, Before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &Before); }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit Before{};
+};

@@ -85,10 +85,13 @@ private slots:
                          menuItem(window, "EditFind")->isChecked()};
         };
         QTest::keyClicks(window->TextBoard, "a");
-        const std::pair<const char *, const char *> ways[] = {
-            {"menu", "menu"},    {"Ctrl+F", "Ctrl+F"}, {"button", "button"},
-            {"button", "Close"}, {"Ctrl+F", "Esc"},    {"menu", "Ctrl+F"},
-            {"Ctrl+F", "Esc on the board"}};
+        const std::pair<const char *, const char *> ways[] = {{"menu", "menu"},
+                                                              {"Ctrl+F", "Ctrl+F"},
+                                                              {"button", "button"},
+                                                              {"button", "Close"},
+                                                              {"Ctrl+F", "Esc"},
+                                                              {"menu", "Ctrl+F"},
+                                                              {"Ctrl+F", "Esc on the board"}};
         for (const auto &[opens, closes] : ways) {
             give(opens);
             checkOpen(window, board.bottom());

@@ -9,31 +9,11 @@
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using Kind = TextBoardRTF::FileKind;
 
 namespace {
-
-/// A disk on which no file can grow.
-class FullDisk
-{
-public:
-    FullDisk()
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &Before);
-        const rlimit none{0, Before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &Before); }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit Before{};
-};
 
 /// "Arial 12 bu #0000ff left", with a question mark for what differs within the selection.
 QString attributesOf(const TextBoardRTF &buffer)
