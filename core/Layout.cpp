@@ -113,7 +113,9 @@ void Zendova::Form_Resize()
         KeepInView();
     }
     // The areas follow also when the width of the screen was another one: it is the same by now.
-    if (MapResizing) {
+    // Apart from the map's size only leaving a restored width changes the window's.
+    if (MapResizing || LaidOutWidth != OuterWidth) {
+        LaidOutWidth = OuterWidth;
         Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
         Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
         Form.setWidth(TextBoard,
@@ -121,6 +123,8 @@ void Zendova::Form_Resize()
         Form.setWidth(CoolBarTB, Form.width(TextBoard));
         Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
         StretchFindBar();
+        if (VCPosition == "R")
+            SetViewsSide(VCPosition);
     }
     if (FirstActivate)
         Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);

@@ -100,7 +100,7 @@ public:
     bool InitMap = false;
     QString InitMapPath;
     double SavedFormHeight = 0; ///< twips, as the settings give them
-    double SavedFormWidth = 0;
+    double SavedFormWidth = 0;  ///< the same, from the map's width to the screen's
     RecentFiles TextFiles;
     RecentFiles MapFiles;
 
@@ -384,13 +384,13 @@ public:
     void CopyBoardToClipboard();
     /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
     void PrepareRTFBuffer(bool Whole);
+    /// Asks the clipboard what it offers; until then the board goes by its last answer.
     void Clipboard_Change();
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
 
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
-    /// Asked for only when the clipboard changes: the answer is another program's and may take
-    /// long.
+    /// Kept, as the answer is another program's and may take long.
     bool ClipboardHasText = false;
 
     // ---- textboard/FindBar.cpp: the find bar and the search
@@ -513,4 +513,5 @@ private:
     int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
+    double LaidOutWidth = OuterWidth;              ///< twips, for which the areas stand
 };

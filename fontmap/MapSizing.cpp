@@ -95,7 +95,8 @@ void Zendova::SetFontMapSize(int Steps, bool Grow)
         Form.setTop(FMapContainer, saved - Form.height(FMapContainer) - 68 * TwipsY);
         Form.setHeight(TextBoard,
                        saved - Form.top(TextBoard) - Form.height(FMapContainer) - 70 * TwipsY);
-        // A damaged width may neither cut the map off nor leave the screen.
+        // A width that is damaged, or of another density, may neither cut the map off nor leave
+        // the screen.
         const double least = MapSize::FormWidth(SizeIndex - 1, scale);
         const double most = std::max(least, SysInfo::current().WorkAreaWidth());
         SetFormSize(std::clamp(SavedFormWidth, least, most), saved);

@@ -274,6 +274,10 @@ void TestLayout::storedWidth()
             QString("UPDATE settings SET value = %1 WHERE name = 'FormWidth'").arg(stored));
         window = desktop.start();
         QCOMPARE(QSizeF(window->FormWidth(), window->FormHeight()), QSizeF(width * 15, height));
+        // Realigned, the window is the map's again, with all areas in it.
+        menuItem(window, "FMRealign")->trigger();
+        QCOMPARE(window->FormWidth(), 976.0 * 15);
+        QVERIFY(window->TextBoard->geometry().right() < window->Client->width());
     }
 }
 
