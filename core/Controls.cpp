@@ -128,11 +128,14 @@ std::vector<TwipRect> designCells()
     constexpr double pitch = 405;
     constexpr double firstTop = 375;
     std::vector<TwipRect> places;
-    for (int cell = 0; cell < CellCount; ++cell)
+    places.reserve(CellCount);
+    for (int cell = 0; cell < CellCount; ++cell) {
+        const int row = cell / MapColumns;
         places.push_back({.Left = pitch * (cell % MapColumns),
-                          .Top = firstTop + pitch * (cell / MapColumns),
+                          .Top = firstTop + pitch * row,
                           .Width = side,
                           .Height = side});
+    }
     return places;
 }
 

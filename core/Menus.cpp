@@ -218,60 +218,81 @@ bool hasCommand(const char *item)
         Rows, [item](const MenuRow &row) { return row.Handler && qstrcmp(row.Name, item) == 0; });
 }
 
+/// An item without a topic of its own has that of its menu.
+void setHelpId(QAction &item, const MenuRow &row, const QMenu *parent)
+{
+    const int ofMenu = parent ? parent->menuAction()->property("HelpId").toInt() : 0;
+    item.setProperty("HelpId", row.HelpId ? row.HelpId : ofMenu);
+}
+
+QMenu *addMenu(Zendova &window, const MenuRow &row, QMenu *parent)
+{
+    QMenu *menu = parent ? parent->addMenu(row.Caption) : window.menuBar()->addMenu(row.Caption);
+    menu->setObjectName(row.Name);
+    menu->installEventFilter(&window); // for the key of the help
+    setHelpId(*menu->menuAction(), row, parent);
+    if (row.Handler)
+        QObject::connect(menu, &QMenu::aboutToShow, &window, row.Handler);
+    return menu;
+}
+
+void addElements(Zendova &window, const MenuRow &row, QMenu &parent)
+{
+    for (int element = 1; element <= row.Elements; ++element) {
+        QAction *item = parent.addAction(row.Caption);
+        item->setObjectName(row.Name + QString::number(element));
+        setHelpId(*item, row, &parent);
+        item->setVisible(!(row.Flags & Hidden));
+        QObject::connect(
+            item, &QAction::triggered, &window,
+            [&window, element, handler = row.ElementHandler] { (window.*handler)(element); });
+    }
+}
+
+void addItem(Zendova &window, const MenuRow &row, QMenu &parent)
+{
+    QAction *item = parent.addAction(row.Caption);
+    item->setObjectName(row.Name);
+    setHelpId(*item, row, &parent);
+    item->setShortcuts(QKeySequence::listFromString(row.Key));
+    item->setCheckable(row.Flags & Checkable);
+    item->setAutoRepeat(!(row.Flags & Checkable)); // a held key would flicker
+    item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
+    item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
+    item->setVisible(!(row.Flags & Hidden));
+    if (row.Handler)
+        QObject::connect(item, &QAction::triggered, &window, row.Handler);
+    if (row.Item)
+        window.*row.Item = item;
+}
+
+void addSeparator(const MenuRow &row, QMenu &parent)
+{
+    QAction *line = parent.addSeparator();
+    line->setObjectName(row.Name);
+    line->setVisible(!(row.Flags & Hidden));
+}
+
 } // namespace
 
 void Zendova::CreateMenus()
 {
     constexpr int Deepest = 3;
-    std::array<QMenu *, Deepest> open{};
+    std::array<QMenu *, Deepest> open{}; // by depth
     for (std::size_t i = 0; i < std::size(Rows); ++i) {
         const MenuRow &row = Rows[i];
         const auto depth = static_cast<std::size_t>(row.Depth);
         QMenu *parent = depth ? open[depth - 1] : nullptr;
-        const auto setHelpId = [&](QAction *item) {
-            const int ofMenu = parent ? parent->menuAction()->property("HelpId").toInt() : 0;
-            item->setProperty("HelpId", row.HelpId ? row.HelpId : ofMenu);
-        };
-        const bool isMenu = i + 1 < std::size(Rows) && Rows[i + 1].Depth > row.Depth;
-        if (isMenu) {
-            QMenu *menu = parent ? parent->addMenu(row.Caption) : menuBar()->addMenu(row.Caption);
-            menu->setObjectName(row.Name);
-            menu->installEventFilter(this); // for the key of the help
-            setHelpId(menu->menuAction());
-            if (row.Handler)
-                connect(menu, &QMenu::aboutToShow, this, row.Handler);
-            open[depth] = menu;
-            continue;
-        }
-        if (qstrcmp(row.Caption, Line) == 0) {
-            QAction *line = parent->addSeparator();
-            line->setObjectName(row.Name);
-            line->setVisible(!(row.Flags & Hidden));
-            continue;
-        }
-        for (int element = 1; element <= row.Elements; ++element) {
-            QAction *item = parent->addAction(row.Caption);
-            item->setObjectName(row.Name + QString::number(element));
-            setHelpId(item);
-            item->setVisible(!(row.Flags & Hidden));
-            connect(item, &QAction::triggered, this,
-                    [this, element, handler = row.ElementHandler] { (this->*handler)(element); });
-        }
-        if (row.Elements > 0)
-            continue;
-        QAction *item = parent->addAction(row.Caption);
-        item->setObjectName(row.Name);
-        setHelpId(item);
-        item->setShortcuts(QKeySequence::listFromString(row.Key));
-        item->setCheckable(row.Flags & Checkable);
-        item->setAutoRepeat(!(row.Flags & Checkable)); // a held key would flicker
-        item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-        item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
-        item->setVisible(!(row.Flags & Hidden));
-        if (row.Handler)
-            connect(item, &QAction::triggered, this, row.Handler);
-        if (row.Item)
-            this->*row.Item = item;
+        if (i + 1 < std::size(Rows) && Rows[i + 1].Depth > row.Depth)
+            open[depth] = addMenu(*this, row, parent);
+        else if (!parent)
+            qFatal("%s is in no menu.", row.Name);
+        else if (qstrcmp(row.Caption, Line) == 0)
+            addSeparator(row, *parent);
+        else if (row.Elements > 0)
+            addElements(*this, row, *parent);
+        else
+            addItem(*this, row, *parent);
     }
     FormatFM = menuBar()->findChild<QMenu *>("FormatFM");
     // The key that opens the help where no menu is open; the menu does not show it.
