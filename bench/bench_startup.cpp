@@ -20,10 +20,10 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
-#include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -190,11 +190,12 @@ int main(int argc, char *argv[])
 {
     if (argc == 3 && QByteArray(argv[1]) == "--child")
         return child(argc, argv, argv[2]);
-    const QCoreApplication application(argc, argv);
-    std::array<char *, 2> takingTurns = {argv[0],
-                                         qstrdup("--benchmark_enable_random_interleaving=true")};
-    int takingTurnsCount = takingTurns.size();
-    benchmark::Initialize(&takingTurnsCount, takingTurns.data());
+    static char takingTurns[] = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1, takingTurns);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data()); // takes out what is its own
+    const QCoreApplication application(count, arguments.data());
     QStringList folders = QCoreApplication::arguments().mid(1);
     if (folders.isEmpty())
         folders += QString();
