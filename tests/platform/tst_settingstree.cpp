@@ -58,19 +58,6 @@ private:
     __user_cap_data_struct Before[2]{};
 };
 
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void replaceContents(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
-}
-
 QByteArray textOf(SettingsTree &tree, QStringView name, QStringView key = Key)
 {
     const auto value = tree.value(key, name);
@@ -149,6 +136,15 @@ private slots:
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
     }
 
+    void anEmptyFileIsAnEmptyTree()
+    {
+        writeFile(Path, {});
+        SettingsTree tree(Path);
+        QVERIFY(!tree.value(Key, u"a"));
+        QVERIFY(tree.createKey(Key));
+        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
+    }
+
     void operations()
     {
         SettingsTree tree(Path);
@@ -186,6 +182,7 @@ private slots:
         SettingsTree one(Path);
         SettingsTree two(Path);
         QVERIFY(one.createKey(Key));
+        QVERIFY(one.setText(Key, u"a", u"old"));
         {
             const SettingsTree::Batch batch(&one);
             {
@@ -193,7 +190,7 @@ private slots:
                 QVERIFY(one.setText(Key, u"a", u"one"));
             }
             QCOMPARE(textOf(one, u"a"), "one");
-            QCOMPARE(textOf(two, u"a"), "missing");
+            QCOMPARE(textOf(two, u"a"), "old"); // or the start would take it for missing
         }
         QVERIFY(two.setText(Key, u"b", u"two"));
         QVERIFY(one.setText(Key, u"b", u"one"));
@@ -227,7 +224,7 @@ private slots:
             const SettingsTree::Batch batch(&tree);
             fill(tree, 'n', 10'000); // more than SQLite keeps back in memory
             QVERIFY(QFile::copy(Path, image));
-            QVERIFY2(contentsOf(image).contains(QByteArray(500, 'n')), "nothing was written yet");
+            QVERIFY2(contentOf(image).contains(QByteArray(500, 'n')), "nothing was written yet");
             QVERIFY(QFile::copy(Path + "-journal", image + "-journal"));
         }
         SettingsTree crashed(image);
@@ -241,13 +238,13 @@ private slots:
         QTest::addColumn<Vandal>("vandal");
         const auto row = [](const char *name, Vandal vandal) { QTest::newRow(name) << vandal; };
         row("no database", [](const QString &path) {
-            replaceContents(path, "[Options]\nToolTips=1\n");
-            replaceContents(path + "-journal", "no journal");
+            writeFile(path, "[Options]\nToolTips=1\n");
+            writeFile(path + "-journal", "no journal");
         });
         row("truncated",
             [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); });
         row("a page overwritten", [](const QString &path) {
-            replaceContents(path, contentsOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
+            writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
         });
         row("other tables", [](const QString &path) {
             QFile::remove(path);
@@ -256,7 +253,7 @@ private slots:
         row("a folder", [](const QString &path) {
             QFile::remove(path);
             QVERIFY(QDir().mkpath(path));
-            replaceContents(path + "/precious", "precious");
+            writeFile(path + "/precious", "precious");
         });
     }
 
@@ -267,8 +264,8 @@ private slots:
             fillFile();
             vandal(Path);
             const auto remains = [](const QString &path) {
-                return QList{contentsOf(path), contentsOf(path + "-journal"),
-                             contentsOf(path + "/precious")};
+                return QList{contentOf(path), contentOf(path + "-journal"),
+                             contentOf(path + "/precious")};
             };
             const auto before = remains(Path);
             const QString aside = QStringLiteral("%1.damaged-%2").arg(Path).arg(time);
@@ -362,8 +359,8 @@ private slots:
         const QString folder = QFileInfo(Path).path();
         fillFile();
         if (isDamaged)
-            replaceContents(Path, "no database");
-        const QByteArray before = contentsOf(Path);
+            writeFile(Path, "no database");
+        const QByteArray before = contentOf(Path);
         const QString fixed = isFolderFixed ? folder : Path;
         QVERIFY(QFile::setPermissions(fixed, QFile::ReadOwner | QFile::ExeOwner));
         {
@@ -378,7 +375,7 @@ private slots:
             QVERIFY(!tree.deleteKey(Key));
         }
         QFile::setPermissions(fixed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QCOMPARE(contentsOf(Path), before);
+        QCOMPARE(contentOf(Path), before);
         QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };

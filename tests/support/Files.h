@@ -23,20 +23,25 @@ inline QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no file>");
 }
 
-/// A disk on which no file can grow.
+/// A disk on which nothing can be written.
 class FullDisk
 {
 public:
     FullDisk()
     {
-        std::signal(SIGXFSZ, SIG_IGN);
+        Handler = std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &Before);
         const rlimit none{0, Before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &none);
     }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &Before); }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &Before);
+        std::signal(SIGXFSZ, Handler);
+    }
     Q_DISABLE_COPY_MOVE(FullDisk)
 
 private:
     rlimit Before{};
+    void (*Handler)(int) = nullptr;
 };
