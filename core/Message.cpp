@@ -30,7 +30,7 @@ QString withBreaks(const QString &text)
     for (const QChar c : text) {
         inWord = c.isSpace() ? 0 : inWord + 1;
         result += c;
-        if (inWord == most) {
+        if (inWord >= most && !c.isHighSurrogate()) {
             result += QChar(0x200B);
             inWord = 0;
         }

@@ -77,7 +77,7 @@ void Zendova::EditPaste_Click()
     if (!paste([&text] { text = ::TextBoard::Fitting(ClipboardFormats::text()); }))
         return;
     if (text.isEmpty()) {
-        SyncEditCommands();
+        Clipboard_Change(); // which was not told, where its owner answers no more
         return;
     }
     // Whether all of it fits is asked as if the selection stayed; how much fits is not.
@@ -112,7 +112,7 @@ void Zendova::EditDelete_Click()
 
 void Zendova::EditSelectAll_Click()
 {
-    TextBoard->selectAll(); // without scrolling, as the text stays in view
+    TextBoard->selectAll(); // a caret that is set would scroll to it
 }
 
 void Zendova::Clipboard_Change()

@@ -1,6 +1,8 @@
 // Bytes are decoded as late as possible, so that those of one character come together.
 #include "textboard/PendingCharacters.h"
 
+#include <utility>
+
 namespace {
 
 constexpr qsizetype Block = 4096;
@@ -9,7 +11,8 @@ constexpr qsizetype Block = 4096;
 
 bool PendingCharacters::isFull() const
 {
-    const bool isCut = IsHalf || (!Characters.isEmpty() && Characters.back().isHighSurrogate());
+    const bool isCut =
+        IsHalf || (Bytes.isEmpty() && !Characters.isEmpty() && Characters.back().isHighSurrogate());
     return Characters.size() + Bytes.size() >= Block && !isCut;
 }
 

@@ -4,7 +4,8 @@
 
 #include "textboard/DocumentCodePage.h"
 
-#include <utility>
+#include <QByteArray>
+#include <QString>
 
 /// Bytes and characters in the order in which they come. All bytes between two calls of `take` or
 /// `add` of a character are of one code page.

@@ -2,7 +2,6 @@
 // flag and what is enabled while the board is empty. Reads the length of the text, never the text.
 #include "core/Zendova.h"
 
-#include "platform/ClipboardFormats.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"

@@ -4,6 +4,8 @@
 #include "core/CheckDFFFunctions.h"
 #include "textboard/TextBoardRTF.h"
 
+#include <optional>
+
 /// The kind that a path's ending names, in capitals or not; nothing for any other ending.
 inline std::optional<TextBoardRTF::FileKind> TextFileKind(const QString &path)
 {

@@ -21,9 +21,7 @@
 #include <QSlider>
 #include <QToolButton>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <new>
 
 namespace {
 
@@ -55,11 +53,7 @@ std::optional<QString> loadFile(TextBoardRTF &buffer, const QString &path, FileK
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard(&QGuiApplication::restoreOverrideCursor);
-    try {
-        return buffer.LoadFile(path, kind);
-    } catch (const std::bad_alloc &) {
-        return qt_error_string(ENOMEM);
-    }
+    return buffer.LoadFile(path, kind);
 }
 
 void selectAll(TextBoardRTF &buffer)
@@ -84,8 +78,12 @@ void Zendova::LoadTextFile(const QString &Path)
     EmptyBoard();
     LoadedFilePath.clear();
     LoadedFileTitle.clear();
-    if (!ReadPendingFile())
-        return;
+    try {
+        if (!ReadPendingFile())
+            return;
+    } catch (const std::exception &) { // lack of memory
+        return tell(FileMessages::NotReadable);
+    }
     const bool partially = TextBoardRTF.TextLength() > TBLimit;
     if (partially && !ask(FileMessages::TooLong))
         return TextBoardRTF.setText({}); // which may be large

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
 
@@ -71,13 +72,15 @@ std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
     if (!offer.FileName.isEmpty())
         dialog.selectFile(QFileInfo(offer.FileName).fileName());
     dialog.setSupportedSchemes({"file"});
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    // Not every desktop's dialog keeps to the scheme.
-    const QString chosen = dialog.selectedUrls().value(0).toLocalFile();
-    if (chosen.isEmpty())
-        return std::nullopt;
-    return ChosenFile{.FileName = chosen, .FileTitle = QFileInfo(chosen).fileName()};
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString chosen = dialog.selectedUrls().value(0).toLocalFile();
+        if (!chosen.isEmpty())
+            return ChosenFile{.FileName = chosen, .FileTitle = QFileInfo(chosen).fileName()};
+        // Not every desktop's dialog keeps to the scheme.
+        QMessageBox::warning(dialog.parentWidget(), offer.DialogTitle,
+                             "Only files of this computer can be chosen.");
+    }
+    return std::nullopt;
 }
 
 } // namespace

@@ -110,9 +110,9 @@ private slots:
             const char *Clipboard;
             const char *Selected;
         } rows[] = {
-            {"EditCut", {"menu", "button", "Ctrl+X", "Shift+Del"}, "abef", "cd", ""},
-            {"EditCopy", {"menu", "button", "Ctrl+C", "Ctrl+Ins"}, "abcdef", "cd", "cd"},
-            {"EditPaste", {"menu", "button", "Ctrl+V", "Shift+Ins"}, "aboldef", "old", ""},
+            {"EditCut", {"menu", "button", "Ctrl+X", "Shift+Del", "F20"}, "abef", "cd", ""},
+            {"EditCopy", {"menu", "button", "Ctrl+C", "Ctrl+Ins", "F16"}, "abcdef", "cd", "cd"},
+            {"EditPaste", {"menu", "button", "Ctrl+V", "Shift+Ins", "F18"}, "aboldef", "old", ""},
             {"EditDelete", {"menu", "Ctrl+D"}, "abef", "old", ""},
             {"EditSelectAll", {"menu", "Ctrl+A"}, "abcdef", "old", "abcdef"},
         };
@@ -362,6 +362,23 @@ private slots:
                  QString(unloaded ? "Zendova Version 3.0.0 RC2" : "Zendova :  b.zuf"));
         QCOMPARE(window->FindFrame->isVisible(), !unloaded);
         QCOMPARE(window->TextChanged, changed || unloaded);
+    }
+
+    void unloadWithoutTheDefaultFont()
+    {
+        Desktop desktop;
+        Zendova *window = desktop.start();
+        QTest::keyClicks(window->TextBoard, "ab");
+        format(window);
+        window->OptUnloadTD->setChecked(true);
+        desktop.alterSettings("UPDATE settings SET value = 'No Such' WHERE name = 'FontName'");
+        desktop.Dialogs.message("Zendova TextBoard Save Warning", Changed, "Yes");
+        clickOperation(window, "ClearButton");
+        QVERIFY(desktop.Dialogs.allCame());
+        const QString first = window->FontNameCombo->ItemText(1);
+        QCOMPARE(QStringList({window->TextBoard->FontName(), window->TBFontName}),
+                 QStringList({first, first}));
+        QCOMPARE(window->TBFontIndex, 1);
     }
 
     void unloadRestoresDefaults()

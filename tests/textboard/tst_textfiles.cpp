@@ -1,5 +1,6 @@
 // Loading the board from files and saving it, by the dialogs, the command line and a drop: what
 // arrives, what is asked and said, and what is left after a No or a failure.
+#include "tests/support/BoardText.h"
 #include "tests/support/Files.h"
 #include "tests/support/MainWindow.h"
 #include "tests/support/Person.h"
@@ -30,7 +31,6 @@ namespace {
 
 constexpr const char *OpenTitle = "Select a File to Load Text From";
 constexpr const char *SaveTitle = "Save Text in File";
-constexpr int Limit = 61440;
 
 /// A message by its title and words of it, in which %1 is the path of the file.
 struct Said
@@ -254,7 +254,7 @@ void TestTextFiles::loads_data()
                         double points = 12) {
         QTest::newRow(test) << name << content << said << answer << QString(text) << points;
     };
-    const QByteArray full(Limit, 'x');
+    const QByteArray full(BoardLimit, 'x');
     row("just fits", "a.txt", full, {}, "", full);
     row("too long, yes", "a.txt", full + 'y', TooLong, "Yes", full);
     row("too long, no", "a.txt", full + 'y', TooLong, "No", "");
@@ -275,6 +275,7 @@ void TestTextFiles::loads_data()
     row("mixed colour", "a.zuf", document("a{\\cf0 b}c"), NotReadable, "Ok", "");
     row("no rich text", "a.zuf", "plain text", NotReadable, "Ok", "");
     row("missing font", "a.zuf", document("abc", "No Such Font"), FontMissing, "No", "");
+    row("more than is read", "a.txt", {}, NotReadable, "Ok", "");
     row("wrong type", "a.doc", "abc", WrongType, "Ok", "");
 }
 
@@ -291,6 +292,8 @@ void TestTextFiles::loads()
     run.write("first.txt", "first");
     run.load("first.txt");
     run.write(name, content);
+    if (content.isNull())
+        QVERIFY(QFile::resize(run.path(name), (qint64(256) << 20) + 1));
     run.load(name, said, answer);
     QVERIFY(run.allCame());
     QCOMPARE(run.text(), text);
@@ -465,7 +468,7 @@ void TestTextFiles::bookkeeping()
 {
     Run run;
     run.Window->DisplayEW->setChecked(false);
-    run.write("long.txt", QByteArray(Limit + 500, 'x'));
+    run.write("long.txt", QByteArray(BoardLimit + 500, 'x'));
     run.load("long.txt", TooLong, "Yes");
     QCOMPARE(run.Window->LFLoadPath, run.Desk.Folder.filePath("files"));
     QTest::keyClick(run.board(), Qt::Key_Delete);
@@ -474,7 +477,7 @@ void TestTextFiles::bookkeeping()
     run.save("sub/b.txt");
     QVERIFY(run.allCame());
     QVERIFY(!run.Window->TextChanged);
-    QCOMPARE(contentOf(run.path("sub/b.txt")).size(), Limit - 1);
+    QCOMPARE(contentOf(run.path("sub/b.txt")).size(), BoardLimit - 1);
     QCOMPARE(run.Window->LoadedFilePath, run.path("sub/b.txt"));
     QCOMPARE(run.title(), QString("Zendova :  b.txt"));
     // A save moves both folders.
