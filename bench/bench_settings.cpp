@@ -2,6 +2,7 @@
 // batch, as by a repair. Works on a file in a temporary folder.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "core/SettingsTable.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -10,7 +11,7 @@
 
 namespace {
 
-struct Setting
+struct StoredSetting
 {
     QString key;
     QString name;
@@ -19,18 +20,16 @@ struct Setting
 };
 
 // All values that a repair writes, the recent files filled in.
-std::vector<Setting> wholeTree()
+std::vector<StoredSetting> wholeTree()
 {
-    std::vector<Setting> tree;
+    std::vector<StoredSetting> tree;
     const auto add = [&tree](QStringView key, const QString &name, const WrittenValue &value) {
         const bool isNumber = std::holds_alternative<qint32>(value);
         tree.push_back({SettingsPath(key), name, value, isNumber ? REG_DWORD : REG_SZ});
     };
-    for (const SettingDefault &row : SettingDefaults) {
-        const auto *number = std::get_if<qint32>(&row.standard);
-        add(row.key, row.value.toString(),
-            number ? WrittenValue(*number) : std::get<QStringView>(row.standard).toString());
-    }
+    for (const Setting &row : SettingsTable())
+        if (const WrittenValue standard = row.standard(); standard.index() != 0)
+            add(row.Key, row.Name.toString(), standard);
     for (int i = 0; i < int(CustomColorDefaults.size()); ++i) {
         add(u"CustomColors", QString::number(i + 1), CustomColorDefaults[i].stored);
         add(u"CustomLabels", QString::number(i + 1), CustomColorDefaults[i].label.toString());
@@ -40,10 +39,6 @@ std::vector<Setting> wholeTree()
         add(u"MRU", QString::number(i), path);
     for (int i = 1; i <= 5; ++i)
         add(u"CFMRU", QString::number(i), path);
-    for (const auto &[prefix, count] :
-         {std::pair("Main", 4), std::pair("TB", 5), std::pair("FM", 3)})
-        for (int i = 1; i <= count; ++i)
-            add(u"Bars", QStringLiteral("%1Band%2Wdth").arg(prefix).arg(i), 1230);
     for (const char *name : {"FormTop", "FormLeft", "FormHeight", "FormWidth"})
         add(u"Last", name, 11730);
     for (const char *name : {"LFLoadPath", "LFSavePath", "LMLoadPath", "LMSavePath"})
@@ -53,12 +48,12 @@ std::vector<Setting> wholeTree()
     return tree;
 }
 
-void repair(const std::vector<Setting> &settings)
+void repair(const std::vector<StoredSetting> &settings)
 {
     const auto batch = GroupRegWrites();
     for (const QStringView key : SettingsKeys)
         RegMakeKey(HKEY_CURRENT_USER, SettingsPath(key));
-    for (const Setting &setting : settings)
+    for (const StoredSetting &setting : settings)
         RegWriteValue(HKEY_CURRENT_USER, setting.key, setting.name, setting.value, setting.kind);
 }
 
@@ -75,7 +70,7 @@ void openAndReadWholeTree(benchmark::State &state)
     for (auto _ : state) {
         SettingsTree tree(folder.filePath("settings.sqlite"));
         UseSettingsTree(&tree);
-        for (const Setting &setting : settings) {
+        for (const StoredSetting &setting : settings) {
             SettingValue value = RegReadValue(HKEY_CURRENT_USER, setting.key, setting.name);
             if (value.index() == 0)
                 state.SkipWithError("a value is missing");
@@ -114,7 +109,7 @@ void repairExistingTree(benchmark::State &state)
     const QTemporaryDir folder;
     const auto settings = wholeTree();
     auto others = settings;
-    for (Setting &setting : others)
+    for (StoredSetting &setting : others)
         setting.value = setting.kind == REG_DWORD ? WrittenValue(7) : QStringLiteral("other");
     SettingsTree tree(folder.filePath("settings.sqlite"));
     UseSettingsTree(&tree);

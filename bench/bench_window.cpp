@@ -4,12 +4,14 @@
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "core/Zendova.h"
+#include "fontmap/FontMap.h"
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
+#include "textboard/FindBar.h"
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
@@ -66,13 +68,13 @@ void changeToNewFont(benchmark::State &state)
 
 void hover(benchmark::State &state, bool highlight)
 {
-    window->FMHiLite->setChecked(highlight);
+    window->FMapContainer->FMHiLite->setChecked(highlight);
     int cell = 0;
     for ([[maybe_unused]] auto unused : state) {
         window->CharButton_MouseMove(cell = (cell + 1) % CellCount);
         paint();
     }
-    window->FMHiLite->setChecked(false);
+    window->FMapContainer->FMHiLite->setChecked(false);
 }
 
 /// What the program itself does as its menus open, all of them.
@@ -89,7 +91,7 @@ void mapSizeJump(benchmark::State &state)
     int size = 1;
     for ([[maybe_unused]] auto unused : state) {
         size = size == 1 ? 24 : 1;
-        window->sldSetFMapSize->setValue(size);
+        window->FMapContainer->sldSetFMapSize->setValue(size);
         paint();
     }
 }
@@ -98,17 +100,18 @@ void mapSizeJump(benchmark::State &state)
 void loadFile(benchmark::State &state)
 {
     const QTemporaryDir folder;
-    window->PendingFilePath = folder.filePath("full.zuf");
+    window->TextFile.PendingFilePath = folder.filePath("full.zuf");
     fillBoard();
     window->PrepareRTFBuffer(true);
-    if (window->TextBoardRTF.SaveFile(window->PendingFilePath, TextBoardRTF::FileKind::RichText))
+    if (window->TextBoardRTF.SaveFile(window->TextFile.PendingFilePath,
+                                      TextBoardRTF::FileKind::RichText))
         return state.SkipWithError("The file can't be written.");
     for ([[maybe_unused]] auto unused : state) {
         state.PauseTiming();
         window->TextBoard->setText({}); // nothing is asked about an empty board
         paint();
         state.ResumeTiming();
-        window->LoadTextFile(window->PendingFilePath);
+        window->LoadTextFile(window->TextFile.PendingFilePath);
         paint();
     }
     if (window->TextBoard->TextLength() != TextBoard::MaxLength())
@@ -133,14 +136,14 @@ void search(benchmark::State &state)
     window->TextBoard->setSelStart(TextBoard::MaxLength() - static_cast<int>(needle.size()));
     window->TextBoard->setSelLength(static_cast<int>(needle.size()));
     window->TextBoard->setSelText(needle);
-    window->ShowFindBar(1);
-    window->FindString->setText(needle);
+    window->FindFrame->ShowFindBar(1);
+    window->FindFrame->FindString->setText(needle);
     for ([[maybe_unused]] auto unused : state) {
         state.PauseTiming();
         window->TextBoard->setSelStart(0);
         paint();
         state.ResumeTiming();
-        window->FindNextButton->click();
+        window->FindFrame->FindNextButton->click();
     }
     if (window->TextBoard->SelText() != needle)
         state.SkipWithError("not found");

@@ -2,8 +2,6 @@
 #include "core/About.h"
 
 #include "core/GlobalDeclarations.h"
-#include "platform/FontCatalog.h"
-#include "platform/SysInfo.h"
 #include "platform/controls/Icons.h"
 
 #include <QFrame>
@@ -13,20 +11,21 @@
 
 namespace {
 
-constexpr TwipRect ClientSize = {0, 0, 5640, 3330};
+constexpr double Width = 5640; // twips
+constexpr double Height = 3330;
 
-/// The font of the messages, where it is installed.
-QFont nameFont()
-{
-    QFont font = TwipForm::font();
-    if (constexpr auto name = "Verdana"; FontCatalog::current().contains(name)) {
-        font = FontCatalog::current().font(name);
-        font.setStyleStrategy(QFont::PreferDefault);
-    }
-    font.setPointSizeF(22);
-    font.setBold(true);
-    return font;
-}
+constexpr ControlRow Rows[] = {
+    {"Background", "About", {0, 0, Width, Height}},
+    {"ZendovaLogo", "Background", {360, 300, 960, 960}, "", "Zendova"},
+    {"ZendovaName", "Background", {1560, 300, 3840, 600}},
+    {"ZendovaVer", "Background", {1590, 930, 3810, 240}},
+    {"Line1", "Background", {360, 1470, 4920, 30}},
+    {"ZendovaAuthor", "Background", {240, 1605, 5160, 240}},
+    {"Label3", "Background", {240, 1845, 5160, 240}},
+    {"Label2", "Background", {240, 2085, 5160, 480}},
+    {"Line2", "Background", {360, 2700, 4920, 30}},
+    {"Label5", "Background", {240, 2880, 5160, 240}},
+};
 
 /// Held down on the way to another key, or to another window: no answer to "press any key".
 bool isModifier(int key)
@@ -47,11 +46,9 @@ bool isModifier(int key)
 
 } // namespace
 
-About::About(QWidget *parent) : QDialog(parent), Form(SysInfo::current().scale())
+About::About(QWidget *parent) : FormDialog("About", Rows, Width, Height, parent)
 {
-    setFont(TwipForm::font());
     setWindowTitle("About Zendova");
-    setFixedSize(Form.scale().toPixels(ClientSize).size());
     createControls();
     ZendovaName->setText(ProductName);
     ZendovaAuthor->setText(CreditLine + ZendovaAuthor->text());
@@ -63,59 +60,51 @@ About::About(QWidget *parent) : QDialog(parent), Form(SysInfo::current().scale()
 
 void About::createControls()
 {
-    Background = new QFrame(this);
-    Background->setObjectName("Background");
+    Background = Form.Make<QFrame>("Background");
     Background->setAccessibleName(windowTitle());
     Background->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     Background->setAutoFillBackground(true);
     Background->setBackgroundRole(QPalette::Base);
     Background->setForegroundRole(QPalette::Text);
     Background->installEventFilter(this);
-    Form.place(Background, ClientSize);
 
-    ZendovaLogo = makeLabel("ZendovaLogo", {360, 300, 960, 960}, {}, Qt::AlignCenter);
-    ZendovaLogo->setAccessibleName("Zendova");
+    ZendovaLogo = makeText("ZendovaLogo", {}, Qt::AlignCenter);
     const QSize logo = Form.scale().toPixels(Form.rect(ZendovaLogo)).size();
     ZendovaLogo->setPixmap(Icons::application().pixmap(logo, devicePixelRatioF()));
-    ZendovaName = makeLabel("ZendovaName", {1560, 300, 3840, 600}, {}, Qt::AlignLeft);
-    ZendovaName->setFont(nameFont());
-    ZendovaVer = makeLabel("ZendovaVer", {1590, 930, 3810, 240}, QString(VersionSuffix).trimmed(),
-                           Qt::AlignLeft);
+    ZendovaName = makeText("ZendovaName", {}, Qt::AlignLeft);
+    QFont large = messageFont();
+    large.setPointSizeF(22);
+    large.setBold(true);
+    ZendovaName->setFont(large);
+    ZendovaVer = makeText("ZendovaVer", QString(VersionSuffix).trimmed(), Qt::AlignLeft);
 
-    Line1 = makeRule("Line1", {360, 1470, 4920, 30});
-    ZendovaAuthor = makeLabel("ZendovaAuthor", {240, 1605, 5160, 240},
-                              ": made with patience and a love of letters", Qt::AlignHCenter);
-    Label3 = makeLabel("Label3", {240, 1845, 5160, 240}, "and", Qt::AlignHCenter);
-    Label2 = makeLabel("Label2", {240, 2085, 5160, 480},
-                       "dedicated to the passion, commitment and generosity of all the freeware "
-                       "coders I am indebted to and have learnt from.",
-                       Qt::AlignHCenter);
+    Line1 = makeRule("Line1");
+    ZendovaAuthor =
+        makeText("ZendovaAuthor", ": made with patience and a love of letters", Qt::AlignHCenter);
+    Label3 = makeText("Label3", "and", Qt::AlignHCenter);
+    Label2 = makeText("Label2",
+                      "dedicated to the passion, commitment and generosity of all the freeware "
+                      "coders I am indebted to and have learnt from.",
+                      Qt::AlignHCenter);
     Label2->setWordWrap(true);
-    Line2 = makeRule("Line2", {360, 2700, 4920, 30});
-    Label5 = makeLabel("Label5", {240, 2880, 5160, 240},
-                       "Press any key or click on box to continue...", Qt::AlignHCenter);
+    Line2 = makeRule("Line2");
+    Label5 = makeText("Label5", "Press any key or click on box to continue...", Qt::AlignHCenter);
 }
 
-QLabel *About::makeLabel(const char *name, const TwipRect &place, const QString &text,
-                         Qt::Alignment alignment)
+QLabel *About::makeText(const char *name, const QString &text, Qt::Alignment alignment)
 {
-    auto *label = new QLabel(text, Background);
-    label->setObjectName(name);
+    QLabel *label = Form.MakeLabel(name, text, alignment);
     label->setTextFormat(Qt::PlainText);
-    label->setAlignment(alignment | Qt::AlignVCenter);
     label->setForegroundRole(QPalette::Text);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Form.place(label, place);
     return label;
 }
 
-QFrame *About::makeRule(const char *name, const TwipRect &place)
+QFrame *About::makeRule(const char *name)
 {
-    auto *rule = new QFrame(Background);
-    rule->setObjectName(name);
+    auto *rule = Form.Make<QFrame>(name);
     rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
     rule->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Form.place(rule, place);
     return rule;
 }
 
@@ -128,7 +117,7 @@ bool About::event(QEvent *event)
             accept();
         return true;
     }
-    return QDialog::event(event);
+    return FormDialog::event(event);
 }
 
 bool About::eventFilter(QObject *watched, QEvent *event)
@@ -145,6 +134,6 @@ bool About::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     default:
-        return QDialog::eventFilter(watched, event);
+        return FormDialog::eventFilter(watched, event);
     }
 }

@@ -2,14 +2,12 @@
 // the credit line, and goes away at any key or click.
 #pragma once
 
-#include "platform/controls/TwipForm.h"
-
-#include <QDialog>
+#include "platform/controls/FormDialog.h"
 
 class QFrame;
 class QLabel;
 
-class About : public QDialog
+class About : public FormDialog
 {
     Q_OBJECT
 
@@ -33,10 +31,8 @@ protected:
 
 private:
     void createControls();
-    QLabel *makeLabel(const char *name, const TwipRect &place, const QString &text,
-                      Qt::Alignment alignment);
-    QFrame *makeRule(const char *name, const TwipRect &place);
+    QLabel *makeText(const char *name, const QString &text, Qt::Alignment alignment);
+    QFrame *makeRule(const char *name);
 
-    TwipForm Form;
     bool Pressed = false;
 };

@@ -1,19 +1,36 @@
-// The live colours are read where they are kept: from the zoom of the main window.
+// The two colours are kept as values: a colour of the desktop is looked up when a dialog opens.
 #include "core/ColorScheme.h"
 
 #include "core/GlobalDeclarations.h"
-#include "core/Zendova.h"
-#include "platform/controls/CharCells.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <optional>
+
+namespace {
+
+struct Scheme
+{
+    ColorValue Fore;
+    ColorValue Back;
+};
+std::optional<Scheme> Worn;
+
+} // namespace
+
+void SetColorScheme(ColorValue fore, ColorValue back)
+{
+    Worn = {fore, back};
+}
 
 void WearColorScheme(std::initializer_list<QWidget *> controls)
 {
-    const Zendova *main = Zendova::Instance();
-    if (!main || !ColorSchemeOn)
+    if (!Worn || !ColorSchemeOn)
         return;
     for (QWidget *control : controls) {
         QPalette own = control->palette();
-        const QColor fore = ToColor(main->TextZoom->ForeColor(0), main->palette());
-        const QColor back = ToColor(main->TextZoom->BackColor(0), main->palette());
+        const QColor fore = ToColor(Worn->Fore, QGuiApplication::palette());
+        const QColor back = ToColor(Worn->Back, QGuiApplication::palette());
         own.setColor(QPalette::WindowText, fore);
         own.setColor(QPalette::Window, back);
         own.setColor(QPalette::Base, back);

@@ -4,15 +4,15 @@
 #include "core/Zendova.h"
 
 #include "core/Display.h"
-#include "fontmap/MapSize.h"
+#include "core/LockPanels.h"
+#include "fontmap/FontMap.h"
+#include "fontmap/Views.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/BandBar.h"
-#include "platform/controls/CharCells.h"
-#include "platform/controls/NumberSlider.h"
-#include "platform/controls/Toolbar.h"
+#include "textboard/FillBar.h"
+#include "textboard/FindBar.h"
 #include "textboard/TextBoard.h"
 
-#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMenu>
@@ -86,13 +86,12 @@ void Zendova::AdoptScale()
     if (scale == Form.scale())
         return;
     Form.setScale(scale);
-    for (BandBar *bar : {CoolBarCM, CoolBarTB, clbFontMap})
+    for (BandBar *bar : {CoolBarCM, CoolBarTB})
         bar->setScale(scale);
-    for (CharCells *cells : {CharButton, TextZoom})
-        cells->setScale(scale);
-    SizeMapContainers();
-    TwipsX = scale.X;
-    TwipsY = std::round(scale.Y);
+    TBPContainer->SetScale(scale);
+    ViewsContainer->SetScale(scale);
+    FindFrame->SetScale(scale);
+    FMapContainer->SetScale(scale);
     SetFormSize(OuterWidth, OuterHeight);
 }
 
@@ -100,34 +99,29 @@ void Zendova::Form_Resize()
 {
     if (ScreenWidth != Display()) {
         ScreenWidth = Display();
-        ComputeMaxMapSize();
-        pbxSetFMapSize->setVisible(MaxMapSize > 1);
-        if (SizeIndex > MaxMapSize) {
-            sldSetFMapSize->setValue(MaxMapSize);
-            // The slider tells of no change where it stood there already.
-            if (SizeIndex != sldSetFMapSize->value())
-                sldSetFMapSize_Change(sldSetFMapSize->value());
-        }
+        FMapContainer->FitScreen();
         if (SplitIsDown())
-            ResetSplit(SizeIndex - 1);
+            ResetSplit(FMapContainer->SizeIndex - 1);
         KeepInView();
     }
     // The areas follow also when the width of the screen was another one: it is the same by now.
     // Apart from the map's size only leaving a restored width changes the window's.
-    if (MapResizing || LaidOutWidth != OuterWidth) {
+    if (FMapContainer->MapResizing || LaidOutWidth != OuterWidth) {
         LaidOutWidth = OuterWidth;
         Form.setWidth(CoolBarCM, OuterWidth - 3 * EdgeMargin);
-        Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * TwipsX);
+        Form.setWidth(SplitBar, Form.width(FMapContainer) - 3 * Form.TwipsX());
         Form.setWidth(TextBoard,
-                      OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * TwipsX);
+                      OuterWidth - 3 * EdgeMargin - Form.width(ViewsContainer) - 2 * Form.TwipsX());
         Form.setWidth(CoolBarTB, Form.width(TextBoard));
         Form.setLeft(StatBar, OuterWidth - 2 * EdgeMargin - Form.width(StatBar));
-        StretchFindBar();
+        Form.setLeft(FindFrame, Form.left(TextBoard));
+        Form.setWidth(FindFrame, Form.width(TextBoard) - 2 * Form.TwipsX());
+        FindFrame->Stretch(Form.width(FindFrame));
         if (VCPosition == "R")
             SetViewsSide(VCPosition);
     }
     if (FirstActivate)
-        Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * TwipsY);
+        Form.setTop(SplitBar, Form.top(FMapContainer) - 2 * Form.TwipsY());
     Form.setTop(LLVContainer, Form.top(FMapContainer) + Form.height(FMapContainer));
     Form.setTop(StatBar, Form.top(LLVContainer));
     UpdateMapCommands(2);
@@ -136,14 +130,13 @@ void Zendova::Form_Resize()
 void Zendova::SetViewsSide(const QString &Side)
 {
     const bool left = Side != "R";
-    ViewsTB->button("VCLeft")->setChecked(left);
-    ViewsTB->button("VCRight")->setChecked(!left);
-    const double boardLeft = (left ? 143 : 7) * TwipsX;
+    ViewsContainer->ShowSide(Side);
+    const double boardLeft = (left ? 143 : 7) * Form.TwipsX();
     Form.setLeft(CoolBarTB, boardLeft);
     Form.setLeft(TextBoard, boardLeft);
     Form.setLeft(ViewsContainer,
-                 left ? 7 * TwipsX : boardLeft + Form.width(TextBoard) + 2 * TwipsX);
-    Form.setLeft(FindFrame, boardLeft + 2 * TwipsX);
+                 left ? 7 * Form.TwipsX() : boardLeft + Form.width(TextBoard) + 2 * Form.TwipsX());
+    Form.setLeft(FindFrame, boardLeft + 2 * Form.TwipsX());
 }
 
 void Zendova::PutViews(const QString &Side)
@@ -154,21 +147,22 @@ void Zendova::PutViews(const QString &Side)
 
 bool Zendova::SplitIsDown() const
 {
-    return Form.top(SplitBar) > MinSplitPixels * TwipsY;
+    return Form.top(SplitBar) > MinSplitPixels * Form.TwipsY();
 }
 
 double Zendova::LowestSplit() const
 {
-    return SysInfo::current().WorkAreaHeight() - Form.height(FMapContainer) - BelowMap * TwipsY;
+    return SysInfo::current().WorkAreaHeight() - Form.height(FMapContainer) -
+           BelowMap * Form.TwipsY();
 }
 
 void Zendova::SplitBar_MouseMove(double Y)
 {
-    const double target = Form.top(SplitBar) + Y - 2 * TwipsY;
-    if (target < MinSplitPixels * TwipsY || target > LowestSplit())
+    const double target = Form.top(SplitBar) + Y - 2 * Form.TwipsY();
+    if (target < MinSplitPixels * Form.TwipsY() || target > LowestSplit())
         return;
     // Moves of two pixels or less are left alone, so that the bar does not jitter.
-    if (std::abs(std::lround((target - Form.top(SplitBar)) / TwipsY)) <= 2)
+    if (std::abs(std::lround((target - Form.top(SplitBar)) / Form.TwipsY())) <= 2)
         return;
     MoveSplit(target);
 }
@@ -195,11 +189,23 @@ void Zendova::SplitBar_MouseUp()
 void Zendova::SplitBar_DblClick()
 {
     if (SplitIsDown())
-        ResetSplit(SizeIndex - 1);
+        ResetSplit(FMapContainer->SizeIndex - 1);
     else if (LowestSplit() > Form.top(SplitBar))
         MoveSplit(LowestSplit());
     KeepInView();
     TextBoard->setFocus();
+}
+
+void Zendova::GiveFindRoom(double Room)
+{
+    Form.setHeight(TextBoard, Form.height(TextBoard) + FindRoom - Room);
+    FindRoom = Room;
+    PlaceFindBar();
+}
+
+void Zendova::PlaceFindBar()
+{
+    Form.setTop(FindFrame, Form.top(TextBoard) + Form.height(TextBoard) + 2 * Form.TwipsY());
 }
 
 void Zendova::CreateSplitGrip()
@@ -234,11 +240,6 @@ bool Zendova::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress)
         if (const auto *menu = qobject_cast<QMenu *>(watched))
             return ShowMenuHelp(*menu, *static_cast<QKeyEvent *>(event));
-    if (watched == ViewsContainer && event->type() == QEvent::ContextMenu) {
-        OfferView(*static_cast<QContextMenuEvent *>(event));
-        event->accept();
-        return true;
-    }
     return QMainWindow::eventFilter(watched, event);
 }
 
@@ -261,7 +262,7 @@ bool Zendova::SplitEvent(const QWidget *under, QEvent *event)
         return true;
     case QEvent::MouseMove:
         if (static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
-            SplitBar_MouseMove((pixelsInBar() - SplitOffset) * TwipsY);
+            SplitBar_MouseMove((pixelsInBar() - SplitOffset) * Form.TwipsY());
         return true;
     case QEvent::MouseButtonRelease:
         if (isLeft()) {

@@ -4,6 +4,7 @@
 #include "core/Zendova.h"
 
 #include "core/GlobalDeclarations.h"
+#include "fontmap/Views.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/TextBoard.h"
 
@@ -26,7 +27,8 @@ enum ItemFlag {
     CheckedAtDesign = 3,
     Toggle = 7,
     Hidden = 8,
-    Disabled = 16
+    Disabled = 16,
+    OfPanel = 32 ///< a panel has made the item, with its command
 };
 
 struct MenuRow
@@ -66,7 +68,7 @@ constexpr MenuRow Rows[] = {
     {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},
     {2, "CFMRU", "", "", nullptr, nullptr, Hidden, 0, 5, &Zendova::CFMRU_Click},
     {1, "FileSep4", Line},
-    {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, &Zendova::FileExit, Plain, GeneralHelp},
+    {1, "FileExit", "E&xit", "", &Zendova::FileExit_Click, nullptr, Plain, GeneralHelp},
 
     {0, "ItemEdit", "&Edit", "", &Zendova::ItemEdit_Click},
     {1, "EditCut", "Cu&t", "Ctrl+X; Shift+Del; F20; Cut", &Zendova::EditCut_Click},
@@ -79,23 +81,18 @@ constexpr MenuRow Rows[] = {
     {1, "EditSep2", Line},
     {1, "EditFind", "&Find...", "Ctrl+F", &Zendova::EditFind_Click, &Zendova::EditFind,
      Checkable | Disabled},
-    {1, "EditFindAgain", "Find A&gain", "F3", &Zendova::EditFindAgain_Click,
-     &Zendova::EditFindAgain, Disabled},
+    {1, "EditFindAgain", "Find A&gain", "F3", nullptr, nullptr, OfPanel | Disabled},
 
     {0, "ItemView", "&Views", "", &Zendova::ItemView_Click, nullptr, Plain, GeneralHelp},
-    {1, "ViewZoom", "&Zoom View", "", &Zendova::ViewZoom_Click, &Zendova::ViewZoom, CheckedAtDesign,
-     ViewHelp},
-    {1, "ViewCode", "&Code View", "", &Zendova::ViewCode_Click, &Zendova::ViewCode, CheckedAtDesign,
-     ViewHelp},
-    {1, "ViewKS", "&Keystroke View", "", &Zendova::ViewKS_Click, &Zendova::ViewKS, CheckedAtDesign,
-     ViewHelp},
+    {1, "ViewZoom", "&Zoom View", "", nullptr, nullptr, OfPanel | CheckedAtDesign, ViewHelp},
+    {1, "ViewCode", "&Code View", "", nullptr, nullptr, OfPanel | CheckedAtDesign, ViewHelp},
+    {1, "ViewKS", "&Keystroke View", "", nullptr, nullptr, OfPanel | CheckedAtDesign, ViewHelp},
     {1, "ViewSep", Line},
-    {1, "ViewAll", "&All Views", "", &Zendova::ViewAll_Click, &Zendova::ViewAll, CheckedAtDesign,
-     ViewHelp},
+    {1, "ViewAll", "&All Views", "", nullptr, nullptr, OfPanel | CheckedAtDesign, ViewHelp},
 
     {0, "ItemFormat", "F&ormat", "", &Zendova::ItemFormat_Click},
     {1, "FormatTB", "&TextBoard"},
-    {2, "FormatFont", "&Font...", "", &Zendova::FormatFont_Click, &Zendova::FormatFont},
+    {2, "FormatFont", "&Font...", "", &Zendova::FormatFont_Click, nullptr},
     {2, "FormatSep1", Line},
     {2, "FFontBold", "&Bold Font", "Ctrl+B", &Zendova::FFontBold_Click, &Zendova::FFontBold,
      CheckedAtDesign},
@@ -106,7 +103,7 @@ constexpr MenuRow Rows[] = {
      &Zendova::FFontUnderline, CheckedAtDesign},
     {2, "FFontStrikethrough", "Stri&kethrough Font", "Ctrl+K", &Zendova::FFontStrikethrough_Click,
      &Zendova::FFontStrikethrough, CheckedAtDesign},
-    {2, "FFontColor", "Font C&olor...", "", &Zendova::ShowColorPicker, &Zendova::FFontColor},
+    {2, "FFontColor", "Font C&olor...", "", &Zendova::ShowColorPicker, nullptr},
     {2, "FormatSep3", Line},
     {2, "AlignLeft", "&Left Align Text", "", &Zendova::AlignLeft_Click, &Zendova::AlignLeft,
      CheckedAtDesign},
@@ -115,18 +112,16 @@ constexpr MenuRow Rows[] = {
     {2, "AlignRight", "&Right Align Text", "", &Zendova::AlignRight_Click, &Zendova::AlignRight,
      CheckedAtDesign},
     {1, "FormatFM", "Font&Map"},
-    {2, "FMSmaller", "&Smaller", "", &Zendova::FMSmaller_Click, &Zendova::FMSmaller},
-    {2, "FMLarger", "&Larger", "", &Zendova::FMLarger_Click, &Zendova::FMLarger},
-    {2, "FMRealign", "&Realign", "", &Zendova::FMRealign_Click, &Zendova::FMRealign},
+    {2, "FMSmaller", "&Smaller", "", nullptr, nullptr, OfPanel},
+    {2, "FMLarger", "&Larger", "", nullptr, nullptr, OfPanel},
+    {2, "FMRealign", "&Realign", "", nullptr, nullptr, OfPanel},
     {2, "FormatSep4", Line},
     {2, "FMFColor", "&Font Color..."},
     {2, "FMBColor", "&Background Color..."},
     {2, "FormatSep5", Line},
-    {2, "FMHiLite", "&Mouse Highlight", "", &Zendova::FMHiLite_Click, &Zendova::FMHiLite,
-     Checkable},
+    {2, "FMHiLite", "&Mouse Highlight", "", nullptr, nullptr, OfPanel | Checkable},
     {2, "FormatSep6", Line},
-    {2, "FMBorders", "Show &Grid", "", &Zendova::FMBorders_Click, &Zendova::FMBorders,
-     CheckedAtDesign},
+    {2, "FMBorders", "Show &Grid", "", nullptr, nullptr, OfPanel | CheckedAtDesign},
 
     {0, "ItemTools", "&Tools", "", &Zendova::ItemTools_Click, nullptr, Plain, GeneralHelp},
     {1, "ToolsCopy", "&Copy TextBoard to Clipboard", "", &Zendova::ToolsCopy_Click, nullptr, Plain,
@@ -208,8 +203,6 @@ constexpr CopyRow Copies[] = {
     {"ItemTools", "ToolsCut", State::Enabled, &Zendova::TBOperationsTB, "CutButton"},
     {"ItemTools", "ToolsPrint", State::Enabled, &Zendova::TBOperationsTB, "PrintButton"},
     {"ItemTools", "ToolsFS", State::Enabled, &Zendova::TBOperationsTB, "FullScreen"},
-    {"ItemDisplay", "VCOnR", State::Checked, &Zendova::ViewsTB, "VCRight"},
-    {"ItemDisplay", "VCOnL", State::Checked, &Zendova::ViewsTB, "VCLeft"},
 };
 
 bool hasCommand(const char *item)
@@ -251,14 +244,18 @@ void addElements(Zendova &window, const MenuRow &row, QMenu &parent)
 
 void addItem(Zendova &window, const MenuRow &row, QMenu &parent)
 {
-    QAction *item = parent.addAction(row.Caption);
+    const bool ofPanel = row.Flags & OfPanel;
+    auto *item = ofPanel ? window.findChild<QAction *>(row.Name) : new QAction(&parent);
+    Q_ASSERT(item);
+    parent.addAction(item);
+    item->setText(row.Caption);
     item->setObjectName(row.Name);
     setHelpId(*item, row, &parent);
     item->setShortcuts(QKeySequence::listFromString(row.Key));
     item->setCheckable(row.Flags & Checkable);
     item->setAutoRepeat(!(row.Flags & Checkable)); // a held key would flicker
     item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-    item->setEnabled((row.Handler || row.Flags == Toggle) && !(row.Flags & Disabled));
+    item->setEnabled((row.Handler || ofPanel || row.Flags == Toggle) && !(row.Flags & Disabled));
     item->setVisible(!(row.Flags & Hidden));
     if (row.Handler)
         QObject::connect(item, &QAction::triggered, &window, row.Handler);
@@ -328,7 +325,9 @@ void Zendova::ItemEdit_Click()
 
 void Zendova::ItemView_Click()
 {
-    ViewAll->setChecked(ViewZoom->isChecked() && ViewCode->isChecked() && ViewKS->isChecked());
+    const Views &views = *ViewsContainer;
+    views.ViewAll->setChecked(views.ViewZoom->isChecked() && views.ViewCode->isChecked() &&
+                              views.ViewKS->isChecked());
 }
 
 void Zendova::ItemFormat_Click()
@@ -347,7 +346,17 @@ void Zendova::ItemTools_Click()
 
 void Zendova::ItemDisplay_Click()
 {
-    CopyButtonStates("ItemDisplay");
+    VCOnL->setChecked(ViewsContainer->ViewsTB->button("VCLeft")->isChecked());
+    VCOnR->setChecked(ViewsContainer->ViewsTB->button("VCRight")->isChecked());
+}
+
+void Zendova::OfferCommand(QAction *Command, const QPoint &At)
+{
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->installEventFilter(this); // for the key of the help
+    menu->addAction(Command);
+    menu->popup(At);
 }
 
 void Zendova::DisplayCS_Click()

@@ -4,21 +4,28 @@
 
 #include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
-#include "core/Zendova.h"
-#include "platform/FontCatalog.h"
-#include "platform/SysInfo.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 namespace {
 
-constexpr TwipRect ClientSize = {0, 0, 5475, 2310};
+constexpr double Width = 5475; // twips
+constexpr double Height = 2310;
 constexpr TwipRect FirstPlace = {2790, 1950, 1290, 330};
 constexpr TwipRect SecondPlace = {4140, 1950, 1290, 330};
+
+constexpr ControlRow Rows[] = {
+    {"MessageArea", "Message", {15, 60, 5445, 1845}},
+    {"Button1", "Message", FirstPlace},
+    {"Button2", "Message", SecondPlace},
+    // Up to the first button: in some desktops' fonts the caption needs all of it.
+    {"DisplayAgainCheck", "Message", {105, 1980, 2655, 270}},
+};
 
 /// The same with invisible places to break a line (U+200B) in words too long for one, as file names
 /// can be: they would be cut off at both ends.
@@ -38,6 +45,20 @@ QString withBreaks(const QString &text)
     return result;
 }
 
+/// The window that a message belongs to: the one that the user works in, or the program's only one
+/// while he works in another program; null before there is one.
+QWidget *windowInFront()
+{
+    if (QWidget *active = QApplication::activeModalWidget())
+        return active;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto visible = std::ranges::find_if(
+        windows, [](const QWidget *w) { return w->isVisible() && w->windowType() == Qt::Window; });
+    return visible == windows.end() ? nullptr : *visible;
+}
+
 } // namespace
 
 void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Title, bool ShowCheck,
@@ -46,10 +67,7 @@ void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Titl
     MsgResult = false;
     MsgDontRepeat = false;
     MsgOkMode = Buttons == "OK";
-    QWidget *parent = QApplication::activeModalWidget();
-    if (!parent && Zendova::Instance() && Zendova::Instance()->isVisible())
-        parent = Zendova::Instance();
-    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton, parent);
+    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton, windowInFront());
     dialog.exec();
 }
 
@@ -60,7 +78,7 @@ bool IsDialogOpen()
 
 Message::Message(const QString &MsgText, const QString &Buttons, const QString &Title,
                  bool ShowCheck, int DefaultButton, QWidget *parent)
-    : QDialog(parent), Form(SysInfo::current().scale())
+    : FormDialog("Message", Rows, Width, Height, parent)
 {
     createControls();
     WearColorScheme({MessageArea});
@@ -88,33 +106,16 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
 
 void Message::createControls()
 {
-    setFont(TwipForm::font());
-    // The line breaks of the messages are made for its width. Not every desktop has it.
-    if (constexpr auto name = "Verdana"; FontCatalog::current().contains(name)) {
-        QFont verdana = FontCatalog::current().font(name);
-        verdana.setPointSizeF(font().pointSizeF());
-        verdana.setStyleStrategy(QFont::PreferDefault);
-        setFont(verdana);
-    }
-    setFixedSize(Form.scale().toPixels(ClientSize).size());
-    MessageArea = new QLabel(this);
-    MessageArea->setObjectName("MessageArea");
+    setFont(messageFont());
+    MessageArea = Form.Make<QLabel>("MessageArea");
     MessageArea->setTextFormat(Qt::PlainText);
     MessageArea->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     MessageArea->setWordWrap(true);
     MessageArea->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    Form.place(MessageArea, {15, 60, 5445, 1845});
-    Button1 = new QPushButton(this);
-    Button1->setObjectName("Button1");
-    Form.place(Button1, FirstPlace);
-    Button2 = new QPushButton(this);
-    Button2->setObjectName("Button2");
-    Form.place(Button2, SecondPlace);
-    DisplayAgainCheck = new QCheckBox("Do not display again", this);
-    DisplayAgainCheck->setObjectName("DisplayAgainCheck");
+    Button1 = Form.Make<QPushButton>("Button1");
+    Button2 = Form.Make<QPushButton>("Button2");
+    DisplayAgainCheck = Form.Make<QCheckBox>("DisplayAgainCheck", "Do not display again");
     DisplayAgainCheck->setToolTip("Check not to display this message again");
-    // Up to the first button: in some desktops' fonts the caption needs all of it.
-    Form.place(DisplayAgainCheck, {105, 1980, 2655, 270});
 
     connect(Button1, &QPushButton::clicked, this, [this] {
         MsgResult = true;
@@ -136,14 +137,14 @@ bool Message::eventFilter(QObject *watched, QEvent *event)
         if (key->isAutoRepeat()) // still held from before, when there was nothing to answer
             return true;
         if (!MsgOkMode)
-            return QDialog::eventFilter(watched, event);
+            return FormDialog::eventFilter(watched, event);
         const bool moves = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Delete;
         if (!key->text().isEmpty() && !moves) {
             reject();
             return true;
         }
     }
-    return QDialog::eventFilter(watched, event);
+    return FormDialog::eventFilter(watched, event);
 }
 
 void Message::keyPressEvent(QKeyEvent *event)
@@ -160,5 +161,5 @@ void Message::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    QDialog::keyPressEvent(event);
+    FormDialog::keyPressEvent(event);
 }

@@ -2,9 +2,7 @@
 // variables MsgResult and MsgDontRepeat when the call returns.
 #pragma once
 
-#include "platform/controls/TwipForm.h"
-
-#include <QDialog>
+#include "platform/controls/FormDialog.h"
 
 class QCheckBox;
 class QLabel;
@@ -20,7 +18,7 @@ void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Titl
 bool IsDialogOpen();
 
 /// The dialog behind ZndvMsg. A call made while one is open opens a second above it.
-class Message : public QDialog
+class Message : public FormDialog
 {
     Q_OBJECT
 
@@ -39,6 +37,4 @@ protected:
 
 private:
     void createControls();
-
-    TwipForm Form;
 };

@@ -7,42 +7,21 @@
 #include "core/GetWinUserName.h"
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
-#include "core/RegistryFunctions.h"
-#include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
+#include "core/SettingsTable.h"
+#include "fontmap/FontMap.h"
 #include "fontmap/MapSize.h"
 #include "platform/SysInfo.h"
-#include "platform/controls/BandBar.h"
-#include "platform/controls/CharCells.h"
-#include "platform/controls/NumberSlider.h"
-#include "textboard/TextBoard.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
-#include <array>
-#include <span>
-#include <utility>
+#include <vector>
 
 namespace {
 
 // Keys are named as below the root of the tree.
-
-QString readText(QStringView key, QStringView name)
-{
-    return toText(RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name));
-}
-
-qint32 readNumber(QStringView key, QStringView name)
-{
-    return toNumber(RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name), key, name);
-}
-
-bool readTruth(QStringView key, QStringView name)
-{
-    return toTruth(RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name), key, name);
-}
 
 bool isEmpty(QStringView key, QStringView name)
 {
@@ -55,57 +34,37 @@ void readForItsExistence(QStringView key, QStringView name)
     RegReadValue(HKEY_CURRENT_USER, SettingsPath(key), name);
 }
 
-void write(QStringView key, QStringView name, const QString &text)
+/// Reads the rows of the table that the condition takes, in its order.
+template<class Condition>
+void readRows(Zendova &window, Condition condition)
 {
-    RegWriteValue(HKEY_CURRENT_USER, SettingsPath(key), name, text, REG_SZ);
+    for (const Setting &setting : SettingsTable()) {
+        if (!condition(setting))
+            continue;
+        if (setting.Set)
+            setting.Set(window, ReadSetting(setting));
+        else
+            readForItsExistence(setting.Key, setting.Name);
+    }
 }
 
-void write(QStringView key, QStringView name, qint32 number)
+/// Writes the values of now of the rows of a key that the condition takes.
+template<class Condition>
+void writeRows(const Zendova &window, QStringView key, Condition condition)
 {
-    RegWriteValue(HKEY_CURRENT_USER, SettingsPath(key), name, number, REG_DWORD);
+    std::vector<const Setting *> rows;
+    for (const Setting &setting : SettingsTable())
+        if (setting.Key == key && setting.Get && condition(setting))
+            rows.push_back(&setting);
+    std::ranges::stable_sort(rows, {}, &Setting::WriteOrder);
+    for (const Setting *setting : rows)
+        WriteSetting(*setting, setting->Get(window));
 }
 
-void writeTruth(QStringView key, QStringView name, bool truth)
+bool any(const Setting &)
 {
-    RegWriteValue(HKEY_CURRENT_USER, SettingsPath(key), name, truth, REG_SZ);
+    return true;
 }
-
-/// A band of a bar and the settings value that keeps its width.
-struct BandSetting
-{
-    BandBar *Zendova::*Bar;
-    QStringView Prefix;
-    std::span<const qint32> Defaults;
-};
-constexpr BandSetting BandSettings[] = {
-    {&Zendova::CoolBarCM, u"MainBand", MainBandWidths},
-    {&Zendova::CoolBarTB, u"TBBand", TBBandWidths},
-    {&Zendova::clbFontMap, u"FMBand", FMBandWidths},
-};
-
-QString bandName(const BandSetting &setting, int band)
-{
-    return QStringLiteral("%1%2Wdth").arg(setting.Prefix).arg(band + 1);
-}
-
-/// A last folder and its value's name.
-constexpr std::pair<QString Zendova::*, QStringView> TextFolders[] = {
-    {&Zendova::LFLoadPath, u"LFLoadPath"}, {&Zendova::LFSavePath, u"LFSavePath"}};
-constexpr std::pair<QString Zendova::*, QStringView> MapFolders[] = {
-    {&Zendova::LMLoadPath, u"LMLoadPath"}, {&Zendova::LMSavePath, u"LMSavePath"}};
-
-/// A toggle and its value's name in the key Options.
-constexpr std::pair<QAction * Zendova::*, QStringView> Toggles[] = {
-    {&Zendova::OptLoadTD, u"TXTLoadSet"},       {&Zendova::OptUnloadTD, u"ZUFUnLoadSet"},
-    {&Zendova::DisplayCD, u"CopyDialog"},       {&Zendova::DisplayEW, u"ExitWarning"},
-    {&Zendova::DisplayOW, u"OverwriteWarning"}, {&Zendova::DisplayCS, u"ColorScheme"},
-    {&Zendova::DisplayTT, u"ToolTips"},
-};
-constexpr std::size_t MiscDefaultCount = 7;
-constexpr std::size_t TogglesBeforeSide = 2; // the views' side is read behind these
-
-constexpr std::pair<QAction * Zendova::*, QStringView> ViewSwitches[] = {
-    {&Zendova::ViewZoom, u"Zoom"}, {&Zendova::ViewCode, u"Code"}, {&Zendova::ViewKS, u"KeyStroke"}};
 
 /// What must not be stored with zero length, by key and value: a run can't begin without it.
 constexpr std::pair<QStringView, QStringView> Indispensable[] = {
@@ -114,8 +73,6 @@ constexpr std::pair<QStringView, QStringView> Indispensable[] = {
     {u"FontMap", u"ForeColorName"},   {u"FontMap", u"ForePaletteRef"},
     {u"FontMap", u"BackPaletteRef"},
 };
-
-constexpr std::array<QStringView, 4> StyleNames = {u"Bold", u"Italic", u"Underline", u"Strikeout"};
 
 } // namespace
 
@@ -140,8 +97,9 @@ void Zendova::LoadSettings()
     if (!RegistryError)
         ReadLastSettings();
     if (!RegistryError) {
-        MaxMapSize = MapSize::Largest(Display(), TwipsX);
-        if (SizeIndex > MaxMapSize) {
+        FontMap &map = *FMapContainer;
+        map.MaxMapSize = MapSize::Largest(Display(), Form.TwipsX());
+        if (map.SizeIndex > map.MaxMapSize) {
             ZndvMsg("\rYour screen resolution may have changed\rfrom the last time " + ProductName +
                         " was run.\r\rThe last used FontMap size cannot be\r"
                         "accommodated in the current screen size.\r\r" +
@@ -150,11 +108,11 @@ void Zendova::LoadSettings()
             ScreenWidth = 0;
         } else {
             // The limit comes first: the slider takes no value beyond it.
-            if (MaxMapSize > 1)
-                sldSetFMapSize->setMost(MaxMapSize);
-            sldSetFMapSize->setValue(SizeIndex);
-            sldSetFMapSize->showNumber(QString::number(SizeIndex));
-            sldSetFMapSize->edit()->setText(QString::number(SizeIndex));
+            if (map.MaxMapSize > 1)
+                map.sldSetFMapSize->setMost(map.MaxMapSize);
+            map.sldSetFMapSize->setValue(map.SizeIndex);
+            map.sldSetFMapSize->showNumber(QString::number(map.SizeIndex));
+            map.sldSetFMapSize->edit()->setText(QString::number(map.SizeIndex));
         }
         ToolTipsOn = DisplayTT->isChecked();
         if (std::ranges::none_of(Indispensable, [](const auto &setting) {
@@ -175,67 +133,14 @@ void Zendova::FirstRunPath()
 
 void Zendova::ReadTextBoardDefaults()
 {
-    constexpr QStringView key = u"TextBoard";
-    TBFontName = readText(key, u"FontName");
-    FontSizeSlider->setValue(readNumber(key, u"FontSize"));
-    for (std::size_t style = 0; style < TBStyle.size(); ++style)
-        TBStyle[style] = readNumber(key, StyleNames[style]) != 0 ? 1 : 0;
-    TextBoard->setAlignment(readNumber(key, u"Alignment"));
-    TBColorIndex = readNumber(key, u"FontColorIndex");
-    TBColorName = readText(key, u"FontColorName");
+    readRows(*this, [](const Setting &setting) { return setting.Key == u"TextBoard"; });
 }
 
 void Zendova::ReadLastSettings()
 {
-    constexpr QStringView last = u"Last";
-    const double top = readNumber(last, u"FormTop");
-    SetFormPosition(readNumber(last, u"FormLeft"), top);
-    SavedFormHeight = readNumber(last, u"FormHeight");
-    SavedFormWidth = readNumber(last, u"FormWidth");
-    for (const auto &[folder, name] : TextFolders)
-        this->*folder = readText(last, name);
-    for (const BandSetting &setting : BandSettings) {
-        BandBar *bar = this->*setting.Bar;
-        for (int band = 0; band < bar->bandCount(); ++band)
-            bar->setBandWidth(band, readNumber(u"Bars", bandName(setting, band)));
-    }
-    for (const auto &[folder, name] : MapFolders)
-        this->*folder = readText(last, name);
-
-    constexpr QStringView map = u"FontMap";
-    ForeColorName = readText(map, u"ForeColorName");
-    ForeColor = readNumber(map, u"ForeColor");
-    ForePaletteRef = readNumber(map, u"ForePaletteRef");
-    ForeColorIndex = readNumber(map, u"ForeColorIndex");
-    BackColorName = readText(map, u"BackColorName");
-    BackColor = readNumber(map, u"BackColor");
-    BackPaletteRef = readNumber(map, u"BackPaletteRef");
-    BackColorIndex = readNumber(map, u"BackColorIndex");
-    FMBorders->setChecked(readNumber(map, u"Borders") != 0);
-    FMHiLite->setChecked(readTruth(map, u"Hilite"));
-    // A size below 1 is stored where no size was known: the smallest stands in for it.
-    SizeIndex = std::max(1, readNumber(map, u"SizeIndex"));
-    InitMap = readTruth(map, u"InitMap");
-    InitMapPath = readText(map, u"InitMapPath");
-
-    for (const auto &[item, name] : ViewSwitches)
-        (this->*item)->setChecked(readTruth(u"Views", name));
-    ZoomSizeSlider->setValue(readNumber(u"Views", u"ZoomSize"));
-
-    constexpr QStringView options = u"Options";
-    const std::span toggles(Toggles);
-    for (const auto &[item, name] : toggles.first(TogglesBeforeSide))
-        (this->*item)->setChecked(readTruth(options, name));
-    VCPosition = readText(options, u"VCPosition");
-    for (const auto &[item, name] : toggles.subspan(TogglesBeforeSide))
-        (this->*item)->setChecked(readTruth(options, name));
-
-    // For their existence only; the dialogs read them when they open.
-    readForItsExistence(u"FB", u"SampleText");
-    readForItsExistence(u"CFMEditor", u"ListCols");
-    readForItsExistence(u"CFMEditor", u"ShiftDir");
-    readForItsExistence(options, u"ZoomedLetter");
-    readForItsExistence(options, u"OFMapStart");
+    readRows(*this, [](const Setting &setting) {
+        return setting.Key != u"TextBoard" && !setting.Key.isEmpty();
+    });
 }
 
 void Zendova::InitSettings(const QString &Mode)
@@ -254,49 +159,25 @@ void Zendova::InitSettings(const QString &Mode)
     }
     DefaultsApplied = true;
     FetchWinUserName();
+    for (const Setting &setting : SettingsTable())
+        if (setting.Set && !std::holds_alternative<std::monostate>(setting.Default))
+            setting.Set(*this, setting.standard());
     const QString folder = SysInfo::documentsFolder();
-    LFLoadPath = LFSavePath = LMLoadPath = LMSavePath = folder;
-    for (QAction *item : {ViewZoom, ViewCode, ViewKS, OptLoadTD, OptUnloadTD, DisplayEW, DisplayCD,
-                          DisplayOW, DisplayCS, DisplayTT})
-        item->setChecked(true);
+    Folders = {folder, folder, folder, folder};
     ToolTipsOn = true;
-    VCPosition = DefaultText(u"Options", u"VCPosition");
-    constexpr QStringView board = u"TextBoard";
-    TBFontName = DefaultText(board, u"FontName");
-    TextBoard->setAlignment(DefaultNumber(board, u"Alignment"));
-    TBColorIndex = DefaultNumber(board, u"FontColorIndex");
-    TBColorName = DefaultText(board, u"FontColorName");
-    ZoomSizeSlider->setValue(DefaultText(u"Views", u"ZoomSize").toInt());
-    TBStyle = {};
-    constexpr QStringView map = u"FontMap";
-    ForeColorName = DefaultText(map, u"ForeColorName");
-    ForePaletteRef = DefaultNumber(map, u"ForePaletteRef");
-    ForeColorIndex = DefaultNumber(map, u"ForeColorIndex");
-    BackColorName = DefaultText(map, u"BackColorName");
-    BackPaletteRef = DefaultNumber(map, u"BackPaletteRef");
-    BackColorIndex = DefaultNumber(map, u"BackColorIndex");
-    // A reading that broke off may have brought some of these with it already.
-    ForeColor = TextZoom->ForeColor(0);
-    BackColor = TextZoom->BackColor(0);
-    FMHiLite->setChecked(false);
-    FMBorders->setChecked(true);
     // One width of the screen has no row: the size then stays without a value, the font size as it
     // is.
-    SizeIndex = 0;
+    FontMap &map = *FMapContainer;
+    map.SizeIndex = 0;
     if (const auto sizes = DefaultsForScreenWidth(Display())) {
-        SizeIndex = sizes->SizeIndex;
+        map.SizeIndex = sizes->SizeIndex;
         FontSizeSlider->setValue(sizes->FontSize);
-        sldSetFMapSize->setValue(SizeIndex);
-        sldSetFMapSize->showNumber(QString::number(SizeIndex));
+        map.sldSetFMapSize->setValue(map.SizeIndex);
+        map.sldSetFMapSize->showNumber(QString::number(map.SizeIndex));
     }
-    InitMap = false;
-    InitMapPath = DefaultText(map, u"InitMapPath");
-    for (const BandSetting &setting : BandSettings)
-        for (std::size_t band = 0; band < setting.Defaults.size(); ++band)
-            (this->*setting.Bar)->setBandWidth(static_cast<int>(band), setting.Defaults[band]);
     const SysInfo &screen = SysInfo::current();
-    const double grownWidth = FormWidth() + MapSize::StepAcross * SizeIndex * TwipsX;
-    const double grownHeight = FormHeight() + MapSize::StepDown * SizeIndex * TwipsY;
+    const double grownWidth = FormWidth() + MapSize::StepAcross * map.SizeIndex * Form.TwipsX();
+    const double grownHeight = FormHeight() + MapSize::StepDown * map.SizeIndex * Form.TwipsY();
     SetFormPosition(screen.WorkAreaLeft() + (screen.WorkAreaWidth() - grownWidth) / 2,
                     screen.WorkAreaTop() + (screen.WorkAreaHeight() - grownHeight) / 2);
 
@@ -320,77 +201,41 @@ void Zendova::WriteCustomColorDefaults()
 {
     int number = 0;
     for (const CustomColorDefault &color : CustomColorDefaults)
-        write(u"CustomColors", QString::number(++number), color.stored);
+        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"CustomColors"), QString::number(++number),
+                      color.stored, REG_DWORD);
     number = 0;
     for (const CustomColorDefault &color : CustomColorDefaults)
-        write(u"CustomLabels", QString::number(++number), color.label.toString());
+        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"CustomLabels"), QString::number(++number),
+                      color.label.toString(), REG_SZ);
 }
 
 void Zendova::WriteMiscDefaults()
 {
-    // The first rows of the table, in its order: those that no control holds.
-    for (const SettingDefault &setting : std::span(SettingDefaults).first(MiscDefaultCount)) {
-        if (const auto *number = std::get_if<qint32>(&setting.standard))
-            write(setting.key, setting.value, *number);
-        else
-            write(setting.key, setting.value, std::get<QStringView>(setting.standard).toString());
-    }
+    for (const Setting &setting : SettingsTable())
+        if (!setting.Get)
+            WriteSetting(setting, setting.standard());
 }
 
 void Zendova::WriteDefaultSettings()
 {
-    constexpr QStringView board = u"TextBoard";
-    write(board, u"FontName", TBFontName);
-    write(board, u"FontSize", FontSizeSlider->number()->text().toInt());
-    for (std::size_t style = 0; style < TBStyle.size(); ++style)
-        write(board, StyleNames[style], TBStyle[style]);
-    write(board, u"Alignment", TextBoard->Alignment());
-    write(board, u"FontColorIndex", TBColorIndex);
-    write(board, u"FontColorName", TBColorName);
-
-    for (const auto &[item, name] : Toggles)
-        writeTruth(u"Options", name, (this->*item)->isChecked());
-    write(u"Options", u"VCPosition", VCPosition);
-
-    constexpr QStringView map = u"FontMap";
-    write(map, u"ForeColor", TextZoom->ForeColor(0));
-    write(map, u"BackColor", TextZoom->BackColor(0));
-    write(map, u"ForeColorIndex", ForeColorIndex);
-    write(map, u"BackColorIndex", BackColorIndex);
-    write(map, u"ForeColorName", ForeColorName);
-    write(map, u"BackColorName", BackColorName);
-    write(map, u"ForePaletteRef", ForePaletteRef);
-    write(map, u"BackPaletteRef", BackPaletteRef);
-    writeTruth(map, u"Hilite", FMHiLite->isChecked());
-    write(map, u"Borders", CharButton->BorderStyle(0));
-    write(map, u"SizeIndex", SizeIndex);
-    writeTruth(map, u"InitMap", InitMap);
-    write(map, u"InitMapPath", InitMapPath);
-
-    for (const auto &[item, name] : ViewSwitches)
-        writeTruth(u"Views", name, (this->*item)->isChecked());
-    write(u"Views", u"ZoomSize", QString::number(ZoomSizeSlider->value()));
+    for (const QStringView key : {u"TextBoard", u"Options", u"FontMap", u"Views"})
+        writeRows(*this, key, any);
 }
 
 void Zendova::SaveLastSettings()
 {
     const auto oneTransaction = GroupRegWrites();
     WriteMRULists();
-    write(u"FontMap", u"SizeIndex", sldSetFMapSize->number()->text().toInt());
-    for (const BandSetting &setting : BandSettings) {
-        const BandBar *bar = this->*setting.Bar;
-        for (int band = 0; band < bar->bandCount(); ++band)
-            write(u"Bars", bandName(setting, band), qRound(bar->bandWidth(band)));
-    }
-    constexpr QStringView last = u"Last";
-    for (const auto &[folder, name] : TextFolders)
-        write(last, name, this->*folder);
-    for (const auto &[folder, name] : MapFolders)
-        write(last, name, this->*folder);
-    if (!isMinimized() && !isMaximized() && !isFullScreen()) {
-        write(last, u"FormTop", qRound(FormTop()));
-        write(last, u"FormLeft", qRound(FormLeft()));
-    }
-    write(last, u"FormHeight", qRound(FormHeight()));
-    write(last, u"FormWidth", qRound(FormWidth()));
+    RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"FontMap"), u"SizeIndex",
+                  FMapContainer->sldSetFMapSize->number()->text().toInt(), REG_DWORD);
+    writeRows(*this, u"Bars", any);
+    const auto isFolder = [](const Setting &row) { return row.Kind == Setting::Type::Text; };
+    const auto isPosition = [](const Setting &row) {
+        return row.Name == u"FormTop" || row.Name == u"FormLeft";
+    };
+    writeRows(*this, u"Last", isFolder);
+    if (!isMinimized() && !isMaximized() && !isFullScreen())
+        writeRows(*this, u"Last", isPosition);
+    writeRows(*this, u"Last",
+              [&](const Setting &row) { return !isFolder(row) && !isPosition(row); });
 }

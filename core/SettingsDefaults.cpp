@@ -24,26 +24,7 @@ constexpr std::array<ScreenRow, 7> ScreenRows{{
     {1902, std::numeric_limits<int>::max(), {24, 34}},
 }};
 
-const SettingDefault &rowOf(QStringView key, QStringView value)
-{
-    const auto row = std::ranges::find_if(SettingDefaults, [=](const SettingDefault &candidate) {
-        return candidate.key == key && candidate.value == value;
-    });
-    Q_ASSERT(row != SettingDefaults.end());
-    return *row;
-}
-
 } // namespace
-
-QString DefaultText(QStringView key, QStringView value)
-{
-    return std::get<QStringView>(rowOf(key, value).standard).toString();
-}
-
-qint32 DefaultNumber(QStringView key, QStringView value)
-{
-    return std::get<qint32>(rowOf(key, value).standard);
-}
 
 QString SettingsPath(QStringView key)
 {

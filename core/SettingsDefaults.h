@@ -1,13 +1,11 @@
-// The settings tree as tables: its keys, and what a repair writes where nothing is known better.
-// Data and plain look-ups only; no store and no window.
+// The settings tree as tables: its keys, the custom colours, and what follows from the screen. Data
+// and plain look-ups only; no store and no window.
 #pragma once
 
-#include "core/RegistryFunctions.h"
-
+#include <QString>
 #include <QStringView>
 #include <array>
 #include <optional>
-#include <variant>
 
 /// The key above all others, and those below it in the order of their creation.
 inline constexpr QStringView SettingsRoot = u"Software\\Zendova";
@@ -75,68 +73,6 @@ inline constexpr std::array<CustomColorDefault, 40> CustomColorDefaults{{
 inline constexpr std::array<qint32, 4> MainBandWidths{945, 6240, 2310, 1230};
 inline constexpr std::array<qint32, 5> TBBandWidths{1920, 1575, 2055, 1230, 2880};
 inline constexpr std::array<qint32, 3> FMBandWidths{1635, 5310, 4470};
-
-/// A system colour as a setting: the high bit set, the system colour's index (0..24) below.
-constexpr qint32 SystemColorReference(quint32 index)
-{
-    return static_cast<qint32>(0x80000000U | index);
-}
-
-/// A value whose default is the same everywhere. Those that follow from the screen, the window, the
-/// user or the recent files are not here, nor are the tables above.
-struct SettingDefault
-{
-    QStringView key;
-    QStringView value;
-    quint32 kind;
-    std::variant<QStringView, qint32> standard;
-};
-
-inline constexpr std::array<SettingDefault, 39> SettingDefaults{{
-    {u"", u"MV", REG_DWORD, 300},
-    {u"", u"SV", REG_DWORD, 2},
-    {u"FB", u"SampleText", REG_SZ, u"The Quick Brown Fox Jumped Over the Lazy Dog."},
-    {u"CFMEditor", u"ListCols", REG_DWORD, 10},
-    {u"CFMEditor", u"ShiftDir", REG_DWORD, 0},
-    {u"Options", u"ZoomedLetter", REG_DWORD, 65},
-    {u"Options", u"OFMapStart", REG_DWORD, 60},
-    {u"TextBoard", u"FontName", REG_SZ, u"Arial"},
-    {u"TextBoard", u"Bold", REG_DWORD, 0},
-    {u"TextBoard", u"Italic", REG_DWORD, 0},
-    {u"TextBoard", u"Underline", REG_DWORD, 0},
-    {u"TextBoard", u"Strikeout", REG_DWORD, 0},
-    {u"TextBoard", u"Alignment", REG_DWORD, 0},
-    {u"TextBoard", u"FontColorIndex", REG_DWORD, 0},
-    {u"TextBoard", u"FontColorName", REG_SZ, u"Black"},
-    {u"Options", u"TXTLoadSet", REG_SZ, u"True"},
-    {u"Options", u"ZUFUnLoadSet", REG_SZ, u"True"},
-    {u"Options", u"CopyDialog", REG_SZ, u"True"},
-    {u"Options", u"ExitWarning", REG_SZ, u"True"},
-    {u"Options", u"OverwriteWarning", REG_SZ, u"True"},
-    {u"Options", u"ColorScheme", REG_SZ, u"True"},
-    {u"Options", u"ToolTips", REG_SZ, u"True"},
-    {u"Options", u"VCPosition", REG_SZ, u"L"},
-    {u"FontMap", u"ForeColor", REG_DWORD, SystemColorReference(8)},
-    {u"FontMap", u"BackColor", REG_DWORD, SystemColorReference(5)},
-    {u"FontMap", u"ForeColorIndex", REG_DWORD, 8},
-    {u"FontMap", u"BackColorIndex", REG_DWORD, 5},
-    {u"FontMap", u"ForeColorName", REG_SZ, u"Window Text"},
-    {u"FontMap", u"BackColorName", REG_SZ, u"Window Background"},
-    {u"FontMap", u"ForePaletteRef", REG_DWORD, 1},
-    {u"FontMap", u"BackPaletteRef", REG_DWORD, 1},
-    {u"FontMap", u"Hilite", REG_SZ, u"False"},
-    {u"FontMap", u"Borders", REG_DWORD, 1},
-    {u"FontMap", u"InitMap", REG_SZ, u"False"},
-    {u"FontMap", u"InitMapPath", REG_SZ, u"None"},
-    {u"Views", u"Zoom", REG_SZ, u"True"},
-    {u"Views", u"Code", REG_SZ, u"True"},
-    {u"Views", u"KeyStroke", REG_SZ, u"True"},
-    {u"Views", u"ZoomSize", REG_SZ, u"72"},
-}};
-
-/// The standard of a row of the table, which must be there and of this kind.
-QString DefaultText(QStringView key, QStringView value);
-qint32 DefaultNumber(QStringView key, QStringView value);
 
 /// FontMap size and font size in points that suit a screen.
 struct ScreenDefault

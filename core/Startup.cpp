@@ -6,10 +6,13 @@
 #include "core/CheckDFFFunctions.h"
 #include "core/Display.h"
 #include "core/GlobalDeclarations.h"
+#include "core/LockPanels.h"
 #include "core/Message.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
-#include "platform/KeyboardLocks.h"
+#include "fontmap/FontMap.h"
+#include "fontmap/MapSize.h"
+#include "fontmap/Views.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
@@ -28,9 +31,6 @@
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
-#include <cmath>
-
-Zendova *Zendova::Shared = nullptr;
 
 namespace {
 
@@ -73,28 +73,7 @@ bool isThere(const QString &path, const QString &title)
 
 } // namespace
 
-Zendova::Zendova(QString commandTail)
-    : TextFiles(u"MRU", 9)
-    , MapFiles(u"CFMRU", 5)
-    , Form(SysInfo::current().scale())
-    , CommandTail(std::move(commandTail))
-{
-    Q_ASSERT(!Shared);
-    Shared = this;
-    setObjectName("Zendova");
-    setFont(TwipForm::font());
-    setAcceptDrops(true);
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
-    CreateControls();
-    CreateMenus();
-    SetFormSize(OuterWidth, OuterHeight);
-}
-
-Zendova::~Zendova()
-{
-    if (Shared == this)
-        Shared = nullptr;
-}
+Zendova::~Zendova() = default;
 
 void Zendova::Start()
 {
@@ -127,13 +106,17 @@ void Zendova::Form_Load()
     LoadSettings();
     if (LoadAborted)
         EndProgram();
-    FillDefaultMap();
+    FMapContainer->FillDefaultMap();
     SetToolbarImages();
-    if (SizeIndex > 1) {
-        SetFontMapSize(SizeIndex - 1, true);
-        if (MaxMapSize == SizeIndex)
-            FMLarger->setEnabled(false);
-        FMSmaller->setEnabled(true);
+    FontMap &map = *FMapContainer;
+    if (map.SizeIndex > 1) {
+        map.SetFontMapSize(map.SizeIndex - 1, true);
+        if (!DefaultsApplied)
+            RestoreStoredWindow();
+        DefaultsApplied = false;
+        if (map.MaxMapSize == map.SizeIndex)
+            map.FMLarger->setEnabled(false);
+        map.FMSmaller->setEnabled(true);
     }
     InitFonts();
     if (LoadAborted)
@@ -163,35 +146,52 @@ void Zendova::CheckScreen()
 
 void Zendova::CaptureDesignLayout()
 {
-    TwipsX = Form.scale().X;
-    TwipsY = std::round(Form.scale().Y);
-    TBLimit = TextBoard->MaxLength();
-    ProgressWidth = Form.width(ProgressBack);
-    TextChanged = false;
+    TextFile.TextChanged = false;
     DefaultsApplied = false;
     EdgeMargin = Form.left(SplitBar);
     ScreenWidth = Display();
-    ForeColor = TextZoom->ForeColor(0);
-    BackColor = TextZoom->BackColor(0);
+    FontMap &map = *FMapContainer;
+    map.Fore.Color = ViewsContainer->TextZoom->ForeColor(0);
+    map.Back.Color = ViewsContainer->TextZoom->BackColor(0);
     ColorSampleText();
     ProductName += 'e';
     CreditLine += 'e';
 }
 
+void Zendova::RestoreStoredWindow()
+{
+    const FontMap &map = *FMapContainer;
+    const TwipScale scale = Form.wholeScale();
+    // A height or a size that this screen can't show would put the map out of reach.
+    const double saved = std::min(SavedFormHeight, SysInfo::current().WorkAreaHeight());
+    if (saved <= MapSize::FormHeight(map.SizeIndex - 1, scale) || map.SizeIndex > map.MaxMapSize)
+        return;
+    Form.setTop(FMapContainer, saved - Form.height(FMapContainer) - 68 * scale.Y);
+    Form.setHeight(TextBoard,
+                   saved - Form.top(TextBoard) - Form.height(FMapContainer) - 70 * scale.Y);
+    // A width that is damaged, or of another density, may neither cut the map off nor leave the
+    // screen.
+    const double least = MapSize::FormWidth(map.SizeIndex - 1, scale);
+    const double most = std::max(least, SysInfo::current().WorkAreaWidth());
+    SetFormSize(std::clamp(SavedFormWidth, least, most), saved);
+}
+
 void Zendova::ApplyViewSettings()
 {
-    ZoomViewSet(ViewZoom->isChecked());
-    CodeViewSet(ViewCode->isChecked());
-    KeystrokeViewSet(ViewKS->isChecked());
-    SetZoomSize(ZoomSizeSlider->value());
+    Views &views = *ViewsContainer;
+    views.ZoomViewSet(views.ViewZoom->isChecked());
+    views.CodeViewSet(views.ViewCode->isChecked());
+    views.KeystrokeViewSet(views.ViewKS->isChecked());
+    views.SetZoomSize(views.ZoomSizeSlider->value());
     SetViewsSide(VCPosition);
-    ApplyFontMapColors(TextZoom->ForeColor(0) != ForeColor, ForeColor,
-                       TextZoom->BackColor(0) != BackColor, BackColor);
+    FontMap &map = *FMapContainer;
+    map.ApplyFontMapColors(views.TextZoom->ForeColor(0) != map.Fore.Color, map.Fore.Color,
+                           views.TextZoom->BackColor(0) != map.Back.Color, map.Back.Color);
     ColorSchemeOn = DisplayCS->isChecked();
     UpdateMapCommands(1);
-    tlbCFMapFmt->button("FMapH")->setChecked(FMHiLite->isChecked());
-    SetCellBorders(FMBorders->isChecked() ? 1 : 0);
-    tlbCFMapFmt->button("FMapG")->setChecked(FMBorders->isChecked());
+    map.tlbCFMapFmt->button("FMapH")->setChecked(map.FMHiLite->isChecked());
+    map.SetCellBorders(map.FMBorders->isChecked() ? 1 : 0);
+    map.tlbCFMapFmt->button("FMapG")->setChecked(map.FMBorders->isChecked());
     if (FirstActivate)
         UpdateProgressBar();
     SetToolTips();
@@ -209,7 +209,7 @@ bool Zendova::event(QEvent *event)
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
     case QEvent::WindowActivate:
-        Locks->refresh(); // another window may have had the keyboard
+        StatBar->locks().refresh(); // another window may have had the keyboard
         // Later, as questions may be asked and this is still on its way to others.
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
@@ -230,7 +230,7 @@ void Zendova::Form_Activate()
     if (!FirstActivate || Activating || Unloaded)
         return;
     Activating = true;
-    Locks->refresh();
+    StatBar->locks().refresh();
     for (QLabel *label : SampleText)
         label->setText(CreditLine + label->text());
     setWindowTitle(ProductName + VersionSuffix);
@@ -244,27 +244,27 @@ void Zendova::RouteFile(const QString &path, const QString &title)
 {
     const auto [folder, name] = SplitAtLastSeparator(path);
     if (EndingOf(path) == "ZCM") {
-        LMLoadPath = folder;
-        PendingMapPath = path;
-        PendingMapName = name;
+        Folders.LMLoadPath = folder;
+        CustomMap.PendingMapPath = path;
+        CustomMap.PendingMapName = name;
         UpdateMapCommands(1);
     } else if (!TextFileKind(path)) {
         ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
                     " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",
                 "OK", ProductName + title, false, 1);
     } else if (CheckAlreadyLoaded(path)) {
-        LFLoadPath = folder;
-        PendingFilePath = path;
-        PendingFileTitle = name;
-        LoadTextFile(PendingFilePath);
+        Folders.LFLoadPath = folder;
+        TextFile.PendingFilePath = path;
+        TextFile.PendingFileTitle = name;
+        LoadTextFile(TextFile.PendingFilePath);
     }
 }
 
 std::optional<QString> Zendova::GetCommandLine()
 {
     QString path = CommandTail;
-    if (path.isEmpty() && InitMap)
-        path = InitMapPath;
+    if (path.isEmpty() && CustomMap.InitMap)
+        path = CustomMap.InitMapPath;
     if (path.startsWith('"'))
         path.remove(0, 1);
     if (path.endsWith('"'))
@@ -350,12 +350,10 @@ void Zendova::Form_Unload()
         RegDropValue(HKEY_CURRENT_USER, SettingsPath(u"Temp"), name);
     RepairRan = false;
     SaveLastSettings();
-    Shared = nullptr;
 }
 
 void Zendova::EndProgram()
 {
-    Shared = nullptr;
     throw ProgramEnd();
 }
 
@@ -373,5 +371,5 @@ void Zendova::SysInfo_DisplayChanged()
                         screen.WorkAreaTop() + screen.WorkAreaHeight() / 2 - FormHeight() / 2);
     }
     InitFontMapSizing();
-    ViewsTB->update();
+    ViewsContainer->ViewsTB->update();
 }

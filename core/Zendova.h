@@ -1,44 +1,69 @@
-// The main window. It owns the run: its load event is the start-up, and it holds all state of the
-// board and the map. One class, because its procedures read and write each other's controls; each
-// topic has a file of its own, listed here in the order in which a run meets them.
+// The main window. It owns the run: its load event is the start-up. It ties its panels and the
+// topics of the board together; what is a thing of its own on the screen is a class of its own.
+// Each topic has a file of its own, listed here in the order in which a run meets them.
 #pragma once
 
-#include "fontmap/CharInfo.h"
 #include "fonttools/FontLoadProcedure.h"
-#include "platform/ColorValue.h"
-#include "platform/controls/TwipForm.h"
+#include "platform/controls/ControlTable.h"
 #include "textboard/RecentFiles.h"
 #include "textboard/TextBoardRTF.h"
 
-#include <QHash>
 #include <QMainWindow>
 #include <array>
-#include <memory>
 #include <optional>
 
 class BandBar;
-class CharCells;
-class FindBox;
+class FillBar;
+class FindBar;
 class FontCombo;
-class KeyboardLocks;
-class NumberSlider;
+class FontMap;
+class LockPanels;
 class QAction;
-class QContextMenuEvent;
-class QCheckBox;
-class QFrame;
 class QKeyEvent;
-class QLabel;
 class QMenu;
-class QPushButton;
-class QShortcut;
 class QToolButton;
 class TextBoard;
 class Toolbar;
+class Views;
 struct ChosenFile;
 
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
 {
+};
+
+/// The last folders of the file dialogs.
+struct LastFolders
+{
+    QString LFLoadPath, LFSavePath, LMLoadPath, LMSavePath;
+};
+
+/// How the board's text looks, as a whole.
+struct BoardFormat
+{
+    QString TBFontName;
+    int TBFontIndex = 0;          ///< position in FontNameCombo
+    std::array<int, 4> TBStyle{}; ///< the wish for bold, italic, underline, strikeout
+    int TBColorIndex = 0;
+    QString TBColorName;
+};
+
+/// Which file the board's text is from, and which one is being loaded.
+struct TextFileState
+{
+    bool TextChanged = false;
+    QString LoadedFilePath, LoadedFileTitle;
+    QString PendingFilePath, PendingFileTitle;
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+};
+
+/// Which custom map is loaded, being loaded, and to be loaded at the start.
+struct CustomMapState
+{
+    QString LoadedMapPath, LoadedMapName;
+    QString PendingMapPath, PendingMapName;
+    bool InitMap = false;
+    QString InitMapPath;
 };
 
 class Zendova : public QMainWindow
@@ -49,8 +74,6 @@ public:
     /// The command tail is everything behind the program's name, as one string.
     explicit Zendova(QString commandTail);
     ~Zendova() override;
-    /// The one instance, or null before its creation and after its unload.
-    static Zendova *Instance() { return Shared; }
 
     // ---- core/Startup.cpp: the order of a run
 
@@ -73,14 +96,16 @@ public:
     /// Loads the file as one given at start, with the same checks.
     void OpenDroppedFile(const QString &path);
     void CaptureDesignLayout();
+    /// The height that the window had when it was closed, if the map of now fits into it.
+    void RestoreStoredWindow();
     void ApplyViewSettings();
     [[noreturn]] void EndProgram();
 
     bool LoadAborted = false;
-    bool FirstActivate = false; ///< start-up runs, until the end of the first activation
-    bool RepairRan = false;
-    bool DefaultsApplied = false; ///< the store was just created or repaired
-    bool DisplayEventSeen = false;
+    bool FirstActivate = false;    ///< start-up runs, until the end of the first activation
+    bool RepairRan = false;        ///< for whoever debugs a run that began with the question
+    bool DefaultsApplied = false;  ///< the store was just created or repaired
+    bool DisplayEventSeen = false; ///< the same for a change of the display
 
     // ---- core/Settings.cpp: reading, repairing and saving the settings
 
@@ -95,10 +120,8 @@ public:
     void WriteDefaultSettings();
     void SaveLastSettings();
 
-    QString LFLoadPath, LFSavePath, LMLoadPath, LMSavePath; ///< last folders of the file dialogs
-    QString VCPosition;                                     ///< "L" or "R": side of the views
-    bool InitMap = false;
-    QString InitMapPath;
+    LastFolders Folders;
+    QString VCPosition;         ///< "L" or "R": side of the views
     double SavedFormHeight = 0; ///< twips, as the settings give them
     double SavedFormWidth = 0;  ///< the same, from the map's width to the screen's
     RecentFiles TextFiles;
@@ -107,51 +130,23 @@ public:
     // ---- core/Controls.cpp: the controls and their places
 
     void CreateControls();
-    /// The control of a row of the table of controls, by its name.
-    QWidget *Control(const QString &Name) const;
 
-    TwipForm Form;
+    ControlTable Form;
     QWidget *Client = nullptr;
     BandBar *CoolBarCM = nullptr;
-    QWidget *TBFContainer = nullptr;
-    QLabel *FontLabel = nullptr;
     FontCombo *FontNameCombo = nullptr;
-    QWidget *FSZContainer = nullptr;
-    QLabel *FontSizeLabel = nullptr;
     NumberSlider *FontSizeSlider = nullptr; ///< with FontSizeNumber and FontSizeEdit
     BandBar *CoolBarTB = nullptr;
-    QWidget *TBPContainer = nullptr;
-    QLabel *NoOfChars = nullptr;
-    QFrame *ProgressBack = nullptr;
-    QLabel *ProgressFore = nullptr;
-    QLabel *PercFilled = nullptr;
+    FillBar *TBPContainer = nullptr;
     ::TextBoard *TextBoard = nullptr;
-    QWidget *FindFrame = nullptr;
-    FindBox *FindString = nullptr;
-    QPushButton *FindNextButton = nullptr, *ClearFindButton = nullptr, *CloseFindButton = nullptr;
-    std::array<QCheckBox *, 2> FindOpt{}; ///< whole word, match case
+    FindBar *FindFrame = nullptr;
     QWidget *SplitBar = nullptr;
     QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
-    QWidget *FMapContainer = nullptr;
-    BandBar *clbFontMap = nullptr;
-    QWidget *pbxSetFMapSize = nullptr;
-    NumberSlider *sldSetFMapSize = nullptr; ///< with lblSetFMapSizeNumber and tbxSetFMapSizeNumber
-    QWidget *pbxCFMName = nullptr;
-    QLabel *lblCFMName = nullptr;
-    CharCells *CharButton = nullptr;
-    QWidget *ViewsContainer = nullptr;
-    QWidget *ZSzContainer = nullptr;
-    CharCells *TextZoom = nullptr;
-    QWidget *CVAContainer = nullptr;
-    NumberSlider *ZoomSizeSlider = nullptr; ///< with ZoomSizeNumber and ZoomSizeEdit
-    QLabel *AscCode = nullptr;
-    QLabel *HexCode = nullptr;
-    QLabel *OctCode = nullptr;
-    QLabel *BinCode = nullptr;
-    QLabel *KS = nullptr;
+    FontMap *FMapContainer = nullptr;
+    Views *ViewsContainer = nullptr;
     QWidget *LLVContainer = nullptr;
     std::array<QLabel *, 2> SampleText{};
-    QWidget *StatBar = nullptr;
+    LockPanels *StatBar = nullptr;
 
     // ---- core/Layout.cpp: the window's size and the areas in it
 
@@ -165,6 +160,7 @@ public:
     void SplitBar_DblClick();
     /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
     void PlaceSplitGrip();
+    bool SplitIsDown() const; ///< the split bar stands below its topmost place
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
@@ -177,16 +173,12 @@ public:
     void KeepInView();
     /// Takes the screen's twips per pixel over, if they have changed.
     void AdoptScale();
+    /// The board gives so many twips of its height to the find bar under it, or takes them back.
+    void GiveFindRoom(double Room);
 
     double EdgeMargin = 105; ///< twips
     int ScreenWidth = 0; ///< pixels, for which MaxMapSize was computed; 0 forces a new computation
-
-    // ---- core/StatBar.cpp: the lock keys in the status bar
-
-    /// Shows what is known of the locks.
-    void ShowLocks();
-
-    std::unique_ptr<KeyboardLocks> Locks;
+    double FindRoom = 0; ///< twips that the board gave to the open find bar
 
     // ---- core/Menus.cpp: the menus
 
@@ -202,18 +194,14 @@ public:
     void VCOnR_Click();
     void DisplayCS_Click();
     void DisplayTT_Click();
+    /// One command in a menu of its own, at a point of the screen.
+    void OfferCommand(QAction *Command, const QPoint &At);
 
     QMenu *FormatFM = nullptr;
-    QAction *FileExit = nullptr;
-    QAction *EditDelete = nullptr, *EditSelectAll = nullptr;
-    QAction *EditFind = nullptr, *EditFindAgain = nullptr;
-    QAction *ViewZoom = nullptr, *ViewCode = nullptr, *ViewKS = nullptr, *ViewAll = nullptr;
-    QAction *FormatFont = nullptr;
+    QAction *EditDelete = nullptr, *EditSelectAll = nullptr, *EditFind = nullptr;
     QAction *FFontBold = nullptr, *FFontItalic = nullptr;
-    QAction *FFontUnderline = nullptr, *FFontStrikethrough = nullptr, *FFontColor = nullptr;
+    QAction *FFontUnderline = nullptr, *FFontStrikethrough = nullptr;
     QAction *AlignLeft = nullptr, *AlignCenter = nullptr, *AlignRight = nullptr;
-    QAction *FMSmaller = nullptr, *FMLarger = nullptr, *FMRealign = nullptr;
-    QAction *FMHiLite = nullptr, *FMBorders = nullptr;
     QAction *OptLoadTD = nullptr, *OptUnloadTD = nullptr;
     QAction *VCOnL = nullptr, *VCOnR = nullptr;
     QAction *DisplayCD = nullptr, *DisplayOW = nullptr, *DisplayEW = nullptr;
@@ -244,70 +232,23 @@ public:
     void SetToolbarImages();
     void SetToolTips();
 
-    /// Sets a button's Enabled; a button whose command is not built stays off.
-    static void EnableButton(Toolbar *Bar, const QString &Key, bool On);
-
-    Toolbar *LoadSaveTB = nullptr, *ZndvDefTB = nullptr, *ViewsTB = nullptr;
+    Toolbar *LoadSaveTB = nullptr, *ZndvDefTB = nullptr;
     Toolbar *TBOperationsTB = nullptr, *TextEditTB = nullptr;
     Toolbar *FontFormatTB = nullptr, *TextAlignTB = nullptr;
-    Toolbar *tlbCustFMap = nullptr, *tlbCFMapFmt = nullptr, *tlbCFMapName = nullptr;
 
-    // ---- fontmap/FontMap.cpp: what the cells hold and how they look
-
-    void FillDefaultMap();
-    void CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At);
-    void ApplyFontMapColors(bool SetFore, ColorValue Fore, bool SetBack, ColorValue Back);
-    /// 1 for grid lines, 0 for none.
-    void SetCellBorders(int Style);
-    void FMHiLite_Click();
-    void FMBorders_Click();
-
-    CharInfoTable CharInfo;
-    int LastCell = 0;
-    ColorValue ForeColor = 0, BackColor = 0;
-    int ForeColorIndex = 0, BackColorIndex = 0;
-    QString ForeColorName, BackColorName;
-    int ForePaletteRef = 0, BackPaletteRef = 0;
-
-    // ---- fontmap/MapSizing.cpp: the size of the map
+    // ---- fontmap/MapSizing.cpp: how the window follows the map
 
     void InitFontMapSizing();
-    /// Changes all cells by so many pixels a side, up or down.
-    void SetFontMapSize(int Steps, bool Grow);
+    void FMapContainer_Resized(double Width, double Height);
+    void FMapContainer_SizeChanged();
+    void FMapContainer_CharacterPicked(const QString &Character);
     /// Lays map, board and window out for the size Steps + 1.
     void ResetSplit(int Steps);
+    void FMRealign_Click();
     /// 1: commands that depend on a loaded custom map; 2: on the size and the split bar.
     void UpdateMapCommands(int Which);
-    void FMLarger_Click();
-    void FMSmaller_Click();
-    void FMRealign_Click();
-    void sldSetFMapSize_Change(int Value);
-    /// Computes MaxMapSize for the screen of now and brings the slider in line.
-    void ComputeMaxMapSize();
-    bool SplitIsDown() const; ///< the split bar stands below its topmost place
 
-    double TwipsX = 15, TwipsY = 15; ///< twips of one pixel; TwipsY in whole numbers
-    int SizeIndex = 0;               ///< from 1; 0 while no size is known
-    int MaxMapSize = 0;
-    bool MapResizing = false;
-    QString LoadedMapPath, LoadedMapName;
-    QString PendingMapPath, PendingMapName; ///< the custom map being loaded
-
-    // ---- fontmap/Views.cpp: what is told of the character under the mouse
-
-    void CharButton_MouseMove(int Index);
-    void ZoomViewSet(bool On);
-    void CodeViewSet(bool On);
-    void KeystrokeViewSet(bool On);
-    void ViewZoom_Click();
-    void ViewCode_Click();
-    void ViewKS_Click();
-    void ViewAll_Click();
-    void SetZoomSize(int Size);
-    /// Offers the one command of the view that was clicked, or that the focus is in.
-    void OfferView(const QContextMenuEvent &Event);
-    /// Code, character and keystroke of a cell in one line, as it is read out.
-    QString SpokenCell(int Index) const;
+    CustomMapState CustomMap;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
@@ -333,10 +274,6 @@ public:
     void ApplyTextBoardSettings();
     void SetTabOrder();
 
-    int TBLimit = 0;
-    bool TextChanged = false;
-    double ProgressWidth = 0; ///< twips
-
     // ---- textboard/TextFiles.cpp: loading and saving the board's text
 
     void FileLoad_Click();
@@ -350,9 +287,7 @@ public:
     void ApplyLoadedFont();
     void FileSave_Click();
 
-    QString LoadedFilePath, LoadedFileTitle;
-    QString PendingFilePath, PendingFileTitle; ///< the text file being loaded
-    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+    TextFileState TextFile;
 
     // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
 
@@ -377,6 +312,7 @@ public:
     void EditPaste_Click();
     void EditDelete_Click();
     void EditSelectAll_Click();
+    void EditFind_Click();
     void ToolsCopy_Click();
     void ToolsCut_Click();
     void ToolsClear_Click();
@@ -392,26 +328,6 @@ public:
     ::TextBoardRTF TextBoardRTF{&Zendova::IsSymbolFont};
     /// Kept, as the answer is another program's and may take long.
     bool ClipboardHasText = false;
-
-    // ---- textboard/FindBar.cpp: the find bar and the search
-
-    /// 1 opens the bar or fills it anew; any other value closes it.
-    void ShowFindBar(int Value);
-    /// Searches the board for FindText, from behind the caret or the start of the selection.
-    void FindInBoard();
-    void EditFind_Click();
-    void EditFindAgain_Click();
-    void FindNextButton_Click();
-    void ClearFindButton_Click();
-    void CloseFindButton_Click();
-    void FindString_Change();
-    /// FindString has the focus of this window, which a menu or another window may be in front of:
-    /// characters of the map go there.
-    bool FindHasFocus() const;
-
-    QShortcut *BoardEscape = nullptr; ///< closes the bar from the board, while it is open
-    QString FindText;                 ///< of the last search
-    double FindRoom = 0;              ///< twips that the board gave to the open bar
 
     // ---- textboard/Formatting.cpp: font, size, styles, colour and alignment
 
@@ -436,11 +352,7 @@ public:
     /// Looks for the colour among the sixteen; found, TBColorIndex is its index.
     bool FindColorIndex(ColorValue Color);
 
-    QString TBFontName;
-    int TBFontIndex = 0;
-    std::array<int, 4> TBStyle{}; ///< the wish for bold, italic, underline, strikeout
-    int TBColorIndex = 0;
-    QString TBColorName;
+    BoardFormat Format;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -450,35 +362,18 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    template<class Widget, class... Arguments>
-    Widget *Make(const char *name, Arguments &&...arguments);
-    void Adopt(QWidget *control, const char *name);
-    QLabel *MakeLabel(const char *name, const QString &text, Qt::Alignment alignment);
-    struct NumberSliderNames
-    {
-        const char *Slider;
-        const char *Number;
-        const char *Edit;
-        const char *ToolTip;
-    };
-    NumberSlider *MakeNumberSlider(const NumberSliderNames &names, int least, int most,
-                                   bool badTextCountsZero);
-    void CreateFindBar();
-    void CreateViews();
-    void CreateMap();
-    void CreateLockPanels();
+    void CreateMainBar();
+    void CreateBoard();
     void CreateSplitGrip();
     bool SplitEvent(const QWidget *under, QEvent *event);
-    void ConnectControls();
-    void FillMapToolbars();
+    void ConnectPanels();
+    void ConnectBoard();
     void FirstRunPath();
     void CheckScreen();
     void MoveSplit(double target);
     double LowestSplit() const;
-    void SizeMapContainers();
-    void CloseFindBar();
     void PlaceFindBar();
-    void StretchFindBar();
+    void ShowLoadedMap();
     void EmptyBoard();
     bool MayUnload();
     void CopyButtonStates(const char *Menu);
@@ -506,12 +401,10 @@ private:
     void EnableSizing(bool on);
     QToolButton *StyleButton(int style) const;
 
-    static Zendova *Shared;
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
     int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
-    QHash<QString, QWidget *> ControlsByName;
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
     double LaidOutWidth = OuterWidth;              ///< twips, for which the areas stand
 };

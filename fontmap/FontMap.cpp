@@ -1,17 +1,164 @@
 // What the cells of the map hold and how they look: the default map, clicks, colours, the highlight
-// and the grid lines. Their size is another topic, as is what is told of a character.
-#include "core/Zendova.h"
+// and the grid lines; and the making of the map's controls.
+#include "fontmap/FontMap.h"
 
+#include "core/SettingsDefaults.h"
+#include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/Toolbar.h"
-#include "textboard/FindBox.h"
-#include "textboard/TextBoard.h"
 
 #include <QAction>
 #include <QLabel>
-#include <QMenu>
+#include <QSlider>
 
-void Zendova::FillDefaultMap()
+namespace {
+
+constexpr ControlRow Rows[] = {
+    {"CharButton", "FMapContainer", {0, 0, 11415, 3690}, "", "Characters of the FontMap"},
+    {"clbFontMap", "FMapContainer", {0, -15, 11415, 390}, "", "FontMap bar"},
+    {"tlbCustFMap", "clbFontMap", InBand, "", "Custom FontMaps"},
+    {"tlbCFMapFmt", "clbFontMap", InBand, "", "FontMap format"},
+    {"tlbCFMapName", "clbFontMap", InBand, "", "Custom FontMap's name"},
+    {"pbxSetFMapSize", "tlbCFMapFmt", {0, 0, 2505, 360}, "Adjust FontMap Size"},
+    {"MapSizeLabel", "pbxSetFMapSize", {30, 60, 855, 240}},
+    {"lblSetFMapSizeNumber",
+     "pbxSetFMapSize",
+     {915, 60, 270, 240},
+     "FontMap Size (Click to Change)"},
+    {"tbxSetFMapSizeNumber", "pbxSetFMapSize", {915, 45, 270, 285}, "Enter FontMap size"},
+    {"sldSetFMapSize", "pbxSetFMapSize", {1215, 45, 1230, 270}},
+    {"pbxCFMName", "tlbCFMapName", {0, 0, 4350, 360}, "Custom Map currently loaded"},
+    {"lblCFMName", "pbxCFMName", {0, 60, 4350, 240}, "Currently loaded Custom FontMap file name"},
+};
+
+using enum Toolbar::Kind;
+
+constexpr ButtonRow<FontMap> Buttons[] = {
+    {&FontMap::tlbCustFMap, {"CFMapLoad", "CFMapLoad", "Load a Cutsom FontMap"}},
+    {&FontMap::tlbCustFMap, {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"}},
+    {&FontMap::tlbCustFMap, {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"}},
+    {&FontMap::tlbCustFMap, {"CFMapUnld", "CFMapUnld", "Unload Current Custom FontMap"}},
+    {&FontMap::tlbCFMapFmt,
+     {"FMap-", "FMap-", "Reduce FontMap Size"},
+     [](FontMap &map) { map.FMSmaller_Click(); }},
+    {&FontMap::tlbCFMapFmt,
+     {"FMap+", "FMap+", "Increase FontMap Size"},
+     [](FontMap &map) { map.FMLarger_Click(); }},
+    {&FontMap::tlbCFMapFmt,
+     {"RAFMap", "RAFMap", "Realign FontMap (Activates Map Sizing)"},
+     [](FontMap &map) { map.FMRealign->trigger(); }},
+    {&FontMap::tlbCFMapFmt, {"", "", ""}},
+    {&FontMap::tlbCFMapFmt, {"FMapFC", "FMapFC", "Set FontMap Font Color"}},
+    {&FontMap::tlbCFMapFmt, {"FMapBC", "FMapBC", "Set FontMap Back Color"}},
+    {&FontMap::tlbCFMapFmt, {"", "", ""}},
+    {&FontMap::tlbCFMapFmt,
+     {"FMapH", "FMapH", "Show Mouse Highlight", Check},
+     [](FontMap &map) { map.FMHiLite->trigger(); }},
+    {&FontMap::tlbCFMapFmt,
+     {"FMapG", "FMapG", "Toggle FontMap Gridlines", Check},
+     [](FontMap &map) { map.FMBorders->trigger(); }},
+};
+
+/// Places of the 224 cells at size 1: neighbours share 15 twips, one pixel.
+std::vector<TwipRect> designCells()
+{
+    constexpr double side = 420;
+    constexpr double pitch = 405;
+    constexpr double firstTop = 375;
+    std::vector<TwipRect> places;
+    places.reserve(CellCount);
+    for (int cell = 0; cell < CellCount; ++cell) {
+        const int row = cell / MapColumns;
+        places.push_back({.Left = pitch * (cell % MapColumns),
+                          .Top = firstTop + pitch * row,
+                          .Width = side,
+                          .Height = side});
+    }
+    return places;
+}
+
+} // namespace
+
+FontMap::FontMap(const TwipScale &scale, CharCells &zoom, QWidget *parent)
+    : QWidget(parent), TextZoom(zoom), Form(Rows, "FMapContainer", this, scale)
+{
+    createControls(scale);
+    connectControls();
+}
+
+void FontMap::createControls(const TwipScale &scale)
+{
+    CharButton = new CharCells(CellCount, this);
+    Form.Adopt(CharButton, "CharButton");
+    CharButton->setScale(scale);
+    CharButton->setPlaces(designCells());
+    CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
+
+    clbFontMap = Form.Make<BandBar>("clbFontMap", scale);
+    tlbCustFMap = Form.Make<Toolbar>("tlbCustFMap");
+    tlbCFMapFmt = Form.Make<Toolbar>("tlbCFMapFmt");
+    tlbCFMapName = Form.Make<Toolbar>("tlbCFMapName");
+    AddButtons(*this, Buttons);
+
+    pbxSetFMapSize = Form.Make<QWidget>("pbxSetFMapSize");
+    QLabel *sizeLabel = Form.MakeLabel("MapSizeLabel", "Map Size:", Qt::AlignLeft);
+    sldSetFMapSize = Form.MakeNumberSlider(
+        {"sldSetFMapSize", "lblSetFMapSizeNumber", "tbxSetFMapSizeNumber", "Set FontMap Size"}, 1,
+        32, NumberSlider::NoNumber::CountsZero);
+    sizeLabel->setBuddy(sldSetFMapSize->slider());
+    // The window follows the size, so it must not run away from under the thumb.
+    sldSetFMapSize->slider()->setTracking(false);
+    sldSetFMapSize->showNumber("0");
+    pbxCFMName = Form.Make<QWidget>("pbxCFMName");
+    lblCFMName = Form.MakeLabel("lblCFMName", {}, Qt::AlignLeft);
+    lblCFMName->setTextFormat(Qt::PlainText);
+    sizeContainers();
+    tlbCFMapFmt->addPlaceholder(pbxSetFMapSize);
+    tlbCFMapName->addPlaceholder(pbxCFMName);
+    clbFontMap->addBands({tlbCustFMap, tlbCFMapFmt, tlbCFMapName}, FMBandWidths);
+
+    const auto command = [this](const char *name) {
+        auto *item = new QAction(this);
+        item->setObjectName(name);
+        return item;
+    };
+    FMSmaller = command("FMSmaller");
+    FMLarger = command("FMLarger");
+    FMRealign = command("FMRealign");
+    FMHiLite = command("FMHiLite");
+    FMBorders = command("FMBorders");
+}
+
+void FontMap::connectControls()
+{
+    connect(CharButton, &CharCells::MouseDown, this, &FontMap::CharButton_MouseDown);
+    connect(CharButton, &CharCells::MouseMove, this, &FontMap::CharButton_MouseMove);
+    connect(sldSetFMapSize, &NumberSlider::Scrolled, this,
+            [this](int value) { sldSetFMapSize->showNumber(QString::number(value)); });
+    connect(sldSetFMapSize, &NumberSlider::ValueChanged, this, &FontMap::sldSetFMapSize_Change);
+    connect(sldSetFMapSize, &NumberSlider::Finished, this, &FontMap::FocusFree);
+    connect(FMSmaller, &QAction::triggered, this, &FontMap::FMSmaller_Click);
+    connect(FMLarger, &QAction::triggered, this, &FontMap::FMLarger_Click);
+    connect(FMHiLite, &QAction::triggered, this, &FontMap::FMHiLite_Click);
+    connect(FMBorders, &QAction::triggered, this, &FontMap::FMBorders_Click);
+}
+
+void FontMap::SetScale(const TwipScale &scale)
+{
+    Form.setScale(scale);
+    clbFontMap->setScale(scale);
+    CharButton->setScale(scale);
+    sizeContainers();
+}
+
+void FontMap::sizeContainers()
+{
+    // These two stand in toolbars, whose rows ask for sizes instead of places.
+    for (QWidget *container : {pbxSetFMapSize, pbxCFMName})
+        container->setFixedSize(Form.scale().toPixels(Form.rect(container)).size());
+}
+
+void FontMap::FillDefaultMap()
 {
     for (int cell = 0; cell < CellCount; ++cell) {
         CharButton->setCaption(cell, CharacterOf(FirstCode + cell));
@@ -19,44 +166,50 @@ void Zendova::FillDefaultMap()
     }
 }
 
-void Zendova::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
+void FontMap::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
 {
-    if (Button == Qt::LeftButton) {
-        if (FindHasFocus()) {
-            FindString->setFocus();
-            FindString->insert(CharButton->Caption(Index));
-        } else {
-            TextBoard->setFocus();
-            TextBoard->setSelText(CharButton->Caption(Index));
-        }
-    } else if (Button == Qt::RightButton) {
-        FormatFM->popup(At);
-    }
+    if (Button == Qt::LeftButton)
+        emit CharacterPicked(CharButton->Caption(Index));
+    else if (Button == Qt::RightButton)
+        emit MenuWanted(At);
 }
 
-void Zendova::ApplyFontMapColors(bool SetFore, ColorValue Fore, bool SetBack, ColorValue Back)
+void FontMap::CharButton_MouseMove(int Index)
+{
+    if (FMHiLite->isChecked()) {
+        const ColorValue fore = TextZoom.ForeColor(0);
+        const ColorValue back = TextZoom.BackColor(0);
+        if (LastCell != Index)
+            CharButton->setColors(LastCell, fore, back);
+        CharButton->setColors(Index, back, fore);
+    }
+    emit CellEntered(Index);
+    LastCell = Index;
+    CharButton->setActiveCell(Index);
+}
+
+QString FontMap::SpokenCell(int Index) const
+{
+    const CharTexts &texts = CharInfo.at(static_cast<std::size_t>(Index));
+    QStringList spoken;
+    for (const QString &text : {texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]})
+        if (!text.trimmed().isEmpty())
+            spoken += text;
+    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
+}
+
+void FontMap::ApplyFontMapColors(bool SetFore, ColorValue NewFore, bool SetBack, ColorValue NewBack)
 {
     if (!SetFore && !SetBack)
         return;
     for (int cell = 0; cell < CellCount; ++cell)
-        CharButton->setColors(cell, SetFore ? Fore : CharButton->ForeColor(cell),
-                              SetBack ? Back : CharButton->BackColor(cell));
-    TextZoom->setColors(0, ForeColor, BackColor);
-    ColorSampleText();
+        CharButton->setColors(cell, SetFore ? NewFore : CharButton->ForeColor(cell),
+                              SetBack ? NewBack : CharButton->BackColor(cell));
+    TextZoom.setColors(0, Fore.Color, Back.Color);
+    emit ColorsChanged();
 }
 
-void Zendova::ColorSampleText()
-{
-    // Two copies of one line, a pixel apart: the lower one is the upper one's shadow.
-    const std::array colors = {TextZoom->BackColor(0), TextZoom->ForeColor(0)};
-    for (std::size_t i = 0; i < colors.size(); ++i) {
-        QPalette own = SampleText[i]->palette();
-        own.setColor(QPalette::WindowText, ToColor(colors[i], palette()));
-        SampleText[i]->setPalette(own);
-    }
-}
-
-void Zendova::SetCellBorders(int Style)
+void FontMap::SetCellBorders(int Style)
 {
     if (CharButton->BorderStyle(1) == Style)
         return;
@@ -64,13 +217,13 @@ void Zendova::SetCellBorders(int Style)
         CharButton->setBorderStyle(cell, FMBorders->isChecked() ? 1 : 0);
 }
 
-void Zendova::FMHiLite_Click()
+void FontMap::FMHiLite_Click()
 {
     tlbCFMapFmt->button("FMapH")->setChecked(FMHiLite->isChecked());
-    CharButton->setColors(LastCell, TextZoom->ForeColor(0), TextZoom->BackColor(0));
+    CharButton->setColors(LastCell, TextZoom.ForeColor(0), TextZoom.BackColor(0));
 }
 
-void Zendova::FMBorders_Click()
+void FontMap::FMBorders_Click()
 {
     tlbCFMapFmt->button("FMapG")->setChecked(FMBorders->isChecked());
     SetCellBorders(FMBorders->isChecked() ? 1 : 0);

@@ -22,14 +22,14 @@ void Zendova::InitFonts()
         countFont(entryClass == FontClass::TrueType ? TTFontCount : SysFontCount);
         const QString name = fontFaceName(entry);
         items.push_back({.Text = name, .IconKey = fontIconKey(entryClass)});
-        if (!found && name == TBFontName) {
-            TBFontIndex = i + 1;
+        if (!found && name == Format.TBFontName) {
+            Format.TBFontIndex = i + 1;
             found = true;
         }
     }
     FontNameCombo->setItems(std::move(items));
     if (found) {
-        FontNameCombo->SelectItem(TBFontIndex);
+        FontNameCombo->SelectItem(Format.TBFontIndex);
         return;
     }
     ZndvMsg("\r\rThe font last used by Zendova is unavailable.\r\rContinue Loading?\r\r"
@@ -46,7 +46,7 @@ void Zendova::InitFonts()
 int Zendova::FindCurrentFontIndex() const
 {
     for (int position = 1; position <= FontCount; ++position)
-        if (FontNameCombo->ItemText(position) == TBFontName)
+        if (FontNameCombo->ItemText(position) == Format.TBFontName)
             return position;
     return 0;
 }
@@ -55,7 +55,7 @@ bool Zendova::FindFontItem(const QString &FaceName)
 {
     for (int position = 1; position <= FontCount; ++position) {
         if (FontNameCombo->ItemText(position) == FaceName) {
-            TBFontIndex = position;
+            Format.TBFontIndex = position;
             return true;
         }
     }
@@ -66,24 +66,24 @@ void Zendova::SelectFontByName(const QString &FaceName)
 {
     for (int position = 1; position <= FontCount; ++position)
         if (FontNameCombo->ItemText(position) == FaceName)
-            TBFontIndex = position;
-    FontNameCombo->SelectItem(TBFontIndex);
-    TBFontName = FontNameCombo->Text();
+            Format.TBFontIndex = position;
+    FontNameCombo->SelectItem(Format.TBFontIndex);
+    Format.TBFontName = FontNameCombo->Text();
 }
 
 void Zendova::FontNameCombo_Click()
 {
-    if (FontNameCombo->Text() == TBFontName)
+    if (FontNameCombo->Text() == Format.TBFontName)
         return;
     ApplyFontToAll();
-    TBFontName = FontNameCombo->Text();
-    TBFontIndex = FontNameCombo->SelectedItem();
+    Format.TBFontName = FontNameCombo->Text();
+    Format.TBFontIndex = FontNameCombo->SelectedItem();
 }
 
 void Zendova::FontNameCombo_KeyPress(int Key)
 {
     if (!isJumpKey(Key)) {
-        FontNameCombo->SelectItem(TBFontIndex);
+        FontNameCombo->SelectItem(Format.TBFontIndex);
         return;
     }
     const auto text = [this](int i) { return FontNameCombo->ItemText(i + 1); };

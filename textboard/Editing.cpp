@@ -7,6 +7,8 @@
 #include "core/Message.h"
 #include "platform/ClipboardFormats.h"
 #include "platform/controls/FontCombo.h"
+#include "platform/controls/Toolbar.h"
+#include "textboard/FindBar.h"
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
@@ -67,7 +69,7 @@ void Zendova::EditCopy_Click()
 void Zendova::EditPaste_Click()
 {
     const int count = TextBoard->TextLength();
-    if (count == TBLimit && TextBoard->SelLength() == 0) {
+    if (count == ::TextBoard::MaxLength() && TextBoard->SelLength() == 0) {
         ZndvMsg("\r\r\r\rPaste operation cannot be completed successfully.\r"
                 "The TextBoard is already filled to it's capacity.",
                 "OK", ProductName + " Paste Error", false, 1);
@@ -97,8 +99,8 @@ void Zendova::EditPaste_Click()
         return;
     const QString part = text.left(TextBoard->MaxLength() - (count - TextBoard->SelLength()));
     paste([&] {
-        if (FindHasFocus())
-            FindString->insert(part);
+        if (FindFrame->FindHasFocus())
+            FindFrame->FindString->insert(part);
         else
             TextBoard->setSelText(part);
     });
@@ -113,6 +115,14 @@ void Zendova::EditDelete_Click()
 void Zendova::EditSelectAll_Click()
 {
     TextBoard->selectAll(); // a caret that is set would scroll to it
+}
+
+void Zendova::EditFind_Click()
+{
+    // The menu's mark is a copy of the button's state, and the toolkit has flipped it by now.
+    QToolButton *button = TextEditTB->button("Find");
+    button->setChecked(!button->isChecked());
+    FindFrame->ShowFindBar(button->isChecked() ? 1 : 0);
 }
 
 void Zendova::Clipboard_Change()
@@ -170,7 +180,7 @@ bool Zendova::MayUnload()
     const QString question = "Continue Unloading?\r"
                              "• Press Yes to continue unloading TextBoard.\r"
                              "• Press No to cancel operation.";
-    if (TextChanged) {
+    if (TextFile.TextChanged) {
         ZndvMsg("\r\rText on the TextBoard has been changed.\r"
                 "You will lose these changes by unloading the TextBoard now.\r\r" +
                     question,
@@ -192,13 +202,13 @@ void Zendova::ToolsClear_Click()
     if (!MayUnload())
         return;
     EmptyBoard();
-    LoadedFilePath.clear();
-    LoadedFileTitle.clear();
+    TextFile.LoadedFilePath.clear();
+    TextFile.LoadedFileTitle.clear();
     setWindowTitle(ProductName + VersionSuffix);
     if (OptUnloadTD->isChecked())
         RestoreTextBoardDefaults();
     if (!FindFrame->isHidden())
-        CloseFindButton_Click();
+        FindFrame->CloseFindButton_Click();
     SyncEditCommands();
 }
 
@@ -207,8 +217,8 @@ void Zendova::RestoreTextBoardDefaults()
     ReadTextBoardDefaults();
     ApplyTextBoardSettings();
     // Where the font of the settings isn't there, the first one stands in, as at the start.
-    TBFontIndex = std::max(FindCurrentFontIndex(), 1);
-    FontNameCombo->SelectItem(TBFontIndex);
-    TBFontName = FontNameCombo->Text();
+    Format.TBFontIndex = std::max(FindCurrentFontIndex(), 1);
+    FontNameCombo->SelectItem(Format.TBFontIndex);
+    Format.TBFontName = FontNameCombo->Text();
     ApplyFontToAll();
 }

@@ -1,26 +1,35 @@
-// What the fill bar beside the board shows for a number of characters. Values in, values out.
+// How full the board is: the number of its characters, the percentage and the bar between them.
 #pragma once
 
-#include "platform/ColorValue.h"
+#include "platform/controls/ControlTable.h"
 
-/// Width of the fill in twips for n of limit characters in a bar of the given width.
-constexpr double FillWidth(int n, int limit, double barWidth)
+#include <QWidget>
+
+class QFrame;
+class QLabel;
+
+class FillBar : public QWidget
 {
-    return n * (barWidth / limit);
-}
+    Q_OBJECT
 
-/// A fill narrower than this, in twips, is hidden.
-constexpr double LeastFillWidth = 15;
+public:
+    /// The limit is the number of characters of a full board.
+    FillBar(const TwipScale &scale, int limit, QWidget *parent);
 
-/// The fill's colour: n is compared with shares of the limit, from the highest.
-constexpr ColorValue FillColor(int n, int limit)
-{
-    const int hundredfold = n * 100; // compared in whole numbers: no share is rounded
-    if (hundredfold > limit * 95)
-        return RGBValue(255, 0, 0);
-    if (hundredfold > limit * 75)
-        return RGBValue(255, 192, 128);
-    if (hundredfold > limit * 50)
-        return RGBValue(255, 255, 192);
-    return RGBValue(255, 255, 255);
-}
+    /// Shows n characters: count, percentage and bar.
+    void ShowCount(int n);
+    /// The bar alone.
+    void UpdateProgressBar(int n);
+    void SetToolTips(bool on) { Form.SetToolTips(on); }
+    void SetScale(const TwipScale &scale) { Form.setScale(scale); }
+
+    QLabel *NoOfChars = nullptr;
+    QFrame *ProgressBack = nullptr;
+    QLabel *ProgressFore = nullptr;
+    QLabel *PercFilled = nullptr;
+
+private:
+    ControlTable Form;
+    int Limit;
+    double ProgressWidth; ///< twips, of the bar when full
+};

@@ -1,21 +1,33 @@
-// The find bar under the board: opening and closing it, where it stands, and the search, which goes
-// forward only and runs in the rich-text buffer.
-#include "core/Zendova.h"
+// Opening and closing the bar, what its controls do, and the search.
+#include "textboard/FindBar.h"
 
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
-#include "platform/controls/Toolbar.h"
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
+#include "textboard/TextBoardRTF.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
 #include <algorithm>
-#include <utility>
 
 namespace {
+
+constexpr ControlRow Rows[] = {
+    // As wide as some desktops' fonts need it.
+    {"FindStrLabel", "FindFrame", {60, 45, 480, 210}},
+    {"FindString", "FindFrame", {555, 0, 2730, 345}},
+    {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},
+    {"ClearFindButton", "FindFrame", {4455, 15, 990, 315}},
+    {"FindOpt0", "FindFrame", {5535, 15, 1335, 315}},
+    {"FindOpt1", "FindFrame", {6975, 15, 1335, 315}},
+    {"CloseFindButton", "FindFrame", {8355, 15, 990, 315}},
+};
+constexpr double Height = 345; // twips, of the bar
 
 /// Without the blanks at both ends; other white space stays.
 QString withoutBlanks(const QString &text)
@@ -36,69 +48,129 @@ QString inMessage(const QString &text)
     return shown.size() > most ? shown.left(most) + u'\u2026' : shown;
 }
 
+/// The box's own menu, without the keys that belong to the board's commands in the find bar too.
+void offerBoxMenu(QLineEdit *box, const QPoint &at)
+{
+    const auto isOfBox = [](const QKeySequence &key) {
+        return key.matches(QKeySequence(QKeySequence::Undo)) == QKeySequence::ExactMatch ||
+               key.matches(QKeySequence(QKeySequence::Redo)) == QKeySequence::ExactMatch;
+    };
+    QMenu *menu = box->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction *item : menu->actions()) {
+        const QString key = item->text().section('\t', 1);
+        if (!key.isEmpty() && !isOfBox(QKeySequence(key, QKeySequence::NativeText)))
+            item->setText(item->text().section('\t', 0, 0));
+    }
+    menu->popup(at);
+}
+
 } // namespace
+
+FindBar::FindBar(const TwipScale &scale, ::TextBoard &board, ::TextBoardRTF &buffer,
+                 QWidget *parent)
+    : QWidget(parent), Board(board), Buffer(buffer), Form(Rows, "FindFrame", this, scale)
+{
+    hide();
+    createControls();
+    connectControls();
+    FindString_Change();
+}
+
+void FindBar::createControls()
+{
+    QLabel *label = Form.MakeLabel("FindStrLabel", "Find:", Qt::AlignLeft);
+    FindString = Form.Make<FindBox>("FindString");
+    FindString->setToolTip("Enter a serch string");
+    FindString->setAccessibleName("Find");
+    label->setBuddy(FindString);
+    const auto button = [this](const char *name, const char *caption, const char *toolTip) {
+        auto *made = Form.Make<QPushButton>(name, caption);
+        made->setToolTip(toolTip);
+        made->setAutoDefault(true); // takes Enter while it has the focus
+        return made;
+    };
+    FindNextButton = button("FindNextButton", "Find Next", "Find the next occurance");
+    ClearFindButton = button("ClearFindButton", "Clear", "Clear search field");
+    ClearFindButton->setFocusPolicy(Qt::NoFocus);
+    CloseFindButton = button("CloseFindButton", "Close", "Close Find bar");
+    FindOpt[0] = Form.Make<QCheckBox>("FindOpt0", "Whole Word");
+    FindOpt[0]->setToolTip("Check to search as whole word");
+    FindOpt[1] = Form.Make<QCheckBox>("FindOpt1", "Match Case");
+    FindOpt[1]->setToolTip("Check for a case-sensitive search");
+    EditFindAgain = new QAction(this);
+    EditFindAgain->setObjectName("EditFindAgain");
+}
+
+void FindBar::connectControls()
+{
+    FindString->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(FindString, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint &at) { offerBoxMenu(FindString, FindString->mapToGlobal(at)); });
+    connect(FindString, &FindBox::textChanged, this, &FindBar::FindString_Change);
+    connect(FindString, &FindBox::returnPressed, FindNextButton, &QPushButton::click);
+    connect(FindNextButton, &QPushButton::clicked, this, &FindBar::FindNextButton_Click);
+    connect(ClearFindButton, &QPushButton::clicked, this, &FindBar::ClearFindButton_Click);
+    connect(CloseFindButton, &QPushButton::clicked, this, &FindBar::CloseFindButton_Click);
+    connect(EditFindAgain, &QAction::triggered, this, &FindBar::EditFindAgain_Click);
+    for (QCheckBox *option : FindOpt) {
+        auto *enter = new QShortcut(option);
+        enter->setKeys({Qt::Key_Return, Qt::Key_Enter});
+        enter->setContext(Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, FindNextButton, &QPushButton::click);
+    }
+    auto *escape = new QShortcut(Qt::Key_Escape, this);
+    BoardEscape = new QShortcut(Qt::Key_Escape, &Board);
+    BoardEscape->setEnabled(false);
+    for (QShortcut *shortcut : {escape, BoardEscape}) {
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, &FindBar::CloseFindButton_Click);
+    }
+}
 
 // Opening and closing
 
-void Zendova::ShowFindBar(int Value)
+void FindBar::ShowFindBar(int Value)
 {
     if (Value != 1) {
-        CloseFindBar();
+        close();
         return;
     }
-    if (FindFrame->isHidden()) {
-        FindRoom = Form.height(FindFrame) + 2 * TwipsY;
-        Form.setHeight(TextBoard, Form.height(TextBoard) - FindRoom);
-        PlaceFindBar();
-        FindFrame->show();
+    if (isHidden()) {
+        emit RoomWanted(Height + 2 * Form.TwipsY());
+        show();
         BoardEscape->setEnabled(true);
-        TextBoard->ensureCursorVisible();
+        Board.ensureCursorVisible();
     }
-    FindString->setText(TextBoard->SelText());
+    FindString->setText(Board.SelText());
     FindString->selectAll();
     FindString->setFocus();
 }
 
-void Zendova::CloseFindBar()
+void FindBar::close()
 {
-    if (FindFrame->isHidden())
+    if (isHidden())
         return;
-    if (FindFrame->isAncestorOf(focusWidget()))
-        TextBoard->setFocus();
-    Form.setHeight(TextBoard, Form.height(TextBoard) + std::exchange(FindRoom, 0));
-    FindFrame->hide();
+    if (isAncestorOf(window()->focusWidget()))
+        Board.setFocus();
+    emit RoomWanted(0);
+    hide();
     BoardEscape->setEnabled(false);
 }
 
-void Zendova::EditFind_Click()
+void FindBar::CloseFindButton_Click()
 {
-    // The menu's mark is a copy of the button's state, and the toolkit has flipped it by now.
-    QToolButton *button = TextEditTB->button("Find");
-    button->setChecked(!button->isChecked());
-    ShowFindBar(button->isChecked() ? 1 : 0);
-}
-
-void Zendova::CloseFindButton_Click()
-{
-    TextEditTB->button("Find")->setChecked(false);
+    emit Closed();
     ShowFindBar(0);
-    TextBoard->setFocus();
+    Board.setFocus();
 }
 
-void Zendova::PlaceFindBar()
+void FindBar::Stretch(double width)
 {
-    Form.setTop(FindFrame, Form.top(TextBoard) + Form.height(TextBoard) + 2 * TwipsY);
-}
-
-void Zendova::StretchFindBar()
-{
-    Form.setLeft(FindFrame, Form.left(TextBoard));
-    Form.setWidth(FindFrame, Form.width(TextBoard) - 2 * TwipsX);
     // On a dense screen a pixel has fewer twips than the buttons were drawn for, and they would lie
     // on each other.
     constexpr double designPixel = 15;
-    const double pixel = std::max(TwipsX, designPixel);
-    const double width = Form.width(FindFrame);
+    const double pixel = std::max(Form.TwipsX(), designPixel);
     const double next = width - 400 * pixel;
     Form.setWidth(FindString, std::max(0.0, width - 443 * pixel));
     Form.setLeft(FindNextButton, next);
@@ -108,64 +180,64 @@ void Zendova::StretchFindBar()
     Form.setLeft(CloseFindButton, next + 332 * pixel);
 }
 
-bool Zendova::FindHasFocus() const
+bool FindBar::FindHasFocus() const
 {
-    return focusWidget() == FindString;
+    return window()->focusWidget() == FindString;
 }
 
 // The search
 
-void Zendova::FindString_Change()
+void FindBar::FindString_Change()
 {
     const bool something = !FindString->text().isEmpty();
     ClearFindButton->setEnabled(something);
     FindNextButton->setEnabled(something);
 }
 
-void Zendova::ClearFindButton_Click()
+void FindBar::ClearFindButton_Click()
 {
     FindString->clear();
     FindString->setFocus();
 }
 
-void Zendova::FindNextButton_Click()
+void FindBar::FindNextButton_Click()
 {
     FindText = FindString->text();
     EditFindAgain->setEnabled(true);
     FindInBoard();
 }
 
-void Zendova::EditFindAgain_Click()
+void FindBar::EditFindAgain_Click()
 {
     if (!FindText.isEmpty())
         FindInBoard();
 }
 
-void Zendova::FindInBoard()
+void FindBar::FindInBoard()
 {
     // One behind the caret or the selection's start, so that each search goes on from the last hit.
-    const int start = TextBoard->SelStart() + 1;
-    TextBoardRTF.setText(TextBoard->Text());
-    TextBoardRTF.setSelStart(start);
+    const int start = Board.SelStart() + 1;
+    Buffer.setText(Board.Text());
+    Buffer.setSelStart(start);
     QString failure = "Word not found upto end of TextBoard.";
     std::optional<qsizetype> end;
     // Only a selection of several lines can be meant as a limit: within one line it is the last
     // hit.
-    if (TextBoard->SelText().contains('\r')) {
+    if (Board.SelText().contains('\r')) {
         failure = "Word not found within selection.";
-        end = start + TextBoard->SelLength();
-        TextBoardRTF.setSelLength(TextBoard->SelLength());
+        end = start + Board.SelLength();
+        Buffer.setSelLength(Board.SelLength());
     }
     const int options = (FindOpt[0]->isChecked() ? ::TextBoardRTF::WholeWord : 0) +
                         (FindOpt[1]->isChecked() ? ::TextBoardRTF::MatchCase : 0);
-    const qsizetype position = TextBoardRTF.Find(FindText, start, end, options);
+    const qsizetype position = Buffer.Find(FindText, start, end, options);
     if (position < 0) {
         ZndvMsg("\r\r\r" + inMessage(FindText) + "\r\r" + failure, "OK",
                 ProductName + " Find Error", false, 1);
     } else {
-        TextBoard->setSelStart(static_cast<int>(position));
-        TextBoard->setSelLength(static_cast<int>(TextBoardRTF.SelLength()));
+        Board.setSelStart(static_cast<int>(position));
+        Board.setSelLength(static_cast<int>(Buffer.SelLength()));
     }
-    if (!FindFrame->isHidden())
+    if (!isHidden())
         FindNextButton->setFocus();
 }

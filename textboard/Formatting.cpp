@@ -3,6 +3,8 @@
 #include "core/Zendova.h"
 
 #include "core/GlobalDeclarations.h"
+#include "fontmap/FontMap.h"
+#include "fontmap/Views.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/CmnDlg.h"
@@ -10,6 +12,7 @@
 #include "platform/controls/Icons.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
+#include "textboard/FindBar.h"
 #include "textboard/FindBox.h"
 #include "textboard/QBColors.h"
 #include "textboard/TBColorPicker.h"
@@ -21,7 +24,8 @@
 
 namespace {
 
-/// The four styles in the order of TBStyle: the board's property, the zoom's, and the button.
+/// The four styles in the order of Format.TBStyle: the board's property, the zoom's, and the
+/// button.
 struct StyleRow
 {
     bool (TextBoard::*Get)() const;
@@ -50,7 +54,7 @@ void Zendova::ApplyFontToAll()
     const QString name = FontNameCombo->Text();
     QFont face = FontCatalog::current().font(name);
     face.setPointSize(FontSizeSlider->value());
-    CharButton->setCellFont(face);
+    FMapContainer->CharButton->setCellFont(face);
 
     const ::TextBoard::FontChange inOneGo(*TextBoard);
     TextBoard->setFontName(name);
@@ -64,44 +68,44 @@ void Zendova::ApplyFontToAll()
         button->setChecked(builtIn);
         button->setEnabled(!builtIn);
         if (!builtIn)
-            button->setChecked(TBStyle.at(static_cast<std::size_t>(style)) != 0);
+            button->setChecked(Format.TBStyle.at(static_cast<std::size_t>(style)) != 0);
         (TextBoard->*Styles[style].Set)(button->isChecked());
     }
-    face.setPointSize(ZoomSizeSlider->value());
-    TextZoom->setCellFont(face);
+    face.setPointSize(ViewsContainer->ZoomSizeSlider->value());
+    ViewsContainer->TextZoom->setCellFont(face);
     ShowStylesInZoom();
-    face.setPointSizeF(FindString->font().pointSizeF());
-    FindString->setFont(face);
+    face.setPointSizeF(FindFrame->FindString->font().pointSizeF());
+    FindFrame->FindString->setFont(face);
 }
 
 void Zendova::ShowStylesInZoom()
 {
-    QFont font = TextZoom->cellFont();
+    QFont font = ViewsContainer->TextZoom->cellFont();
     for (int style = 0; style < StyleCount; ++style) {
         // A style that is built into the font is there already; asked for again it would be drawn
         // bolder or more slanted than the font is.
         const bool asked = (TextBoard->*Styles[style].Get)() && StyleButton(style)->isEnabled();
         (font.*Styles[style].SetFont)(asked);
     }
-    TextZoom->setCellFont(font);
+    ViewsContainer->TextZoom->setCellFont(font);
 }
 
 void Zendova::FontSizeSlider_Change(int Value)
 {
-    QFont face = CharButton->cellFont();
+    QFont face = FMapContainer->CharButton->cellFont();
     face.setPointSize(Value);
-    CharButton->setCellFont(face);
+    FMapContainer->CharButton->setCellFont(face);
     TextBoard->setFontSize(Value);
     // The find bar keeps its height whatever the board's size.
-    QFont inFindBar = FindString->font();
+    QFont inFindBar = FindFrame->FindString->font();
     inFindBar.setPointSize(std::min(Value, 12));
-    FindString->setFont(inFindBar);
+    FindFrame->FindString->setFont(inFindBar);
     FontSizeSlider->showNumber(QString::number(Value));
 }
 
 void Zendova::SetStyle(int style, int on)
 {
-    TBStyle.at(static_cast<std::size_t>(style)) = on;
+    Format.TBStyle.at(static_cast<std::size_t>(style)) = on;
     (TextBoard->*Styles[style].Set)(on == 1);
     ShowStylesInZoom();
 }
@@ -226,7 +230,7 @@ bool Zendova::FindColorIndex(ColorValue Color)
 {
     const std::optional<int> index = FindQBColor(Color);
     if (index)
-        TBColorIndex = *index;
+        Format.TBColorIndex = *index;
     return index.has_value();
 }
 
@@ -234,27 +238,27 @@ void Zendova::SetColorFromDialog(ColorValue Color)
 {
     FindColorIndex(Color);
     TextBoard->setForeColor(ToColor(Color, palette()));
-    TBColorName = QBColorName(TBColorIndex);
+    Format.TBColorName = QBColorName(Format.TBColorIndex);
     RenewColorButton();
 }
 
 void Zendova::ShowColorPicker()
 {
-    PickColorIndex = TBColorIndex;
+    PickColorIndex = Format.TBColorIndex;
     PickColorValue = QString::number(FromColor(TextBoard->ForeColor()));
     TBColorPicker(this).exec();
-    if (PickColorIndex == TBColorIndex)
+    if (PickColorIndex == Format.TBColorIndex)
         return;
-    TBColorIndex = PickColorIndex;
-    TBColorName = QBColorName(TBColorIndex);
-    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+    Format.TBColorIndex = PickColorIndex;
+    Format.TBColorName = QBColorName(Format.TBColorIndex);
+    TextBoard->setForeColor(ToColor(QBColor(Format.TBColorIndex), palette()));
     RenewColorButton();
 }
 
 void Zendova::RenewColorButton()
 {
     FontFormatTB->button("Color")->setIcon(
-        Icons::colorButton(ToColor(QBColor(TBColorIndex), palette())));
+        Icons::colorButton(ToColor(QBColor(Format.TBColorIndex), palette())));
     RenewColorToolTip();
 }
 
@@ -262,7 +266,7 @@ void Zendova::RenewColorToolTip()
 {
     QToolButton *button = FontFormatTB->button("Color");
     // The tag is the beginning of the sentence.
-    const QString tip = button->property("Tag").toString() + TBColorName + ')';
+    const QString tip = FontFormatTB->tag("Color") + Format.TBColorName + ')';
     button->setToolTip(ToolTipsOn ? tip : QString());
     button->setAccessibleName(tip);
 }

@@ -19,33 +19,40 @@ struct Zendova::RecentList
     const char *Item; ///< array of menu items
     const char *Separator;
     const char *ErrorTitle;
-    QString Zendova::*LoadFolder;
-    QString Zendova::*PendingPath;
-    QString Zendova::*PendingName;
+    QString LastFolders::*LoadFolder;
+    void (*SetPending)(Zendova &, const QString &path, const QString &name);
     bool (Zendova::*MayLoad)(const QString &path); ///< null: nothing is asked
     void (Zendova::*Load)(const QString &path);    ///< null while it is not built: items stay off
 };
 
 namespace {
 
-constexpr Zendova::RecentList TextList = {.Table = &Zendova::TextFiles,
-                                          .Item = "FileMRU",
-                                          .Separator = "FileSep3",
-                                          .ErrorTitle = " File Load Error",
-                                          .LoadFolder = &Zendova::LFLoadPath,
-                                          .PendingPath = &Zendova::PendingFilePath,
-                                          .PendingName = &Zendova::PendingFileTitle,
-                                          .MayLoad = &Zendova::CheckAlreadyLoaded,
-                                          .Load = &Zendova::LoadTextFile};
-constexpr Zendova::RecentList MapList = {.Table = &Zendova::MapFiles,
-                                         .Item = "CFMRU",
-                                         .Separator = "FileSep2",
-                                         .ErrorTitle = " Custom Map Load Error",
-                                         .LoadFolder = &Zendova::LMLoadPath,
-                                         .PendingPath = &Zendova::PendingMapPath,
-                                         .PendingName = &Zendova::PendingMapName,
-                                         .MayLoad = nullptr,
-                                         .Load = nullptr};
+constexpr Zendova::RecentList TextList = {
+    .Table = &Zendova::TextFiles,
+    .Item = "FileMRU",
+    .Separator = "FileSep3",
+    .ErrorTitle = " File Load Error",
+    .LoadFolder = &LastFolders::LFLoadPath,
+    .SetPending =
+        [](Zendova &z, const QString &path, const QString &name) {
+            z.TextFile.PendingFilePath = path;
+            z.TextFile.PendingFileTitle = name;
+        },
+    .MayLoad = &Zendova::CheckAlreadyLoaded,
+    .Load = &Zendova::LoadTextFile};
+constexpr Zendova::RecentList MapList = {
+    .Table = &Zendova::MapFiles,
+    .Item = "CFMRU",
+    .Separator = "FileSep2",
+    .ErrorTitle = " Custom Map Load Error",
+    .LoadFolder = &LastFolders::LMLoadPath,
+    .SetPending =
+        [](Zendova &z, const QString &path, const QString &name) {
+            z.CustomMap.PendingMapPath = path;
+            z.CustomMap.PendingMapName = name;
+        },
+    .MayLoad = nullptr,
+    .Load = nullptr};
 
 /// "&3 name". What a menu would take for an access key or a column of its own is only a part of
 /// the name.
@@ -98,7 +105,7 @@ void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 {
     RecentFiles &table = this->*list.Table;
     table.add(path);
-    this->*list.LoadFolder = WithoutSeparator(table.rows().front().Folder);
+    Folders.*list.LoadFolder = WithoutSeparator(table.rows().front().Folder);
     ShowRecentList(list);
 }
 
@@ -123,9 +130,8 @@ void Zendova::LoadRecent(const RecentList &list, int index)
         ZndvMsg(notice, "OK", ProductName + list.ErrorTitle, false, 1);
         return;
     }
-    this->*list.LoadFolder = row.Folder;
-    this->*list.PendingPath = path;
-    this->*list.PendingName = row.Name;
+    Folders.*list.LoadFolder = row.Folder;
+    list.SetPending(*this, path, row.Name);
     if (list.Load)
         (this->*list.Load)(path);
 }

@@ -2,18 +2,19 @@
 // flag and what is enabled while the board is empty. Reads the length of the text, never the text.
 #include "core/Zendova.h"
 
+#include "fontmap/FontMap.h"
+#include "fontmap/Views.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/FillBar.h"
+#include "textboard/FindBar.h"
 #include "textboard/FindBox.h"
 #include "textboard/QBColors.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QSlider>
 
@@ -30,83 +31,66 @@ constexpr std::pair<Toolbar * Zendova::*, const char *> TextCommands[] = {
     {&Zendova::TextEditTB, "Find"},
 };
 
-/// With the locale's separator before the last three of four digits and more. The toolkit leaves it
-/// out of four digits where the locale's own habit does.
-QString grouped(int n)
-{
-    constexpr int group = 3;
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    QString digits = locale.toString(n);
-    if (digits.size() > group)
-        digits.insert(digits.size() - group, locale.groupSeparator());
-    return digits;
-}
-
 } // namespace
 
 void Zendova::TextBoard_Change()
 {
     const int n = TextBoard->TextLength();
-    NoOfChars->setText(grouped(n));
-    PercFilled->setText(QString::number(n * (100.0 / TBLimit), 'f', 0) + '%');
-    UpdateProgressBar();
-    TextChanged = true;
+    TBPContainer->ShowCount(n);
+    TextFile.TextChanged = true;
     EnableTextCommands(n > 0);
     EditFind->setEnabled(n > 0);
     EditSelectAll->setEnabled(n > 0);
     if (n == 0 && !FindFrame->isHidden())
-        CloseFindButton_Click();
+        FindFrame->CloseFindButton_Click();
 }
 
 void Zendova::EnableTextCommands(bool On)
 {
     for (const auto &[bar, key] : TextCommands)
-        EnableButton(this->*bar, key, On);
+        (this->*bar)->enableButton(key, On);
 }
 
 void Zendova::UpdateProgressBar()
 {
-    const int n = TextBoard->TextLength();
-    const double width = FillWidth(n, TBLimit, ProgressWidth);
-    ProgressFore->setVisible(width >= LeastFillWidth);
-    if (width >= LeastFillWidth)
-        Form.setWidth(ProgressFore, width);
-    // Not a colour of the desktop: the bar warns in the same colours on every one.
-    QPalette own = ProgressFore->palette();
-    own.setColor(QPalette::Window, ToColor(FillColor(n, TBLimit), palette()));
-    ProgressFore->setPalette(own);
+    TBPContainer->UpdateProgressBar(TextBoard->TextLength());
 }
 
 void Zendova::SyncEditCommands()
 {
     EditSelectAll->setEnabled(TextBoard->TextLength() > 0);
     const bool selected = TextBoard->SelLength() > 0;
-    EnableButton(TextEditTB, "Cut", selected);
-    EnableButton(TextEditTB, "Copy", selected);
+    TextEditTB->enableButton("Cut", selected);
+    TextEditTB->enableButton("Copy", selected);
     EditDelete->setEnabled(selected);
-    EnableButton(TextEditTB, "Paste", ClipboardHasText);
+    TextEditTB->enableButton("Paste", ClipboardHasText);
 }
 
 void Zendova::ApplyTextBoardSettings()
 {
     FontSizeSlider->showNumber(QString::number(FontSizeSlider->value()));
-    for (int style = 0; style < static_cast<int>(TBStyle.size()); ++style)
-        SetStyle(style, TBStyle.at(static_cast<std::size_t>(style)));
+    for (int style = 0; style < static_cast<int>(Format.TBStyle.size()); ++style)
+        SetStyle(style, Format.TBStyle.at(static_cast<std::size_t>(style)));
     SetAlignment(TextBoard->Alignment());
     SyncEditCommands();
-    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+    TextBoard->setForeColor(ToColor(QBColor(Format.TBColorIndex), palette()));
     RenewColorButton();
 }
 
 void Zendova::SetTabOrder()
 {
     // One order serves with the find bar and without it: what is hidden is passed over.
-    QWidget *const order[] = {TextBoard,       ZoomSizeSlider->slider(),
-                              FontNameCombo,   FontSizeSlider->slider(),
-                              FindString,      FindOpt[0],
-                              FindOpt[1],      FindNextButton,
-                              CloseFindButton, sldSetFMapSize->slider()};
+    const FindBar &find = *FindFrame;
+    QWidget *const order[] = {TextBoard,
+                              ViewsContainer->ZoomSizeSlider->slider(),
+                              FontNameCombo,
+                              FontSizeSlider->slider(),
+                              find.FindString,
+                              find.FindOpt[0],
+                              find.FindOpt[1],
+                              find.FindNextButton,
+                              find.CloseFindButton,
+                              FMapContainer->sldSetFMapSize->slider()};
     for (std::size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

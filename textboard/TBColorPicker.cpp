@@ -4,7 +4,6 @@
 
 #include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
-#include "platform/SysInfo.h"
 #include "platform/controls/ColorBlocks.h"
 #include "textboard/QBColors.h"
 
@@ -13,6 +12,21 @@
 #include <QPushButton>
 
 namespace {
+
+constexpr double Width = 5100; // twips
+constexpr double Height = 2370;
+
+constexpr ControlRow Rows[] = {
+    {"ColorContainer", "TBColorPicker", {15, 45, 5070, 1530}},
+    {"Frame1", "TBColorPicker", {15, 1530, 3135, 420}},
+    {"Frame2", "TBColorPicker", {3180, 1530, 1905, 420}},
+    {"Label2", "Frame1", {135, 150, 1725, 210}},
+    {"CurrentColorBlock", "Frame1", {1860, 150, 195, 195}},
+    {"CurrentColorLabel", "Frame1", {2130, 150, 915, 210}},
+    {"ColorLabel", "Frame2", {30, 150, 1635, 240}},
+    {"Button1", "TBColorPicker", {2430, 1995, 1290, 330}},
+    {"Button2", "TBColorPicker", {3780, 1995, 1290, 330}},
+};
 
 /// Places of the cells in ColorContainer, twips.
 std::vector<ColorBlocks::Block> cells()
@@ -32,13 +46,11 @@ std::vector<ColorBlocks::Block> cells()
 
 } // namespace
 
-TBColorPicker::TBColorPicker(QWidget *parent) : QDialog(parent), Form(SysInfo::current().scale())
+TBColorPicker::TBColorPicker(QWidget *parent)
+    : FormDialog("TBColorPicker", Rows, Width, Height, parent)
 {
-    setFont(TwipForm::font());
     setWindowTitle("Pick A Color for TextBoard Font");
     createControls();
-    const TwipScale &scale = Form.scale();
-    setFixedSize(scale.across(5100), scale.down(2370));
 
     QPalette current = CurrentColorBlock->palette();
     current.setColor(QPalette::Window, ToColor(PickColorValue.toInt(), palette()));
@@ -55,38 +67,21 @@ TBColorPicker::TBColorPicker(QWidget *parent) : QDialog(parent), Form(SysInfo::c
 
 void TBColorPicker::createControls()
 {
-    const TwipScale &scale = Form.scale();
-    ColorContainer = new ColorBlocks(cells(), scale, MoveColorCell, this);
-    ColorContainer->setObjectName("ColorContainer");
+    ColorContainer = new ColorBlocks(cells(), Form.scale(), MoveColorCell, this);
+    Form.Adopt(ColorContainer, "ColorContainer");
     ColorContainer->setAccessibleName(windowTitle());
     ColorContainer->setMarkSize(600, 600);
-    Form.place(ColorContainer, {15, 45, 5070, 1530});
-
-    auto *Frame1 = new QFrame(this);
-    auto *Frame2 = new QFrame(this);
-    for (QFrame *frame : {Frame1, Frame2})
-        frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    Form.place(Frame1, {15, 1530, 3135, 420});
-    Form.place(Frame2, {3180, 1530, 1905, 420});
-    Label2 = new QLabel("Current Font Color:", Frame1);
-    Form.place(Label2, {135, 150, 1725, 210});
-    CurrentColorBlock = new QLabel(Frame1);
+    for (const char *frame : {"Frame1", "Frame2"})
+        Form.Make<QFrame>(frame)->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    Label2 = Form.MakeLabel("Label2", "Current Font Color:", Qt::AlignLeft);
+    CurrentColorBlock = Form.Make<QLabel>("CurrentColorBlock");
     CurrentColorBlock->setAutoFillBackground(true);
     CurrentColorBlock->setFrameStyle(QFrame::Box | QFrame::Plain);
-    Form.place(CurrentColorBlock, {1860, 150, 195, 195});
-    CurrentColorLabel = new QLabel(Frame1);
-    CurrentColorLabel->setObjectName("CurrentColorLabel");
-    Form.place(CurrentColorLabel, {2130, 150, 915, 210});
-    ColorLabel = new QLabel(Frame2);
-    ColorLabel->setObjectName("ColorLabel");
-    ColorLabel->setAlignment(Qt::AlignCenter);
-    Form.place(ColorLabel, {30, 150, 1635, 240});
-
-    Button1 = new QPushButton("Ok", this);
+    CurrentColorLabel = Form.MakeLabel("CurrentColorLabel", {}, Qt::AlignLeft);
+    ColorLabel = Form.MakeLabel("ColorLabel", {}, Qt::AlignCenter);
+    Button1 = Form.Make<QPushButton>("Button1", "Ok");
     Button1->setDefault(true);
-    Form.place(Button1, {2430, 1995, 1290, 330});
-    Button2 = new QPushButton("Cancel", this);
-    Form.place(Button2, {3780, 1995, 1290, 330});
+    Button2 = Form.Make<QPushButton>("Button2", "Cancel");
     connect(Button1, &QPushButton::clicked, this, &TBColorPicker::Button1_Click);
     connect(Button2, &QPushButton::clicked, this, &TBColorPicker::Button2_Click);
 }

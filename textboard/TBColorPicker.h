@@ -3,15 +3,13 @@
 // alone.
 #pragma once
 
-#include "platform/controls/TwipForm.h"
-
-#include <QDialog>
+#include "platform/controls/FormDialog.h"
 
 class ColorBlocks;
 class QLabel;
 class QPushButton;
 
-class TBColorPicker : public QDialog
+class TBColorPicker : public FormDialog
 {
     Q_OBJECT
 
@@ -34,6 +32,4 @@ public:
 
 private:
     void createControls();
-
-    TwipForm Form;
 };

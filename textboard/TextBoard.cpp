@@ -3,6 +3,7 @@
 #include "textboard/TextBoard.h"
 
 #include "platform/CodePage.h"
+#include "platform/FontCatalog.h"
 #include "textboard/EditKeys.h"
 
 #include <QFontInfo>
@@ -69,6 +70,14 @@ QKeyEvent withText(const QKeyEvent &event, Qt::KeyboardModifiers modifiers, cons
 }
 
 } // namespace
+
+BoardFont CatalogBoardFont(const QString &name)
+{
+    FontCatalog &catalog = FontCatalog::current();
+    return {.font = catalog.font(name),
+            .builtInBold = catalog.builtInBold(name),
+            .builtInItalic = catalog.builtInItalic(name)};
+}
 
 TextBoard::TextBoard(QWidget *parent, FontFactory factory)
     : QPlainTextEdit(parent)

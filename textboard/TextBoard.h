@@ -24,6 +24,9 @@ struct BoardFont
 /// and what goes beyond `MaxLength` is left out without a word, never half a line end. A key whose
 /// character doesn't fit changes nothing. Every code from 0 to 255 except CR and LF survives from
 /// setting to getting.
+/// The rule by which boards find their fonts: the families of the font catalog.
+BoardFont CatalogBoardFont(const QString &name);
+
 class TextBoard : public QPlainTextEdit
 {
     Q_OBJECT

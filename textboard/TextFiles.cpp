@@ -76,20 +76,20 @@ void Zendova::LoadTextFile(const QString &Path)
     if (!MayDiscardText() || (Path.isEmpty() && !AskForTextFile()))
         return;
     EmptyBoard();
-    LoadedFilePath.clear();
-    LoadedFileTitle.clear();
+    TextFile.LoadedFilePath.clear();
+    TextFile.LoadedFileTitle.clear();
     try {
         if (!ReadPendingFile())
             return;
     } catch (const std::exception &) { // lack of memory
         return tell(FileMessages::NotReadable);
     }
-    const bool partially = TextBoardRTF.TextLength() > TBLimit;
+    const bool partially = TextBoardRTF.TextLength() > ::TextBoard::MaxLength();
     if (partially && !ask(FileMessages::TooLong))
         return TextBoardRTF.setText({}); // which may be large
     try {
         if (partially)
-            TextBoardRTF.Truncate(TBLimit);
+            TextBoardRTF.Truncate(::TextBoard::MaxLength());
         ShowLoadedText();
         ShowFileInTitle(partially);
     } catch (const std::exception &) {
@@ -101,7 +101,7 @@ bool Zendova::MayDiscardText()
 {
     if (TextBoard->TextLength() == 0)
         return true;
-    if (TextChanged)
+    if (TextFile.TextChanged)
         return ask(FileMessages::TextWasChanged);
     if (!DisplayOW->isChecked())
         return true;
@@ -115,19 +115,19 @@ bool Zendova::AskForTextFile()
     const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Select a File to Load Text From",
                                                 .Filter = FileFilter,
                                                 .Flags = FileOffer::FileMustExist,
-                                                .InitDir = LFLoadPath});
+                                                .InitDir = Folders.LFLoadPath});
     if (!chosen || !CheckAlreadyLoaded(chosen->FileName))
         return false;
-    PendingFilePath = chosen->FileName;
-    PendingFileTitle = chosen->FileTitle;
+    TextFile.PendingFilePath = chosen->FileName;
+    TextFile.PendingFileTitle = chosen->FileTitle;
     return true;
 }
 
 bool Zendova::CheckAlreadyLoaded(const QString &Path)
 {
-    if (Path != LoadedFilePath)
+    if (Path != TextFile.LoadedFilePath)
         return true;
-    if (TextChanged)
+    if (TextFile.TextChanged)
         return ask(FileMessages::LoadedButChanged, Path);
     tell(FileMessages::AlreadyLoaded, Path);
     return false;
@@ -135,18 +135,18 @@ bool Zendova::CheckAlreadyLoaded(const QString &Path)
 
 bool Zendova::ReadPendingFile()
 {
-    const std::optional<FileKind> kind = TextFileKind(PendingFilePath);
+    const std::optional<FileKind> kind = TextFileKind(TextFile.PendingFilePath);
     if (!kind) {
         tell(FileMessages::WrongType);
         return false;
     }
-    if (const auto reason = loadFile(TextBoardRTF, PendingFilePath, *kind)) {
-        qWarning("%s: %s", qPrintable(PendingFilePath), qPrintable(*reason));
+    if (const auto reason = loadFile(TextBoardRTF, TextFile.PendingFilePath, *kind)) {
+        qWarning("%s: %s", qPrintable(TextFile.PendingFilePath), qPrintable(*reason));
         tell(FileMessages::NotReadable);
         return false;
     }
     if (*kind == FileKind::RichText) {
-        LoadFontReplaced = false;
+        TextFile.LoadFontReplaced = false;
         if (!TakeFontOfFile())
             return false;
     }
@@ -163,32 +163,32 @@ bool Zendova::TakeFontOfFile()
 {
     const QString name = TextBoardRTF.SelFontName().value();
     if (FindFontItem(name)) {
-        FontNameCombo->SelectItem(TBFontIndex);
+        FontNameCombo->SelectItem(Format.TBFontIndex);
         return true;
     }
     if (!ask(FileMessages::FontMissing, name))
         return false;
-    LoadFontReplaced = true;
+    TextFile.LoadFontReplaced = true;
     return true;
 }
 
 void Zendova::ShowLoadedText()
 {
-    if (TextFileKind(PendingFilePath) == FileKind::PlainText) {
+    if (TextFileKind(TextFile.PendingFilePath) == FileKind::PlainText) {
         if (OptLoadTD->isChecked())
             RestoreTextBoardDefaults();
-    } else if (!LoadFontReplaced) {
+    } else if (!TextFile.LoadFontReplaced) {
         ApplyLoadedFont();
     }
     TextBoard->setText(TextBoardRTF.Text());
-    TextChanged = false;
+    TextFile.TextChanged = false;
     SyncEditCommands();
 
-    AddFileToMRU(PendingFilePath);
-    TBFontName = TextBoard->FontName();
-    LoadedFilePath = PendingFilePath;
-    LoadedFileTitle = PendingFileTitle;
-    LFLoadPath = WithoutSeparator(SplitAtLastSeparator(LoadedFilePath).Folder);
+    AddFileToMRU(TextFile.PendingFilePath);
+    Format.TBFontName = TextBoard->FontName();
+    TextFile.LoadedFilePath = TextFile.PendingFilePath;
+    TextFile.LoadedFileTitle = TextFile.PendingFileTitle;
+    Folders.LFLoadPath = WithoutSeparator(SplitAtLastSeparator(TextFile.LoadedFilePath).Folder);
 }
 
 void Zendova::ApplyLoadedFont()
@@ -208,14 +208,14 @@ void Zendova::ApplyLoadedFont()
 void Zendova::TakeColorOfFile()
 {
     if (FindColorIndex(TextBoardRTF.SelColor().value())) {
-        TBColorName = QBColorName(TBColorIndex);
+        Format.TBColorName = QBColorName(Format.TBColorIndex);
         RenewColorToolTip();
         return;
     }
     tell(FileMessages::ForeignColor);
-    TBColorIndex = 0;
-    TBColorName = QBColorName(TBColorIndex);
-    TextBoard->setForeColor(ToColor(QBColor(TBColorIndex), palette()));
+    Format.TBColorIndex = 0;
+    Format.TBColorName = QBColorName(Format.TBColorIndex);
+    TextBoard->setForeColor(ToColor(QBColor(Format.TBColorIndex), palette()));
 }
 
 void Zendova::LimitSizeOfFile()
@@ -250,7 +250,7 @@ void Zendova::TakeFormatOfFile()
     const std::array styles = {TextBoard->FontBold(), TextBoard->FontItalic(),
                                TextBoard->FontUnderline(), TextBoard->FontStrikethru()};
     for (std::size_t style = 0; style < styles.size(); ++style) {
-        TBStyle.at(style) = styles.at(style) ? 1 : 0;
+        Format.TBStyle.at(style) = styles.at(style) ? 1 : 0;
         StyleButton(static_cast<int>(style))->setChecked(styles.at(style));
     }
     RenewColorButton();
@@ -263,7 +263,7 @@ void Zendova::TakeFormatOfFile()
 
 void Zendova::ShowFileInTitle(bool partially)
 {
-    QString name = LoadedFileTitle;
+    QString name = TextFile.LoadedFileTitle;
     name.replace("[*]", "[*][*]"); // the toolkit's own mark in a title; twice it stands for itself
     setWindowTitle(ProductName + " :  " + name + (partially ? " (PARTIALLY LOADED!)" : ""));
 }
@@ -272,29 +272,29 @@ void Zendova::ShowFileInTitle(bool partially)
 
 void Zendova::FileSave_Click()
 {
-    const bool wasText = TextFileKind(LoadedFilePath) == FileKind::PlainText;
+    const bool wasText = TextFileKind(TextFile.LoadedFilePath) == FileKind::PlainText;
     const auto chosen = CmnDlg::ShowSave(this, {.DialogTitle = "Save Text in File",
                                                 .Filter = FileFilter,
                                                 .FilterIndex = wasText ? 2 : 1,
                                                 .Flags = FileOffer::OverwritePrompt,
-                                                .InitDir = LFSavePath,
-                                                .FileName = LoadedFilePath});
+                                                .InitDir = Folders.LFSavePath,
+                                                .FileName = TextFile.LoadedFilePath});
     if (!chosen)
         return;
     // Settings that were never shown are lost with the file that holds them.
-    const bool isLoaded = chosen->FileName == LoadedFilePath;
-    if (isLoaded && LoadFontReplaced && !ask(FileMessages::SettingsReplaced))
+    const bool isLoaded = chosen->FileName == TextFile.LoadedFilePath;
+    if (isLoaded && TextFile.LoadFontReplaced && !ask(FileMessages::SettingsReplaced))
         return;
     if (const auto reason = WriteTextFile(*chosen))
         return tell(FileMessages::NotSaved, *reason + '\r' + chosen->FileName);
     if (!isLoaded)
-        LoadFontReplaced = false;
+        TextFile.LoadFontReplaced = false;
     AddFileToMRU(chosen->FileName);
-    LoadedFilePath = chosen->FileName;
-    LoadedFileTitle = chosen->FileTitle;
-    LFSavePath = WithoutSeparator(SplitAtLastSeparator(LoadedFilePath).Folder);
+    TextFile.LoadedFilePath = chosen->FileName;
+    TextFile.LoadedFileTitle = chosen->FileTitle;
+    Folders.LFSavePath = WithoutSeparator(SplitAtLastSeparator(TextFile.LoadedFilePath).Folder);
     ShowFileInTitle(false);
-    TextChanged = false;
+    TextFile.TextChanged = false;
 }
 
 /// Gives the reason of a failure.

@@ -28,6 +28,14 @@ void BandBar::addBand(QWidget *content, double width)
     arrange();
 }
 
+void BandBar::addBands(std::initializer_list<QWidget *> contents, std::span<const qint32> widths)
+{
+    Q_ASSERT(contents.size() == widths.size());
+    std::size_t index = 0;
+    for (QWidget *content : contents)
+        addBand(content, widths[index++]);
+}
+
 double BandBar::bandWidth(int index) const
 {
     return Bands.at(static_cast<std::size_t>(index)).Width;

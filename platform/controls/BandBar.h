@@ -6,6 +6,8 @@
 #include "platform/Twips.h"
 
 #include <QWidget>
+#include <initializer_list>
+#include <span>
 #include <vector>
 
 class BandBar : public QWidget
@@ -18,6 +20,8 @@ public:
     /// Adds a band behind the others: what it holds and its width in twips, grip included. The
     /// content gets the arrow for its cursor.
     void addBand(QWidget *content, double width);
+    /// Adds one for each, in their order.
+    void addBands(std::initializer_list<QWidget *> contents, std::span<const qint32> widths);
     int bandCount() const { return static_cast<int>(Bands.size()); }
 
     /// Width of a band in twips, by its index from 0. A width below the grip's becomes the grip's.

@@ -2,10 +2,10 @@
 #include "platform/controls/Toolbar.h"
 
 #include "platform/controls/Accessibility.h"
+#include "platform/controls/Icons.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QMenu>
 
 namespace {
 
@@ -23,22 +23,24 @@ Toolbar::Toolbar(QWidget *parent) : QWidget(parent), Row(new QHBoxLayout(this))
     setAccessibleRole(this, QAccessible::ToolBar);
 }
 
-QToolButton *Toolbar::addButton(const QString &key, Kind kind)
+QToolButton *Toolbar::addButton(const ButtonLook &look, bool hasCommand)
 {
     auto *button = new QToolButton(this);
-    button->setObjectName(key);
+    button->setObjectName(look.Key);
+    button->setAccessibleName(look.Tag);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    button->setCheckable(kind == Kind::Check);
+    button->setCheckable(look.ButtonKind == Kind::Check);
+    button->setEnabled(hasCommand);
     button->setIconSize(QSize(PictureSide, PictureSide));
     button->setFixedSize(ButtonSide, ButtonSide);
-    if (kind == Kind::DropDown) {
+    if (look.ButtonKind == Kind::DropDown) {
         button->setPopupMode(QToolButton::MenuButtonPopup);
         button->setMenu(new QMenu(button));
         button->setFixedWidth(ButtonSide + ArrowWidth);
     }
     Row->insertWidget(Row->count() - 1, button);
-    Buttons.insert(key, button);
+    Buttons.insert(look.Key, {button, look.Image, look.Tag, hasCommand});
     return button;
 }
 
@@ -52,16 +54,35 @@ void Toolbar::addSeparator()
     Row->insertWidget(Row->count() - 1, line);
 }
 
-void Toolbar::addPlaceholder(const QString &key, QWidget *container)
+void Toolbar::addPlaceholder(QWidget *container)
 {
     container->setParent(this);
-    container->setProperty("key", key);
     Row->insertWidget(0, container);
 }
 
 QToolButton *Toolbar::button(const QString &key) const
 {
-    QToolButton *found = Buttons.value(key);
+    QToolButton *found = Buttons.value(key).Control;
     Q_ASSERT(found);
     return found;
+}
+
+void Toolbar::enableButton(const QString &key, bool on)
+{
+    const auto found = Buttons.constFind(key);
+    Q_ASSERT(found != Buttons.cend());
+    found->Control->setEnabled(on && found->HasCommand);
+}
+
+void Toolbar::showPictures()
+{
+    for (const Button &button : std::as_const(Buttons))
+        if (!button.Image.isEmpty())
+            button.Control->setIcon(Icons::icon(button.Image));
+}
+
+void Toolbar::setToolTips(bool on)
+{
+    for (const Button &button : std::as_const(Buttons))
+        button.Control->setToolTip(on ? button.Tag : QString());
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QHash>
+#include <QMenu>
 #include <QString>
 #include <QToolButton>
 #include <QWidget>
@@ -18,15 +19,69 @@ public:
 
     /// A DropDown is a push button with an arrow beside it that opens the button's menu.
     enum class Kind { Push, Check, DropDown };
-    QToolButton *addButton(const QString &key, Kind kind);
+    struct ButtonLook
+    {
+        const char *Key;
+        const char *Image; ///< key of its picture; empty for a button that gets it elsewhere
+        const char *Tag;   ///< tooltip that can be switched off; also what is told of the button
+        Kind ButtonKind = Kind::Push;
+    };
+    /// A button without a command is there and stays disabled.
+    QToolButton *addButton(const ButtonLook &look, bool hasCommand);
     void addSeparator();
     /// Puts a container in front of the buttons; it keeps its own size.
-    void addPlaceholder(const QString &key, QWidget *container);
+    void addPlaceholder(QWidget *container);
 
     /// The button under a key; there must be one.
     QToolButton *button(const QString &key) const;
+    /// Sets a button's Enabled, unless it has no command.
+    void enableButton(const QString &key, bool on);
+
+    const QString tag(const QString &key) const { return Buttons.value(key).Tag; }
+
+    void showPictures();
+    /// Every button's tag as its tooltip, or none.
+    void setToolTips(bool on);
 
 private:
+    struct Button
+    {
+        QToolButton *Control = nullptr;
+        QString Image;
+        QString Tag;
+        bool HasCommand = false;
+    };
     QHBoxLayout *Row;
-    QHash<QString, QToolButton *> Buttons;
+    QHash<QString, Button> Buttons;
 };
+
+/// A button of a window or panel, and what a click does in its owner; null while the command is not
+/// built. An empty key is a separator.
+template<class Owner>
+struct ButtonRow
+{
+    Toolbar *Owner::*Bar;
+    Toolbar::ButtonLook Look;
+    void (*Action)(Owner &) = nullptr;
+    void (*FillMenu)(Owner &) = nullptr; ///< for a drop-down: runs each time before it opens
+};
+
+/// Fills the owner's toolbars, which are made already, with the buttons of the rows in their order.
+template<class Owner, std::size_t Count>
+void AddButtons(Owner &owner, const ButtonRow<Owner> (&rows)[Count])
+{
+    for (const ButtonRow<Owner> &row : rows) {
+        Toolbar *bar = owner.*row.Bar;
+        if (!*row.Look.Key) {
+            bar->addSeparator();
+            continue;
+        }
+        QToolButton *button = bar->addButton(row.Look, row.Action != nullptr);
+        if (row.Action)
+            QObject::connect(button, &QToolButton::clicked, &owner,
+                             [&owner, action = row.Action] { action(owner); });
+        if (row.FillMenu)
+            QObject::connect(button->menu(), &QMenu::aboutToShow, &owner,
+                             [&owner, fill = row.FillMenu] { fill(owner); });
+    }
+}

@@ -5,6 +5,7 @@
 #include "platform/Twips.h"
 
 #include <QHash>
+#include <cmath>
 
 class QFont;
 class QWidget;
@@ -21,6 +22,10 @@ public:
     static QFont font();
 
     const TwipScale &scale() const { return Scale; }
+    /// Twips of one pixel; the number of those down is whole.
+    double TwipsX() const { return Scale.X; }
+    double TwipsY() const { return std::round(Scale.Y); }
+    TwipScale wholeScale() const { return {.X = TwipsX(), .Y = TwipsY()}; }
     /// Takes another density and moves every control to its pixels.
     void setScale(const TwipScale &scale);
 

@@ -80,7 +80,7 @@ private slots:
         lookAtMenu(window, "ItemDisplay");
         QCOMPARE(state(), QList({true, false, false}));
         window->VCOnR->trigger();
-        QVERIFY(window->ViewsTB->button("VCRight")->isChecked());
+        QVERIFY(window->ViewsContainer->ViewsTB->button("VCRight")->isChecked());
         // The marks are from before; an item that bears one does nothing.
         QCOMPARE(state(), QList({true, true, true}));
         window->VCOnL->trigger();
@@ -89,7 +89,7 @@ private slots:
         QCOMPARE(state(), QList({false, true, true}));
         window->VCOnL->trigger();
         QCOMPARE(state(), QList({true, true, false}));
-        QVERIFY(window->ViewsTB->button("VCLeft")->isChecked());
+        QVERIFY(window->ViewsContainer->ViewsTB->button("VCLeft")->isChecked());
     }
 
     void boardOffersItsCommands()
@@ -123,7 +123,7 @@ private slots:
         QTest::keyClicks(window->TextBoard, "a");
         lookAtMenu(window, "ItemEdit"); // its Cut and Copy are off, and so are their keys
         QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
-        rightClick(window, window->FindString);
+        rightClick(window, window->FindFrame->FindString);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu && menu->objectName() != "ItemEdit");
         QVERIFY(menu->actions().size() > 5);
@@ -133,7 +133,7 @@ private slots:
             for (const char *key : {"Ctrl+X", "Ctrl+C", "Ctrl+V", "Ctrl+A"})
                 QVERIFY2(!item->text().endsWith(key), key);
         QTest::keyClick(menu, Qt::Key_Escape);
-        QVERIFY(window->FindString->hasFocus());
+        QVERIFY(window->FindFrame->FindString->hasFocus());
     }
 };
 

@@ -80,8 +80,9 @@ void TestDesktop::everythingHasAName()
         const QAccessibleInterface *told = speaker(control);
         QVERIFY2(told && told->isValid() && told->role() != QAccessible::NoRole, which);
         // The name of a loaded map is empty where there is none.
-        if (told->role() == QAccessible::Separator || control == window->lblCFMName ||
-            control == window->ProgressFore)
+        if (told->role() == QAccessible::Separator ||
+            control == window->FMapContainer->lblCFMName ||
+            control == window->TBPContainer->ProgressFore)
             continue;
         QVERIFY2(!nameOf(control).trimmed().isEmpty(), which);
         if (control->focusPolicy() != Qt::NoFocus)
@@ -90,20 +91,20 @@ void TestDesktop::everythingHasAName()
     QVERIFY(focusable.size() >= 5);
     // The labels that stand before a control are told with it.
     for (const char *name : {"FontLabel", "FontSizeLabel", "ZoomSizeLabel", "MapSizeLabel"}) {
-        const auto *label = qobject_cast<QLabel *>(window->Control(name));
+        const auto *label = window->findChild<QLabel *>(name);
         QVERIFY2(label->buddy(), name);
         const auto labels = speaker(label->buddy())->relations(QAccessible::Label);
         QVERIFY2(labels.size() == 1 && labels[0].first->object() == label, name);
     }
     QCOMPARE(nameOf(window->FontFormatTB->button("Bold")), QString("Toggle Bold Style"));
-    QCOMPARE(speaker(window->ViewsTB)->role(), QAccessible::ToolBar);
+    QCOMPARE(speaker(window->ViewsContainer->ViewsTB)->role(), QAccessible::ToolBar);
 }
 
 void TestDesktop::mapIsATable()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
-    QAccessibleInterface *map = speaker(window->CharButton);
+    QAccessibleInterface *map = speaker(window->FMapContainer->CharButton);
     QCOMPARE(map->role(), QAccessible::Table);
     QAccessibleTableInterface *table = map->tableInterface();
     QCOMPARE(QSize(table->columnCount(), table->rowCount()), QSize(28, 8));
@@ -127,10 +128,11 @@ void TestDesktop::mapIsATable()
     hover(window, cellOf(233));
     QCOMPARE(map->focusChild(), map->child(cellOf(233)));
     QVERIFY(map->child(cellOf(233))->state().active && !map->child(cellOf('B'))->state().active);
-    QCOMPARE(speaker(window->TextZoom)->text(QAccessible::Description), QString("é"));
+    QCOMPARE(speaker(window->ViewsContainer->TextZoom)->text(QAccessible::Description),
+             QString("é"));
     // Of a map that leaves the cell empty.
-    window->CharButton->setCaption(cellOf(233), {});
-    window->CharInfo.at(cellOf(233)) = {};
+    window->FMapContainer->CharButton->setCaption(cellOf(233), {});
+    window->FMapContainer->CharInfo.at(cellOf(233)) = {};
     QCOMPARE(reading(233), QString("Empty"));
 
     QAccessibleActionInterface *actions = map->child(cellOf('Q'))->actionInterface();
@@ -161,8 +163,10 @@ void TestDesktop::colorsChangeWhileRunning()
     for (const QPalette &palette : {dark, light}) {
         QApplication::setPalette(palette);
         QCoreApplication::processEvents();
-        QCOMPARE(pixel(pictureOf(window->CharButton, 0)), palette.color(QPalette::Base));
-        QCOMPARE(pixel(window->TextZoom->grab().toImage()), palette.color(QPalette::Base));
+        QCOMPARE(pixel(pictureOf(window->FMapContainer->CharButton, 0)),
+                 palette.color(QPalette::Base));
+        QCOMPARE(pixel(window->ViewsContainer->TextZoom->grab().toImage()),
+                 palette.color(QPalette::Base));
         QCOMPARE(sample(0), palette.color(QPalette::Base));
         QCOMPARE(sample(1), palette.color(QPalette::Text));
         // Paper stays paper, with the ink that was chosen.
@@ -170,12 +174,13 @@ void TestDesktop::colorsChangeWhileRunning()
         QCOMPARE(window->TextBoard->ForeColor(), QColor(Qt::black));
     }
     // Colours of the map's own are no colours of the desktop's.
-    window->ForeColor = RGBValue(10, 20, 30);
-    window->BackColor = RGBValue(200, 210, 220);
-    window->ApplyFontMapColors(true, window->ForeColor, true, window->BackColor);
+    window->FMapContainer->Fore.Color = RGBValue(10, 20, 30);
+    window->FMapContainer->Back.Color = RGBValue(200, 210, 220);
+    window->FMapContainer->ApplyFontMapColors(true, window->FMapContainer->Fore.Color, true,
+                                              window->FMapContainer->Back.Color);
     QApplication::setPalette(dark);
     QCoreApplication::processEvents();
-    QCOMPARE(pixel(pictureOf(window->CharButton, 0)), QColor(200, 210, 220));
+    QCOMPARE(pixel(pictureOf(window->FMapContainer->CharButton, 0)), QColor(200, 210, 220));
     QCOMPARE(sample(1), QColor(10, 20, 30));
 }
 
@@ -186,7 +191,7 @@ void TestDesktop::locksAreShown()
     // The platform of the tests has no keyboard: nothing is known, nothing is lit.
     QCOMPARE(locksShown(window), QList({false, false, false}));
     std::optional<LockState> keyboard = LockState{.Num = true};
-    window->Locks->readFrom([&keyboard] { return keyboard; });
+    window->StatBar->locks().readFrom([&keyboard] { return keyboard; });
     const auto comesBack = [window] {
         QEvent activation(QEvent::WindowActivate);
         QApplication::sendEvent(window, &activation);
@@ -196,7 +201,7 @@ void TestDesktop::locksAreShown()
     QCOMPARE(speaker(window->StatBar->findChild<QLabel *>("NUM"))->text(QAccessible::Description),
              QString("on"));
     keyboard = LockState{.Caps = true, .Scroll = true};
-    window->Locks->refresh(); // as at the press of a lock key
+    window->StatBar->locks().refresh(); // as at the press of a lock key
     QCOMPARE(locksShown(window), QList({false, true, true}));
     keyboard.reset();
     comesBack();
@@ -207,14 +212,14 @@ void TestDesktop::changesUnderADialog()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
-    window->sldSetFMapSize->setValue(18);
+    window->FMapContainer->sldSetFMapSize->setValue(18);
     QTest::keyClicks(window->TextBoard, "abc");
     desktop.Dialogs.dialog("Pick A Color for TextBoard Font", [&](QDialog *dialog) {
         QVERIFY(!window->close()); // and asks nothing
         desktop.Screen->pretend(SysInfo::Screen{{1280, 1024}, {}, 120});
-        QCOMPARE(window->SizeIndex, 11);
+        QCOMPARE(window->FMapContainer->SizeIndex, 11);
         desktop.Screen->pretend(SysInfo::Screen{{1024, 768}, {}, 96});
-        QCOMPARE(window->SizeIndex, 9);
+        QCOMPARE(window->FMapContainer->SizeIndex, 9);
         QVERIFY(dialog->isVisible());
         QTest::keyClick(dialog, Qt::Key_Escape);
     });

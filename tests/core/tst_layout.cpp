@@ -152,19 +152,21 @@ void TestLayout::controls()
     desktop.alterSettings(
         QString("UPDATE settings SET value = %1 WHERE name = 'SizeIndex'").arg(mapSize));
     Zendova *window = desktop.start();
-    QCOMPARE(window->SizeIndex, mapSize);
+    QCOMPARE(window->FMapContainer->SizeIndex, mapSize);
     checkControls(window->Client);
     // The longest texts that the labels get.
-    window->TextBoard->setText(QString(window->TBLimit, 'x'));
+    window->TextBoard->setText(QString(::TextBoard::MaxLength(), 'x'));
     QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
     QVERIFY(window->FindFrame->isVisible());
     for (const int code : {32, 255}) {
-        QTest::mouseMove(window->CharButton, window->CharButton->pixels(code - FirstCode).center());
+        QTest::mouseMove(window->FMapContainer->CharButton,
+                         window->FMapContainer->CharButton->pixels(code - FirstCode).center());
         checkControls(window->Client);
     }
-    QCOMPARE(window->PercFilled->text(), QString("100%"));
-    QCOMPARE(window->KS->text(), QString("Alt+0255"));
-    QVERIFY(window->CharButton->rect().contains(window->CharButton->pixels(CellCount - 1)));
+    QCOMPARE(window->TBPContainer->PercFilled->text(), QString("100%"));
+    QCOMPARE(window->ViewsContainer->KS->text(), QString("Alt+0255"));
+    QVERIFY(window->FMapContainer->CharButton->rect().contains(
+        window->FMapContainer->CharButton->pixels(CellCount - 1)));
     QCOMPARE(window->StatBar->geometry().right(), window->CoolBarCM->geometry().right());
 }
 
@@ -176,16 +178,16 @@ void TestLayout::areasLeaveNoGaps()
         const QWidget *column[] = {window->TextBoard, window->SplitBar, window->FMapContainer,
                                    window->LLVContainer};
         for (const int mapSize : {8, 1, 10}) {
-            window->sldSetFMapSize->setValue(mapSize);
+            window->FMapContainer->sldSetFMapSize->setValue(mapSize);
             for (std::size_t i = 1; i < std::size(column); ++i)
                 QVERIFY(column[i]->y() <= column[i - 1]->geometry().bottom() + 1);
-            QTest::mouseClick(window->ViewsTB->button("VCRight"), Qt::LeftButton);
-            QVERIFY(window->ViewsTB->button("VCRight")->isChecked());
-            QVERIFY(!window->ViewsTB->button("VCLeft")->isChecked());
+            QTest::mouseClick(window->ViewsContainer->ViewsTB->button("VCRight"), Qt::LeftButton);
+            QVERIFY(window->ViewsContainer->ViewsTB->button("VCRight")->isChecked());
+            QVERIFY(!window->ViewsContainer->ViewsTB->button("VCLeft")->isChecked());
             const QRect board = window->TextBoard->geometry();
             QCOMPARE(board.x(), 7);
             QCOMPARE(window->ViewsContainer->x(), board.right() + 3);
-            QTest::mouseClick(window->ViewsTB->button("VCLeft"), Qt::LeftButton);
+            QTest::mouseClick(window->ViewsContainer->ViewsTB->button("VCLeft"), Qt::LeftButton);
             QCOMPARE(window->TextBoard->geometry(), board.translated(136, 0));
             QCOMPARE(window->ViewsContainer->x(), 7);
         }
@@ -196,10 +198,10 @@ void TestLayout::toolTips()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
-    window->TextBoard->setText(QString(window->TBLimit, 'x'));
+    window->TextBoard->setText(QString(::TextBoard::MaxLength(), 'x'));
     // The texts on a panel leave the mouse to it.
     const auto toolTipOver = [window](const char *name) {
-        const QWidget *text = window->Control(name);
+        const QWidget *text = window->findChild<QLabel *>(name);
         const QPoint middle = text->mapTo(window->Client, text->rect().center());
         return window->Client->childAt(middle)->toolTip();
     };
@@ -254,9 +256,9 @@ void TestLayout::staysOnTheScreen()
     QCOMPARE(window->pos(), QPoint(corner.x(), 2));
     doubleClick(window);
     for (const QPoint &from : {corner, QPoint(5, 7)}) {
-        window->sldSetFMapSize->setValue(8);
+        window->FMapContainer->sldSetFMapSize->setValue(8);
         window->move(from);
-        window->sldSetFMapSize->setValue(18);
+        window->FMapContainer->sldSetFMapSize->setValue(18);
         QCOMPARE(window->pos(), from == corner ? corner - QPoint(280, 80) : from);
     }
 }
@@ -302,13 +304,13 @@ void TestLayout::splitBar()
     window->FontNameCombo->setFocus();
     QTest::mouseRelease(window->SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
     QVERIFY(window->TextBoard->hasFocus());
-    QTest::mouseClick(window->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
+    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
     QCOMPARE(edgesOf(window), top);
     for (const int moved : {room, 0, room, 0}) {
         window->FontNameCombo->setFocus();
         doubleClick(window);
         QCOMPARE(edgesOf(window, moved), top);
-        QCOMPARE(window->FMLarger->isEnabled(), moved == 0);
+        QCOMPARE(window->FMapContainer->FMLarger->isEnabled(), moved == 0);
         QVERIFY(window->TextBoard->hasFocus());
     }
     // Without the left button the mouse only passes.

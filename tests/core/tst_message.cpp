@@ -175,9 +175,10 @@ private slots:
     {
         Desktop desktop;
         Zendova *window = desktop.start();
-        window->ForeColor = RGBValue(250, 240, 10);
-        window->BackColor = RGBValue(0, 0, 200);
-        window->ApplyFontMapColors(true, window->ForeColor, true, window->BackColor);
+        window->FMapContainer->Fore.Color = RGBValue(250, 240, 10);
+        window->FMapContainer->Back.Color = RGBValue(0, 0, 200);
+        window->FMapContainer->ApplyFontMapColors(true, window->FMapContainer->Fore.Color, true,
+                                                  window->FMapContainer->Back.Color);
         for (const bool scheme : {true, false}) {
             QCOMPARE(window->DisplayCS->isChecked(), scheme);
             show(desktop, "OK", [=](Message &dialog) {

@@ -2,9 +2,11 @@
 // settings that are missing or unfit, the start-up file, the exit warning, what is kept, and a
 // change of the display.
 #include "tests/support/MainWindow.h"
+#include "tests/support/Person.h"
 
 #include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
+#include "core/SettingsTable.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
@@ -37,7 +39,7 @@ const QString ExitQuestion = "\r\r\r\rDiscard text on the TextBoard and Exit?";
 
 QString mapSize(const Zendova &window)
 {
-    return window.sldSetFMapSize->number()->text();
+    return window.FMapContainer->sldSetFMapSize->number()->text();
 }
 
 /// Width and height in pixels of a window whose map has this size.
@@ -54,8 +56,44 @@ QSizeF outerSize(const Zendova &window)
 /// Whether each way to size the map is offered.
 QList<bool> sizing(const Zendova &window)
 {
-    return {window.FMSmaller->isEnabled(), window.tlbCFMapFmt->button("FMap-")->isEnabled(),
-            window.pbxSetFMapSize->isEnabled(), window.SplitBar->isVisible()};
+    return {window.FMapContainer->FMSmaller->isEnabled(),
+            window.FMapContainer->tlbCFMapFmt->button("FMap-")->isEnabled(),
+            window.FMapContainer->pbxSetFMapSize->isEnabled(), window.SplitBar->isVisible()};
+}
+
+/// As the settings file shows a value.
+QString stored(const WrittenValue &value)
+{
+    if (const auto *text = std::get_if<QString>(&value))
+        return *text;
+    if (const auto *truth = std::get_if<bool>(&value))
+        return *truth ? "True" : "False";
+    return QString::number(static_cast<quint32>(std::get<qint32>(value)));
+}
+
+/// A value that only this row of the table of settings has. Of those that know two values only, the
+/// row's number says in which of four rounds which one it is.
+WrittenValue ownValue(int row, const Setting &setting, int round)
+{
+    const bool bit = (row >> round & 1) == 1;
+    static const QHash<QString, WrittenValue> limited = {
+        {"FontName", "Zt Gaps"}, {"FontSize", 17},    {"Alignment", 2},
+        {"FontColorIndex", 9},   {"FormTop", 750},    {"FormLeft", 900},
+        {"SizeIndex", 3},        {"VCPosition", "R"}, {"ZoomSize", 33},
+    };
+    if (limited.contains(setting.Name.toString()))
+        return limited.value(setting.Name.toString());
+    for (const QStringView name : {u"Bold", u"Italic", u"Underline", u"Strikeout", u"Borders"})
+        if (setting.Name == name)
+            return qint32(bit);
+    switch (setting.Kind) {
+    case Setting::Type::Truth:
+        return bit;
+    case Setting::Type::Text:
+        return QString("value %1").arg(row);
+    default:
+        return 1500 + 15 * row;
+    }
 }
 
 QString setValueSql(const QString &key, const QString &name, int kind, const QString &literal)
@@ -135,18 +173,15 @@ private slots:
         const Zendova *window = desktop.startAsItIs();
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(window->windowTitle(), QString("Zendova Version 3.0.0 RC2"));
-        for (const SettingDefault &row : SettingDefaults) {
-            const auto *number = std::get_if<qint32>(&row.standard);
-            const QString value = number ? QString::number(static_cast<quint32>(*number))
-                                         : std::get<QStringView>(row.standard).toString();
-            QCOMPARE(desktop.setting(row.key.toString(), row.value.toString()), value);
-        }
+        for (const Setting &row : SettingsTable())
+            if (const WrittenValue value = row.standard(); value.index() != 0)
+                QCOMPARE(desktop.setting(row.Key.toString(), row.Name.toString()), stored(value));
         for (const char *name : {"LFLoadPath", "LFSavePath", "LMLoadPath", "LMSavePath"})
             QCOMPARE(desktop.setting("Last", name), SysInfo::documentsFolder());
         for (int start = 1; start <= 2; ++start) {
             QCOMPARE(mapSize(*window), QString("24"));
             QCOMPARE(window->FontSizeSlider->number()->text(), QString("34"));
-            QCOMPARE(window->CharButton->pixels(0).width(), 27 + 24);
+            QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 27 + 24);
             QCOMPARE(outerSize(*window), outerSize(24));
             QVERIFY(desktop.close());
             window = desktop.startAsItIs(); // asks nothing
@@ -205,7 +240,36 @@ private slots:
         QCOMPARE(desktop.setting("Temp", "TBFColorIndex"), QString("3"));
         // The window shows what was written.
         QCOMPARE(window->FontSizeSlider->value(), 18);
-        QCOMPARE(window->CharButton->ForeColor(100), SystemColorValue(8));
+        QCOMPARE(window->FMapContainer->CharButton->ForeColor(100), SystemColorValue(8));
+    }
+
+    void everySettingHasItsPlace()
+    {
+        // What the start itself changes, or gives out in other words.
+        const QSet<QString> passing{"FormHeight", "FormWidth", "FMBand3Wdth"};
+        Desktop desktop({1280, 1024}, 96, Complete);
+        for (int round = 0; round < 6; ++round) {
+            int number = 0;
+            for (const Setting &row : SettingsTable()) {
+                const WrittenValue value = ownValue(++number, row, round);
+                desktop.alterSettings(setValueSql(row.Key.toString(), row.Name.toString(),
+                                                  int(row.storedKind()),
+                                                  '\'' + stored(value) + '\''));
+            }
+            if (desktop.setting("FontMap", "InitMap") == "True") // and its path is no file
+                desktop.Dialogs.message("Zendova Startup File Load Error", "", "Ok");
+            const Zendova *window = desktop.startAsItIs();
+            QVERIFY(desktop.Dialogs.allCame());
+            QCOMPARE(window->SavedFormHeight, qreal(1500 + 15 * 14));
+            QCOMPARE(window->SavedFormWidth, qreal(1500 + 15 * 15));
+            number = 0;
+            for (const Setting &row : SettingsTable()) {
+                ++number;
+                if (row.Get && !passing.contains(row.Name.toString()))
+                    QCOMPARE(row.Name.toString() + stored(row.Get(*window)),
+                             row.Name.toString() + stored(ownValue(number, row, round)));
+            }
+        }
     }
 
     void writtenByOthers()
@@ -223,14 +287,14 @@ private slots:
         Zendova *window = desktop.startAsItIs();
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(window->FontSizeSlider->number()->text(), QString("14"));
-        QCOMPARE(window->TBColorName, QString("7"));
-        QCOMPARE(window->ZoomSizeSlider->number()->text(), QString("72"));
+        QCOMPARE(window->Format.TBColorName, QString("7"));
+        QCOMPARE(window->ViewsContainer->ZoomSizeSlider->number()->text(), QString("72"));
         QVERIFY(!window->DisplayTT->isChecked());
         QVERIFY(window->SplitBar->toolTip().isEmpty());
         QVERIFY(!window->DisplayEW->isChecked());
         QCOMPARE(mapSize(*window), QString("1"));
-        QCOMPARE(window->CharButton->BorderStyle(50), 1);
-        QCOMPARE(window->CharButton->ForeColor(223), SystemColorValue(14));
+        QCOMPARE(window->FMapContainer->CharButton->BorderStyle(50), 1);
+        QCOMPARE(window->FMapContainer->CharButton->ForeColor(223), SystemColorValue(14));
         window->WriteDefaultSettings();
         QCOMPARE(desktop.setting("FontMap", "ForeColor"), QString("2147483662"));
     }
@@ -271,7 +335,7 @@ private slots:
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(mapSize(*window), QString("9"));
         QCOMPARE(outerSize(*window), outerSize(9));
-        QVERIFY(!window->FMLarger->isEnabled());
+        QVERIFY(!window->FMapContainer->FMLarger->isEnabled());
         QCOMPARE(sizing(*window), QList<bool>(4, true));
         QVERIFY(desktop.close());
         QCOMPARE(desktop.setting("FontMap", "SizeIndex"), QString("9"));
@@ -337,11 +401,11 @@ private slots:
         window = desktop.startAsItIs();
         QTest::keyClicks(window->TextBoard, "abc");
         desktop.Dialogs.message(ExitTitle, ExitQuestion, "No", true);
-        window->FileExit->trigger();
+        menuItem(window, "FileExit")->trigger();
         QVERIFY(desktop.Dialogs.allCame());
         QVERIFY(window->isVisible());
         QVERIFY(!window->DisplayEW->isChecked());
-        window->FileExit->trigger();
+        menuItem(window, "FileExit")->trigger();
         QVERIFY(!window->isVisible());
         QCOMPARE(desktop.setting("Options", "ExitWarning"), QString("True")); // asks again
         QVERIFY(desktop.Dialogs.allCame());
@@ -353,9 +417,9 @@ private slots:
         Zendova *window = desktop.startAsItIs();
         window->DisplayTT->trigger();
         window->FontSizeSlider->setValue(30);
-        window->sldSetFMapSize->setValue(5);
+        window->FMapContainer->sldSetFMapSize->setValue(5);
         window->CoolBarCM->setBandWidth(1, 5000);
-        window->LFSavePath = "/somewhere/";
+        window->Folders.LFSavePath = "/somewhere/";
         window->move(7, 11);
         QVERIFY(desktop.close());
         QVERIFY(desktop.setting("Temp", "FMFColorIndex").isNull());
@@ -364,7 +428,7 @@ private slots:
         QCOMPARE(mapSize(*window), QString("5"));
         QCOMPARE(outerSize(*window), outerSize(5));
         QCOMPARE(window->CoolBarCM->bandWidth(1), 5000.0);
-        QCOMPARE(window->LFSavePath, QString("/somewhere/"));
+        QCOMPARE(window->Folders.LFSavePath, QString("/somewhere/"));
         QCOMPARE(desktop.setting("MRU", "9"), QString("/files/9.txt"));
         // How things look is kept with the default options only.
         QVERIFY(window->DisplayTT->isChecked());
@@ -372,7 +436,7 @@ private slots:
 
         // A minimised window keeps its former place.
         window->move(3, 5);
-        window->sldSetFMapSize->setValue(2);
+        window->FMapContainer->sldSetFMapSize->setValue(2);
         window->showMinimized();
         QVERIFY(desktop.close());
         QCOMPARE(desktop.setting("Last", "FormLeft"), QString::number(15 * 7));
@@ -383,7 +447,7 @@ private slots:
     {
         Desktop desktop({1280, 1024}, 96, Complete);
         Zendova *window = desktop.startAsItIs();
-        window->sldSetFMapSize->setValue(18);
+        window->FMapContainer->sldSetFMapSize->setValue(18);
         const auto change = [&](const QSize &pixels, int expectedSize) {
             desktop.Screen->pretend(SysInfo::Screen{pixels, {}, 96});
             QCOMPARE(mapSize(*window), QString::number(expectedSize));
@@ -394,9 +458,9 @@ private slots:
             QCOMPARE(sizing(*window), QList<bool>(4, expectedSize > 1));
         };
         change({1600, 1200}, 18);
-        QVERIFY(window->FMLarger->isEnabled());
+        QVERIFY(window->FMapContainer->FMLarger->isEnabled());
         change({1024, 768}, 9); // a map that no longer fits shrinks to what does
-        QVERIFY(!window->FMLarger->isEnabled());
+        QVERIFY(!window->FMapContainer->FMLarger->isEnabled());
         change({800, 768}, 1);
         QVERIFY(desktop.Dialogs.allCame());
     }
@@ -406,7 +470,7 @@ private slots:
         Desktop desktop({1280, 1024}, 96, Complete);
         Zendova *window = desktop.startAsItIs();
         QTest::keyClicks(window->TextBoard, "abc");
-        window->sldSetFMapSize->setValue(3);
+        window->FMapContainer->sldSetFMapSize->setValue(3);
         const QByteArray before = desktop.settingsBytes();
         desktop.Dialogs.message(ExitTitle, ExitQuestion, "No");
         desktop.Dialogs.message("Zendova" + ScreenTitle, ScreenText, "Ok");

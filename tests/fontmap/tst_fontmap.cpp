@@ -34,16 +34,16 @@ QString sizingOf(const Zendova *window)
 {
     QStringList on;
     const auto look = [&](const char *command, const char *key, const QAction *item) {
-        const bool button = window->tlbCFMapFmt->button(key)->isEnabled();
+        const bool button = window->FMapContainer->tlbCFMapFmt->button(key)->isEnabled();
         if (button != item->isEnabled())
             on += QString("half ") + command;
         else if (button)
             on += command;
     };
-    look("larger", "FMap+", window->FMLarger);
-    look("smaller", "FMap-", window->FMSmaller);
-    look("realign", "RAFMap", window->FMRealign);
-    if (window->sldSetFMapSize->slider()->isEnabled())
+    look("larger", "FMap+", window->FMapContainer->FMLarger);
+    look("smaller", "FMap-", window->FMapContainer->FMSmaller);
+    look("realign", "RAFMap", window->FMapContainer->FMRealign);
+    if (window->FMapContainer->sldSetFMapSize->slider()->isEnabled())
         on += "slider";
     if (window->SplitBar->isVisible())
         on += "split";
@@ -88,12 +88,12 @@ void TestFontMap::gridAtEverySize()
 {
     Desktop desktop(Wide1024);
     Zendova *window = desktop.start();
-    const CharCells *cells = window->CharButton;
+    const CharCells *cells = window->FMapContainer->CharButton;
     for (const int size : {1, 9, 3, 4, 1}) {
-        window->sldSetFMapSize->setValue(size);
+        window->FMapContainer->sldSetFMapSize->setValue(size);
         const int steps = size - 1;
-        QCOMPARE(window->SizeIndex, size);
-        QCOMPARE(window->sldSetFMapSize->number()->text(), QString::number(size));
+        QCOMPARE(window->FMapContainer->SizeIndex, size);
+        QCOMPARE(window->FMapContainer->sldSetFMapSize->number()->text(), QString::number(size));
         const double pitch = 405 + 15 * steps;
         for (int cell = 0; cell < CellCount; ++cell) {
             // Neighbours share one line of pixels.
@@ -130,18 +130,18 @@ void TestFontMap::numberBoxes()
     };
     Desktop desktop(Wide1024);
     Zendova *window = desktop.start();
-    NumberSlider *map = window->sldSetFMapSize;
-    NumberSlider *zoom = window->ZoomSizeSlider;
+    NumberSlider *map = window->FMapContainer->sldSetFMapSize;
+    NumberSlider *zoom = window->ViewsContainer->ZoomSizeSlider;
     for (const Row &row : rows) {
         map->setValue(4);
         QVERIFY2(fillNumberBox(map, row.Typed, row.Key), row.Typed);
         QCOMPARE(map->number()->text(), QString::number(row.MapSize));
-        QCOMPARE(window->CharButton->pixels(0).width(), 27 + row.MapSize);
+        QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 27 + row.MapSize);
         QVERIFY(window->TextBoard->hasFocus());
         zoom->setValue(40);
         QVERIFY2(fillNumberBox(zoom, row.Typed, row.Key), row.Typed);
         QCOMPARE(zoom->number()->text(), QString::number(row.ZoomSize));
-        QCOMPARE(window->TextZoom->cellFont().pointSize(), row.ZoomSize);
+        QCOMPARE(window->ViewsContainer->TextZoom->cellFont().pointSize(), row.ZoomSize);
         QVERIFY(window->TextBoard->hasFocus());
     }
 }
@@ -150,20 +150,20 @@ void TestFontMap::thumbs()
 {
     Desktop desktop(Wide1024);
     Zendova *window = desktop.start();
-    window->sldSetFMapSize->setValue(4);
-    QSlider *map = window->sldSetFMapSize->slider();
+    window->FMapContainer->sldSetFMapSize->setValue(4);
+    QSlider *map = window->FMapContainer->sldSetFMapSize->slider();
     map->setSliderDown(true);
     map->setSliderPosition(8); // only the number follows, until the thumb is let go
-    QCOMPARE(window->sldSetFMapSize->number()->text(), QString("8"));
-    QCOMPARE(window->CharButton->pixels(0).width(), 31);
+    QCOMPARE(window->FMapContainer->sldSetFMapSize->number()->text(), QString("8"));
+    QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 31);
     map->setSliderDown(false);
-    QCOMPARE(window->CharButton->pixels(0).width(), 35);
+    QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 35);
     QVERIFY(window->TextBoard->hasFocus());
-    QSlider *zoom = window->ZoomSizeSlider->slider();
+    QSlider *zoom = window->ViewsContainer->ZoomSizeSlider->slider();
     zoom->setFocus();
     zoom->setSliderDown(true);
     zoom->setSliderPosition(30); // the zoom follows at once
-    QCOMPARE(window->TextZoom->cellFont().pointSize(), 30);
+    QCOMPARE(window->ViewsContainer->TextZoom->cellFont().pointSize(), 30);
     QVERIFY(window->TextBoard->hasFocus());
 }
 
@@ -178,20 +178,20 @@ void TestFontMap::sizeCommands()
         {9, "smaller slider split"},
     };
     for (const auto &[size, aligned] : rows) {
-        window->sldSetFMapSize->setValue(size);
+        window->FMapContainer->sldSetFMapSize->setValue(size);
         QCOMPARE(sizingOf(window), aligned);
         pullSplitBar(window, 100);
         QCOMPARE(window->FMapContainer->y(), top + 100);
         QCOMPARE(sizingOf(window), QString("realign split"));
-        QVERIFY(!fillNumberBox(window->sldSetFMapSize, "5"));
-        QTest::mouseClick(window->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
+        QVERIFY(!fillNumberBox(window->FMapContainer->sldSetFMapSize, "5"));
+        QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
         QCOMPARE(window->FMapContainer->y(), top);
         QCOMPARE(sizingOf(window), aligned);
     }
     chooseFromMenu(window, "FormatFM", "FMSmaller");
-    QCOMPARE(window->SizeIndex, 8);
-    QTest::mouseClick(window->tlbCFMapFmt->button("FMap+"), Qt::LeftButton);
-    QCOMPARE(window->SizeIndex, 9);
+    QCOMPARE(window->FMapContainer->SizeIndex, 8);
+    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMap+"), Qt::LeftButton);
+    QCOMPARE(window->FMapContainer->SizeIndex, 9);
 }
 
 void TestFontMap::clickInsertsTheCharacter()
@@ -210,9 +210,9 @@ void TestFontMap::clickInsertsTheCharacter()
     window->TextBoard->selectAll();
     clickCell(window, cellOf(' '));
     // A click in quick succession is one more character, not a double click.
-    const QPoint x = window->CharButton->pixels(cellOf('x')).center();
-    QTest::mouseClick(window->CharButton, Qt::LeftButton, {}, x);
-    QTest::mouseDClick(window->CharButton, Qt::LeftButton, {}, x);
+    const QPoint x = window->FMapContainer->CharButton->pixels(cellOf('x')).center();
+    QTest::mouseClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, x);
+    QTest::mouseDClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, x);
     QCOMPARE(window->TextBoard->Text(), QString(" xx"));
 
     clickCell(window, cellOf('A'), Qt::MiddleButton);
@@ -238,9 +238,10 @@ void TestFontMap::hoverFeedsTheViews()
     for (const QStringList &row : rows) {
         hover(window, cellOf(row[1].toInt()));
         leaveTheMap(window); // and the last cell is still told of
-        const QStringList shown{window->TextZoom->Caption(0), window->AscCode->text(),
-                                window->HexCode->text(),      window->OctCode->text(),
-                                window->BinCode->text(),      window->KS->text()};
+        const QStringList shown{
+            window->ViewsContainer->TextZoom->Caption(0), window->ViewsContainer->AscCode->text(),
+            window->ViewsContainer->HexCode->text(),      window->ViewsContainer->OctCode->text(),
+            window->ViewsContainer->BinCode->text(),      window->ViewsContainer->KS->text()};
         QCOMPARE(shown, row);
     }
 }
@@ -250,12 +251,14 @@ void TestFontMap::viewsSwitch()
     Desktop desktop;
     Zendova *window = desktop.start();
     const auto shown = [window] {
-        return QStringList{window->ZoomSizeSlider->number()->text(), window->BinCode->text(),
-                           window->KS->text(), window->TextZoom->Caption(0)};
+        return QStringList{window->ViewsContainer->ZoomSizeSlider->number()->text(),
+                           window->ViewsContainer->BinCode->text(),
+                           window->ViewsContainer->KS->text(),
+                           window->ViewsContainer->TextZoom->Caption(0)};
     };
     const auto allMarked = [window] {
         lookAtMenu(window, "ItemView");
-        return window->ViewAll->isChecked();
+        return window->ViewsContainer->ViewAll->isChecked();
     };
     struct Row
     {
@@ -270,20 +273,20 @@ void TestFontMap::viewsSwitch()
         {"KS", "ViewKS", {"72", "1000001", "Off", "A"}, {"72", "1000001", "On", "A"}},
     };
     for (const auto &[button, command, off, on] : rows) {
-        QTest::mouseClick(window->ViewsTB->button(button), Qt::LeftButton);
+        QTest::mouseClick(window->ViewsContainer->ViewsTB->button(button), Qt::LeftButton);
         hover(window, cellOf('A'));
         QCOMPARE(shown(), off);
-        QTest::mouseClick(window->ZoomSizeSlider->number(), Qt::LeftButton);
-        QCOMPARE(window->ZoomSizeSlider->edit()->isVisible(), off[0] == "72");
+        QTest::mouseClick(window->ViewsContainer->ZoomSizeSlider->number(), Qt::LeftButton);
+        QCOMPARE(window->ViewsContainer->ZoomSizeSlider->edit()->isVisible(), off[0] == "72");
         QVERIFY(!allMarked());
         chooseFromMenu(window, "ItemView", command);
-        QVERIFY(window->ViewsTB->button(button)->isChecked());
+        QVERIFY(window->ViewsContainer->ViewsTB->button(button)->isChecked());
         QCOMPARE(shown(), on);
     }
     QVERIFY(allMarked());
-    window->ViewAll->trigger();
+    window->ViewsContainer->ViewAll->trigger();
     QCOMPARE(shown(), QStringList({"Off", "Off", "Off", ""}));
-    window->ViewAll->trigger();
+    window->ViewsContainer->ViewAll->trigger();
     QCOMPARE(shown(), QStringList({"72", "On", "On", ""}));
 }
 
@@ -291,20 +294,24 @@ void TestFontMap::viewsOfferTheirCommand()
 {
     Desktop desktop;
     Zendova *window = desktop.start();
-    const std::pair<const char *, QAction *> rows[] = {
-        {"TextZoom", window->ViewZoom}, {"ZoomSizeNumber", window->ViewZoom},
-        {"CVACover", window->ViewCode}, {"BinCode", window->ViewCode},
-        {"KVACover", window->ViewKS},   {"KS", window->ViewKS},
+    const Views &views = *window->ViewsContainer;
+    const std::pair<QWidget *, QAction *> rows[] = {
+        {views.TextZoom, views.ViewZoom},
+        {views.ZoomSizeSlider->number(), views.ViewZoom},
+        {views.findChild<QWidget *>("CVACover"), views.ViewCode},
+        {views.BinCode, views.ViewCode},
+        {views.findChild<QWidget *>("KVACover"), views.ViewKS},
+        {views.KS, views.ViewKS},
     };
     for (const auto &[control, command] : rows) {
-        const QPoint corner = window->Control(control)->mapTo(window, QPoint(2, 2));
+        const QPoint corner = control->mapTo(window, QPoint(2, 2));
         QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, corner);
         QWidget *menu = QApplication::activePopupWidget();
-        QVERIFY2(menu, control);
+        QVERIFY2(menu, qPrintable(control->objectName()));
         QCOMPARE(menu->actions(), QList<QAction *>{command});
         QTest::keyClick(menu, Qt::Key_Escape);
     }
-    const QPoint button = window->ViewsTB->mapTo(window, QPoint(10, 10));
+    const QPoint button = window->ViewsContainer->ViewsTB->mapTo(window, QPoint(10, 10));
     QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, button);
     QCOMPARE(QApplication::activePopupWidget(), nullptr);
 }
@@ -314,37 +321,38 @@ void TestFontMap::highlightAndGrid()
     Desktop desktop;
     Zendova *window = desktop.start();
     const auto ground = [window](int cell) {
-        return pictureOf(window->CharButton, cell).pixelColor(2, 2);
+        return pictureOf(window->FMapContainer->CharButton, cell).pixelColor(2, 2);
     };
     const QColor plain = ground(0);
-    const QColor text = ToColor(window->TextZoom->ForeColor(0), window->palette());
+    const QColor text = ToColor(window->ViewsContainer->TextZoom->ForeColor(0), window->palette());
     const int one = cellOf('A');
     const int other = cellOf('a');
     hover(window, one);
     QCOMPARE(ground(one), plain);
-    QTest::mouseClick(window->tlbCFMapFmt->button("FMapH"), Qt::LeftButton);
-    QVERIFY(window->FMHiLite->isChecked());
+    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMapH"), Qt::LeftButton);
+    QVERIFY(window->FMapContainer->FMHiLite->isChecked());
     QCOMPARE(ground(one), plain); // until the mouse moves
     hover(window, other);
     QCOMPARE(ground(other), text);
-    QCOMPARE(window->CharButton->ForeColor(other), window->TextZoom->BackColor(0));
+    QCOMPARE(window->FMapContainer->CharButton->ForeColor(other),
+             window->ViewsContainer->TextZoom->BackColor(0));
     hover(window, one);
     QCOMPARE(ground(other), plain);
     leaveTheMap(window);
     QCOMPARE(ground(one), text);
-    window->FMHiLite->trigger();
-    QVERIFY(!window->tlbCFMapFmt->button("FMapH")->isChecked());
+    window->FMapContainer->FMHiLite->trigger();
+    QVERIFY(!window->FMapContainer->tlbCFMapFmt->button("FMapH")->isChecked());
     QCOMPARE(ground(one), plain);
 
     const auto lined = [&](int cell) {
-        return pictureOf(window->CharButton, cell).pixelColor(0, 0) != ground(cell);
+        return pictureOf(window->FMapContainer->CharButton, cell).pixelColor(0, 0) != ground(cell);
     };
     QVERIFY(lined(0) && lined(CellCount - 1));
-    QTest::mouseClick(window->tlbCFMapFmt->button("FMapG"), Qt::LeftButton);
-    QVERIFY(!lined(0) && !lined(CellCount - 1) && !window->FMBorders->isChecked());
-    window->FMBorders->trigger();
+    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMapG"), Qt::LeftButton);
+    QVERIFY(!lined(0) && !lined(CellCount - 1) && !window->FMapContainer->FMBorders->isChecked());
+    window->FMapContainer->FMBorders->trigger();
     QVERIFY(lined(0) && lined(CellCount - 1));
-    QVERIFY(window->tlbCFMapFmt->button("FMapG")->isChecked());
+    QVERIFY(window->FMapContainer->tlbCFMapFmt->button("FMapG")->isChecked());
 }
 
 void TestFontMap::showsTheFontsOwnGlyphs()
@@ -361,8 +369,9 @@ void TestFontMap::showsTheFontsOwnGlyphs()
     Zendova *window = desktop.start();
     makeGlyphsReadable(window);
     // Of the text font, whose measures all test fonts share.
-    const QPoint origin = originOfFullRow(pictureOf(window->CharButton, cellOf(FullRowCode)));
-    const QPoint middle = window->CharButton->pixels(0).center();
+    const QPoint origin =
+        originOfFullRow(pictureOf(window->FMapContainer->CharButton, cellOf(FullRowCode)));
+    const QPoint middle = window->FMapContainer->CharButton->pixels(0).center();
     QVERIFY(qAbs(origin.x() + 16 - middle.x()) <= 1); // an em is 32 pixels
     for (const auto &[font, number, empty, missing] : rows) {
         QVERIFY(chooseFont(window, font));
@@ -372,7 +381,8 @@ void TestFontMap::showsTheFontsOwnGlyphs()
                 expected = {.font = number, .missing = true};
             else if (empty.contains(CharacterOf(code)))
                 expected = {};
-            QCOMPARE(readGlyph(pictureOf(window->CharButton, cellOf(code)), origin), expected);
+            QCOMPARE(readGlyph(pictureOf(window->FMapContainer->CharButton, cellOf(code)), origin),
+                     expected);
         }
     }
 }

@@ -123,7 +123,7 @@ void TestFontPicking::loadsTheFonts()
     QCOMPARE(int(SysFontCount), 3);
     QCOMPARE(int(TTFontCount), count - 3);
     QCOMPARE(combo->Text(), QString("Zt Test 24"));
-    QCOMPARE(window->TBFontIndex, combo->SelectedItem());
+    QCOMPARE(window->Format.TBFontIndex, combo->SelectedItem());
     QCOMPARE(window->TextBoard->FontName(), QString("Zt Test 24"));
 }
 
@@ -143,12 +143,12 @@ void TestFontPicking::storedFontIsMissing()
     QVERIFY(desktop.Dialogs.allCame());
     QCOMPARE(window->FontNameCombo->SelectedItem(), 1);
     QCOMPARE(window->TextBoard->FontName(), window->FontNameCombo->ItemText(1));
-    QCOMPARE(window->TBFontName, stored);
+    QCOMPARE(window->Format.TBFontName, stored);
     QCOMPARE(window->FindCurrentFontIndex(), 0);
     // The next choice makes the two agree again.
     QVERIFY(chooseFont(window, "Zt Latin"));
-    QCOMPARE(window->TBFontName, QString("Zt Latin"));
-    QCOMPARE(window->TBFontIndex, window->FontNameCombo->SelectedItem());
+    QCOMPARE(window->Format.TBFontName, QString("Zt Latin"));
+    QCOMPARE(window->Format.TBFontIndex, window->FontNameCombo->SelectedItem());
     QCOMPARE(window->FindCurrentFontIndex(), window->FontNameCombo->SelectedItem());
 }
 
@@ -165,10 +165,10 @@ void TestFontPicking::findsByTheExactName()
         QVERIFY(chooseFont(window, before));
         window->SelectFontByName(name);
         QCOMPARE(combo->Text(), wanted);
-        QCOMPARE(window->TBFontName, wanted);
+        QCOMPARE(window->Format.TBFontName, wanted);
         QVERIFY(chooseFont(window, before));
         QCOMPARE(window->FindFontItem(name), found);
-        QCOMPARE(combo->ItemText(window->TBFontIndex), wanted);
+        QCOMPARE(combo->ItemText(window->Format.TBFontIndex), wanted);
         QCOMPARE(combo->Text(), before); // finding selects nothing
     }
 }

@@ -2,11 +2,16 @@
 // alone, a screen that is not there, and somebody who answers the dialogs that come up.
 #pragma once
 
+#include "core/LockPanels.h"
 #include "core/Zendova.h"
+#include "fontmap/FontMap.h"
+#include "fontmap/Views.h"
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
 #include "tests/support/TestFonts.h"
+#include "textboard/FillBar.h"
+#include "textboard/FindBar.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -54,21 +54,23 @@ bool chooseFont(Zendova *window, const QString &name)
 void makeGlyphsReadable(Zendova *window)
 {
     window->FontSizeSlider->setValue(ReadableFontSize);
-    window->sldSetFMapSize->setValue(ReadableMapSize);
+    window->FMapContainer->sldSetFMapSize->setValue(ReadableMapSize);
 }
 
 void hover(Zendova *window, int cell)
 {
     // The toolkit tells of no move to the place where it last knew the mouse, in whatever window.
     QTest::mouseMove(window->windowHandle(), QPoint(1, 1));
-    const QPoint middle = window->CharButton->pixels(cell).center();
-    QTest::mouseMove(window->windowHandle(), window->CharButton->mapTo(window, middle));
+    const QPoint middle = window->FMapContainer->CharButton->pixels(cell).center();
+    QTest::mouseMove(window->windowHandle(),
+                     window->FMapContainer->CharButton->mapTo(window, middle));
     QCoreApplication::processEvents();
 }
 
 void clickCell(Zendova *window, int cell, Qt::MouseButton button)
 {
-    QTest::mouseClick(window->CharButton, button, {}, window->CharButton->pixels(cell).center());
+    QTest::mouseClick(window->FMapContainer->CharButton, button, {},
+                      window->FMapContainer->CharButton->pixels(cell).center());
 }
 
 void pullSplitBar(Zendova *window, int pixels)

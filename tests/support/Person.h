@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/Zendova.h"
+#include "fontmap/FontMap.h"
 #include "platform/controls/CharCells.h"
 #include "tests/support/TestFonts.h"
 

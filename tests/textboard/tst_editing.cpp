@@ -126,15 +126,16 @@ private slots:
                     clipboard()->setText("old");
                     if (inFindBar) {
                         QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+F"));
-                        QTest::keyClicks(window->FindString, "find");
-                        window->FindString->selectAll();
+                        QTest::keyClicks(window->FindFrame->FindString, "find");
+                        window->FindFrame->FindString->selectAll();
                     }
                     select(window, 2, 2);
                     give(window, way, row.Item);
                     QCOMPARE(window->TextBoard->Text(), QString(row.Board));
                     QCOMPARE(window->TextBoard->SelText(), QString(row.Selected));
                     QCOMPARE(clipboard()->text(), QString(row.Clipboard));
-                    QCOMPARE(window->FindString->selectedText(), QString(inFindBar ? "find" : ""));
+                    QCOMPARE(window->FindFrame->FindString->selectedText(),
+                             QString(inFindBar ? "find" : ""));
                     window->TextBoard->setText(""); // closes the bar
                 }
             }
@@ -254,13 +255,13 @@ private slots:
             pressPaste(window);
         }
         QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(window->FindString->text(), QString("abc"));
+        QCOMPARE(window->FindFrame->FindString->text(), QString("abc"));
         QCOMPARE(window->TextBoard->TextLength(), BoardLimit);
     }
 
     void pasteWithoutMemory()
     {
-        const LeaksAllowed inTheToolkit;
+        [[maybe_unused]] const LeaksAllowed inTheToolkit; // of use under the sanitizers only
         Desktop desktop;
         Zendova *window = desktop.start();
         const auto failure =
@@ -303,14 +304,15 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "ab");
-        window->LoadedFilePath = "/a/b.zuf";
+        window->TextFile.LoadedFilePath = "/a/b.zuf";
         desktop.Dialogs.message("Zendova Cut Successful", WasCut, "Ok", true);
         chooseFromMenu(window, "ItemTools", "ToolsCut");
         QVERIFY(!window->DisplayCD->isChecked());
         QCOMPARE(window->TextBoard->Text(), QString());
         QVERIFY(clipboard()->mimeData()->hasFormat("text/rtf"));
         QCOMPARE(clipboard()->text(), QString("ab"));
-        QCOMPARE(window->LoadedFilePath, QString("/a/b.zuf")); // it still belongs to its file
+        QCOMPARE(window->TextFile.LoadedFilePath,
+                 QString("/a/b.zuf")); // it still belongs to its file
         QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+Z"));
         QCOMPARE(window->TextBoard->Text(), QString("ab"));
         // The confirmation is silenced.
@@ -339,9 +341,9 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "ab");
-        window->TextChanged = changed;
+        window->TextFile.TextChanged = changed;
         window->DisplayOW->setChecked(warn);
-        window->LoadedFilePath = "/a/b.zuf";
+        window->TextFile.LoadedFilePath = "/a/b.zuf";
         window->setWindowTitle("Zendova :  b.zuf");
         QTest::keySequence(window->TextBoard, QKeySequence("Ctrl+F"));
         const bool unloaded = answer != "No";
@@ -357,11 +359,11 @@ private slots:
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(window->DisplayOW->isChecked(), warn && unloaded);
         QCOMPARE(window->TextBoard->Text(), QString(unloaded ? "" : "ab"));
-        QCOMPARE(window->LoadedFilePath, QString(unloaded ? "" : "/a/b.zuf"));
+        QCOMPARE(window->TextFile.LoadedFilePath, QString(unloaded ? "" : "/a/b.zuf"));
         QCOMPARE(window->windowTitle(),
                  QString(unloaded ? "Zendova Version 3.0.0 RC2" : "Zendova :  b.zuf"));
         QCOMPARE(window->FindFrame->isVisible(), !unloaded);
-        QCOMPARE(window->TextChanged, changed || unloaded);
+        QCOMPARE(window->TextFile.TextChanged, changed || unloaded);
     }
 
     void unloadWithoutTheDefaultFont()
@@ -376,9 +378,9 @@ private slots:
         clickOperation(window, "ClearButton");
         QVERIFY(desktop.Dialogs.allCame());
         const QString first = window->FontNameCombo->ItemText(1);
-        QCOMPARE(QStringList({window->TextBoard->FontName(), window->TBFontName}),
+        QCOMPARE(QStringList({window->TextBoard->FontName(), window->Format.TBFontName}),
                  QStringList({first, first}));
-        QCOMPARE(window->TBFontIndex, 1);
+        QCOMPARE(window->Format.TBFontIndex, 1);
     }
 
     void unloadRestoresDefaults()

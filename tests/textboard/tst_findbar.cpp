@@ -32,7 +32,7 @@ void press(const Zendova *window, const char *keys)
 void lookFor(Zendova *window, const QString &text)
 {
     press(window, "Ctrl+F");
-    window->FindString->setText(text);
+    window->FindFrame->FindString->setText(text);
 }
 
 void expectNotFound(Desktop &desktop, const QString &text, const char *where)
@@ -73,7 +73,7 @@ private slots:
             else if (way == "button")
                 QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
             else if (way == "Close")
-                QTest::mouseClick(window->CloseFindButton, Qt::LeftButton);
+                QTest::mouseClick(window->FindFrame->CloseFindButton, Qt::LeftButton);
             else if (way == "Esc on the board")
                 QTest::keyClick(window->TextBoard, Qt::Key_Escape);
             else
@@ -95,7 +95,7 @@ private slots:
         for (const auto &[opens, closes] : ways) {
             give(opens);
             checkOpen(window, board.bottom());
-            QVERIFY(window->FindString->hasFocus());
+            QVERIFY(window->FindFrame->FindString->hasFocus());
             QCOMPARE(isMarked(), QList({true, true}));
             give(closes);
             QVERIFY(!window->FindFrame->isVisible());
@@ -121,20 +121,20 @@ private slots:
         press(window, "Ctrl+F");
         // Open, it follows the split bar, the side of the views and the map's size.
         for (const char *side : {"VCRight", "VCLeft"}) {
-            QTest::mouseClick(window->ViewsTB->button(side), Qt::LeftButton);
+            QTest::mouseClick(window->ViewsContainer->ViewsTB->button(side), Qt::LeftButton);
             checkOpen(window, boardBottom());
             QCOMPARE(window->FindFrame->x(), window->TextBoard->x() + 2);
             QTest::mouseDClick(window->SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
             checkOpen(window, boardBottom());
         }
-        const int rest = window->TextBoard->width() - window->FindString->width();
+        const int rest = window->TextBoard->width() - window->FindFrame->FindString->width();
         for (const int size : {1, 12, 8}) {
-            window->sldSetFMapSize->setValue(size);
+            window->FMapContainer->sldSetFMapSize->setValue(size);
             const QWidget *bar = window->FindFrame;
             QCOMPARE(bar->geometry().bottom(), boardBottom());
             QCOMPARE(bar->width(), window->TextBoard->width() - 2);
-            QCOMPARE(window->TextBoard->width() - window->FindString->width(), rest);
-            QVERIFY(window->CloseFindButton->geometry().right() < bar->width());
+            QCOMPARE(window->TextBoard->width() - window->FindFrame->FindString->width(), rest);
+            QVERIFY(window->FindFrame->CloseFindButton->geometry().right() < bar->width());
         }
         press(window, "Ctrl+F"); // closed
         QCOMPARE(window->TextBoard->geometry().bottom(), boardBottom());
@@ -147,36 +147,37 @@ private slots:
         QTest::keyClicks(window->TextBoard, "cat dog");
         press(window, "Ctrl+Shift+Left");
         press(window, "Ctrl+F");
-        QCOMPARE(window->FindString->text(), QString("dog"));
-        QCOMPARE(window->FindString->selectedText(), QString("dog"));
+        QCOMPARE(window->FindFrame->FindString->text(), QString("dog"));
+        QCOMPARE(window->FindFrame->FindString->selectedText(), QString("dog"));
         const auto buttons = [window] {
-            return QList{window->FindNextButton->isEnabled(), window->ClearFindButton->isEnabled()};
+            return QList{window->FindFrame->FindNextButton->isEnabled(),
+                         window->FindFrame->ClearFindButton->isEnabled()};
         };
         QCOMPARE(buttons(), QList({true, true}));
-        window->CloseFindButton->setFocus();
-        QTest::mouseClick(window->ClearFindButton, Qt::LeftButton);
-        QCOMPARE(window->FindString->text(), QString());
-        QVERIFY(window->FindString->hasFocus());
+        window->FindFrame->CloseFindButton->setFocus();
+        QTest::mouseClick(window->FindFrame->ClearFindButton, Qt::LeftButton);
+        QCOMPARE(window->FindFrame->FindString->text(), QString());
+        QVERIFY(window->FindFrame->FindString->hasFocus());
         QCOMPARE(buttons(), QList({false, false}));
         press(window, "Return"); // presses a button that is off
         QVERIFY(!menuItem(window, "EditFindAgain")->isEnabled());
 
         // Another letter's base and a ligature; typing goes on behind what they became.
-        window->FindString->insert(u"\u0151\uFB01"_s);
-        QTest::keyClicks(window->FindString, "!");
-        QCOMPARE(window->FindString->text(), QString("ofi!"));
+        window->FindFrame->FindString->insert(u"\u0151\uFB01"_s);
+        QTest::keyClicks(window->FindFrame->FindString, "!");
+        QCOMPARE(window->FindFrame->FindString->text(), QString("ofi!"));
         press(window, "Backspace");
         press(window, "Home");
         press(window, "Del");
-        QCOMPARE(window->FindString->text(), QString("fi"));
+        QCOMPARE(window->FindFrame->FindString->text(), QString("fi"));
         // Keys with Ctrl that the toolkit has for editing are the window's here.
         for (const char *keys : {"Ctrl+K", "Ctrl+U", "Ctrl+W"})
             press(window, keys);
-        QCOMPARE(window->FindString->text(), QString("fi"));
+        QCOMPARE(window->FindFrame->FindString->text(), QString("fi"));
         QVERIFY(window->TextBoard->FontUnderline());
         for (const auto &[keys, text] : {std::pair("Ctrl+Z", "ofi"), {"Ctrl+Y", "fi"}}) {
             press(window, keys);
-            QCOMPARE(window->FindString->text(), QString(text));
+            QCOMPARE(window->FindFrame->FindString->text(), QString(text));
         }
         QCOMPARE(window->TextBoard->Text(), QString("cat dog"));
     }
@@ -212,12 +213,12 @@ private slots:
         for (const auto &row : rows) {
             window->TextBoard->setText(row.Text);
             lookFor(window, row.Word);
-            window->FindOpt[0]->setChecked(row.WholeWord);
-            window->FindOpt[1]->setChecked(row.MatchCase);
+            window->FindFrame->FindOpt[0]->setChecked(row.WholeWord);
+            window->FindFrame->FindOpt[1]->setChecked(row.MatchCase);
             select(window, row.Start, row.Length);
             if (row.Failure)
                 expectNotFound(desktop, row.Word.trimmed(), row.Failure);
-            QTest::mouseClick(window->FindNextButton, Qt::LeftButton);
+            QTest::mouseClick(window->FindFrame->FindNextButton, Qt::LeftButton);
             QVERIFY(desktop.Dialogs.allCame());
             QCOMPARE(window->TextBoard->SelStart(), row.Failure ? row.Start : row.Hit);
             QCOMPARE(window->TextBoard->SelLength(), row.Failure ? row.Length : row.Word.size());
@@ -234,15 +235,15 @@ private slots:
         lookFor(window, "cat");
         select(window, 0, 8); // two lines
         // By Enter alone, first on an option, then on the button.
-        window->FindOpt[1]->setFocus();
+        window->FindFrame->FindOpt[1]->setFocus();
         for (const int hit : {2, 9, 22}) {
             QTest::keyClick(window->focusWidget(), Qt::Key_Return);
             QCOMPARE(window->TextBoard->SelStart(), hit);
             QCOMPARE(window->TextBoard->SelText(), QString("cat"));
-            QVERIFY(window->FindNextButton->hasFocus());
+            QVERIFY(window->FindFrame->FindNextButton->hasFocus());
         }
         // Again: the last search's word counts, with the bar closed too.
-        window->FindString->setText("dog");
+        window->FindFrame->FindString->setText("dog");
         window->TextBoard->setSelStart(3);
         press(window, "F3");
         QCOMPARE(window->TextBoard->SelStart(), 9);
@@ -281,12 +282,12 @@ private slots:
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "ab");
         press(window, "Ctrl+F");
-        QTest::keyClicks(window->FindString, "xy");
+        QTest::keyClicks(window->FindFrame->FindString, "xy");
         press(window, "Shift+Left");
         clickCell(window, cellOf(0x80));
-        QVERIFY(window->FindString->hasFocus());
-        QTest::keyClicks(window->FindString, "z");
-        QCOMPARE(window->FindString->text(), u"x\u20ACz"_s);
+        QVERIFY(window->FindFrame->FindString->hasFocus());
+        QTest::keyClicks(window->FindFrame->FindString, "z");
+        QCOMPARE(window->FindFrame->FindString->text(), u"x\u20ACz"_s);
         // The search takes the focus away, even while its message is in front of the window.
         expectNotFound(desktop, u"x\u20ACz"_s, NotInBoard);
         press(window, "Return");
@@ -295,11 +296,11 @@ private slots:
         QCOMPARE(window->TextBoard->Text(), QString("abc"));
         QApplication::setActiveWindow(window); // as a window manager does once the message is gone
         // A menu in front does not.
-        window->FindString->setFocus();
+        window->FindFrame->FindString->setFocus();
         clickCell(window, cellOf('d'), Qt::RightButton);
         QApplication::activePopupWidget()->close();
         clickCell(window, cellOf('!'));
-        QCOMPARE(window->FindString->text(), u"x\u20ACz!"_s);
+        QCOMPARE(window->FindFrame->FindString->text(), u"x\u20ACz!"_s);
         press(window, "Esc");
         clickCell(window, cellOf('d'));
         QCOMPARE(window->TextBoard->Text(), QString("abcd"));
@@ -310,14 +311,15 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "a");
-        QWidget *zoom = window->ZoomSizeSlider->slider();
+        QWidget *zoom = window->ViewsContainer->ZoomSizeSlider->slider();
         QWidget *fontSize = window->FontSizeSlider->slider();
-        QWidget *mapSize = window->sldSetFMapSize->slider();
+        QWidget *mapSize = window->FMapContainer->sldSetFMapSize->slider();
         lookFor(window, "a");
         window->TextBoard->setFocus();
         for (QWidget *next : std::initializer_list<QWidget *>{
-                 zoom, window->FontNameCombo, fontSize, window->FindString, window->FindOpt[0],
-                 window->FindOpt[1], window->FindNextButton, window->CloseFindButton, mapSize}) {
+                 zoom, window->FontNameCombo, fontSize, window->FindFrame->FindString,
+                 window->FindFrame->FindOpt[0], window->FindFrame->FindOpt[1],
+                 window->FindFrame->FindNextButton, window->FindFrame->CloseFindButton, mapSize}) {
             press(window, "Tab");
             QCOMPARE(window->focusWidget(), next);
         }
@@ -331,8 +333,8 @@ private slots:
         QVERIFY(chooseFont(window, "Zt Four"));
         for (const auto &[size, shown] : {std::pair("20", 12.0), std::pair("10", 10.0)}) {
             QVERIFY(fillNumberBox(window->FontSizeSlider, size));
-            const QFont font = window->FindString->font();
-            QCOMPARE(font.family(), window->CharButton->cellFont().family());
+            const QFont font = window->FindFrame->FindString->font();
+            QCOMPARE(font.family(), window->FMapContainer->CharButton->cellFont().family());
             QCOMPARE(font.pointSizeF(), shown);
             QVERIFY(!font.bold());
         }

@@ -84,12 +84,14 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         makeGlyphsReadable(window);
-        window->ZoomSizeSlider->setValue(24);
+        window->ViewsContainer->ZoomSizeSlider->setValue(24);
         const QRect inner(4, 4, 126, 126); // of the zoom, within its frame
         const auto cell = [window](int code) {
-            return pictureOf(window->CharButton, cellOf(code));
+            return pictureOf(window->FMapContainer->CharButton, cellOf(code));
         };
-        const auto zoom = [&] { return pictureOf(window->TextZoom, 0).copy(inner); };
+        const auto zoom = [&] {
+            return pictureOf(window->ViewsContainer->TextZoom, 0).copy(inner);
+        };
         hover(window, cellOf(FullRowCode));
         const QPoint cellOrigin = originOfFullRow(cell(FullRowCode));
         const QPoint zoomOrigin = originOfFullRow(zoom());
@@ -116,7 +118,7 @@ private slots:
         Zendova *window = desktop.start();
         QVERIFY(chooseFont(window, "Zt Four"));
         hover(window, cellOf('K'));
-        const QImage plain = pictureOf(window->TextZoom, 0);
+        const QImage plain = pictureOf(window->ViewsContainer->TextZoom, 0);
         for (int style = Bold; style <= Strikeout; ++style) {
             QToolButton *button = window->FontFormatTB->button(StyleButtons[style]);
             bool on = false;
@@ -133,10 +135,10 @@ private slots:
                 QCOMPARE(isMarked(window, StyleCommands[style]), on);
                 std::array<int, 4> expected{};
                 expected.at(static_cast<std::size_t>(style)) = on ? 1 : 0;
-                QCOMPARE(window->TBStyle, expected);
+                QCOMPARE(window->Format.TBStyle, expected);
                 QCOMPARE(has(boardFont(window), style), on);
-                QVERIFY(!has(window->CharButton->cellFont(), style));
-                QCOMPARE(pictureOf(window->TextZoom, 0) == plain, !on);
+                QVERIFY(!has(window->FMapContainer->CharButton->cellFont(), style));
+                QCOMPARE(pictureOf(window->ViewsContainer->TextZoom, 0) == plain, !on);
             }
         }
     }
@@ -160,7 +162,7 @@ private slots:
             QVERIFY(chooseFont(window, "Zt Four"));
             if (wished)
                 QTest::mouseClick(button, Qt::LeftButton);
-            const auto wish = window->TBStyle;
+            const auto wish = window->Format.TBStyle;
 
             QVERIFY(chooseFont(window, QTest::currentDataTag()));
             QVERIFY(!button->isEnabled());
@@ -172,7 +174,7 @@ private slots:
             QTest::keyClick(window->TextBoard, StyleKeys[style], Qt::ControlModifier);
             QTest::mouseClick(button, Qt::LeftButton);
             QVERIFY(button->isChecked());
-            QCOMPARE(window->TBStyle, wish);
+            QCOMPARE(window->Format.TBStyle, wish);
 
             QVERIFY(chooseFont(window, "Zt Four"));
             QVERIFY(button->isEnabled());
@@ -219,11 +221,12 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         NumberSlider *sizes = window->FontSizeSlider;
-        const int zoomed = window->TextZoom->cellFont().pointSize();
+        const int zoomed = window->ViewsContainer->TextZoom->cellFont().pointSize();
         const auto isEverywhere = [window, sizes](int size) {
             return QList{sizes->value(), sizes->number()->text().toInt(),
                          boardFont(window).pointSize(),
-                         window->CharButton->cellFont().pointSize()} == QList<int>(4, size);
+                         window->FMapContainer->CharButton->cellFont().pointSize()} ==
+                   QList<int>(4, size);
         };
         QVERIFY(isEverywhere(18));
         const std::tuple<const char *, Qt::Key, int> rows[] = {
@@ -239,7 +242,7 @@ private slots:
         QVERIFY(isEverywhere(35));
         QVERIFY(chooseFont(window, "Zt Gaps")); // the size goes with the font
         QVERIFY(isEverywhere(35));
-        QCOMPARE(window->TextZoom->cellFont().pointSize(), zoomed);
+        QCOMPARE(window->ViewsContainer->TextZoom->cellFont().pointSize(), zoomed);
         QVERIFY(desktop.Dialogs.allCame());
     }
 
@@ -265,7 +268,7 @@ private slots:
         });
         QTest::mouseClick(window->FontFormatTB->button("Color"), Qt::LeftButton);
         QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(window->TBColorIndex, 0);
+        QCOMPARE(window->Format.TBColorIndex, 0);
     }
 
     void pickerChoice()
@@ -307,7 +310,7 @@ private slots:
             });
             giveFormatCommand(window, "FFontColor");
             QVERIFY(desktop.Dialogs.allCame());
-            QCOMPARE(window->TBColorName, row.Name);
+            QCOMPARE(window->Format.TBColorName, row.Name);
             QCOMPARE(window->TextBoard->ForeColor(), row.Color);
             QVERIFY(button->toolTip().endsWith("(Currently " + row.Name + ')'));
             label = row.Label;
@@ -322,7 +325,7 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         window->SetColorFromDialog(FromColor(another));
-        QCOMPARE(window->TBColorName, QString("Black"));
+        QCOMPARE(window->Format.TBColorName, QString("Black"));
         desktop.Dialogs.dialog(PickerTitle, [&](QDialog *dialog) {
             auto *picker = qobject_cast<TBColorPicker *>(dialog);
             QCOMPARE(picker->CurrentColorBlock->grab().toImage().pixelColor(6, 6), another);
@@ -333,10 +336,10 @@ private slots:
         desktop.Dialogs.dialog("Font", [](QDialog *dialog) {
             QTest::keyClick(theOnly<QLineEdit>(dialog), Qt::Key_Return);
         });
-        window->FormatFont->trigger();
+        menuItem(window, "FormatFont")->trigger();
         QVERIFY(desktop.Dialogs.allCame());
         QCOMPARE(window->TextBoard->ForeColor(), another);
-        QCOMPARE(window->TBFontName, QString("Arial"));
+        QCOMPARE(window->Format.TBFontName, QString("Arial"));
     }
 
     void fontDialog()
@@ -344,7 +347,7 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "ab");
-        window->TextChanged = false; // as after saving
+        window->TextFile.TextChanged = false; // as after saving
         for (const bool accepted : {false, true}) {
             desktop.Dialogs.dialog("Font", [&](QDialog *dialog) {
                 auto *name = theOnly<QLineEdit>(dialog);
@@ -363,21 +366,21 @@ private slots:
                 QTest::mouseClick(theOnly<QDialogButtonBox>(dialog)->button(button),
                                   Qt::LeftButton);
             });
-            window->FormatFont->trigger();
+            menuItem(window, "FormatFont")->trigger();
             QVERIFY(desktop.Dialogs.allCame());
             QCOMPARE(window->FontNameCombo->Text(), QString(accepted ? "Zt Four" : "Arial"));
             QCOMPARE(window->TextBoard->FontName(), window->FontNameCombo->Text());
             QCOMPARE(window->FontSizeSlider->value(), accepted ? 30 : 18);
-            QCOMPARE(window->CharButton->cellFont().pointSize(), accepted ? 30 : 18);
+            QCOMPARE(window->FMapContainer->CharButton->cellFont().pointSize(), accepted ? 30 : 18);
             const int on = accepted ? 1 : 0;
-            QCOMPARE(window->TBStyle, (std::array{on, 0, 0, on}));
+            QCOMPARE(window->Format.TBStyle, (std::array{on, 0, 0, on}));
             QCOMPARE(has(boardFont(window), Bold) && has(boardFont(window), Strikeout), accepted);
             QCOMPARE(window->TextBoard->ForeColor().red(), accepted ? 128 : 0);
-            QCOMPARE(window->TBColorName, QString(accepted ? "Grey" : "Black"));
+            QCOMPARE(window->Format.TBColorName, QString(accepted ? "Grey" : "Black"));
         }
         QCOMPARE(window->focusWidget(), static_cast<QWidget *>(window->TextBoard));
         QTest::mouseClick(window->TextAlignTB->button("CenterText"), Qt::LeftButton);
-        QVERIFY(!window->TextChanged); // formatting is no change of the text
+        QVERIFY(!window->TextFile.TextChanged); // formatting is no change of the text
         QCOMPARE(window->TextBoard->Text(), QString("ab"));
     }
 };

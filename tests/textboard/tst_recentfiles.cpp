@@ -185,7 +185,7 @@ void TestRecentFiles::loadsAreKept()
     Zendova *window = desktop.start();
     const auto load = [&](const QString &name, const QByteArray &text = "abc") {
         window->TextBoard->setText({});
-        window->LoadTextFile(window->PendingFilePath = textFile(desktop, name, text));
+        window->LoadTextFile(window->TextFile.PendingFilePath = textFile(desktop, name, text));
     };
     load("sub/a.txt");
     load("b.txt");
@@ -213,13 +213,13 @@ void TestRecentFiles::clickLoads()
     Zendova *window = startWith(desktop, {path, textFile(desktop, "two/a.txt", "second")});
     menuItem(window, "FileMRU2")->trigger();
     QCOMPARE(window->TextBoard->Text(), QString("second"));
-    QCOMPARE(window->LFLoadPath, desktop.Folder.filePath("two"));
+    QCOMPARE(window->Folders.LFLoadPath, desktop.Folder.filePath("two"));
     // The one that was first is second now; the guard asks before it is loaded.
     desktop.Dialogs.message("Zendova TextBoard Overwrite Warning", "You have text", "Yes");
     useDropDown(window, 2);
     QCOMPARE(window->TextBoard->Text(), QString("first"));
-    QCOMPARE(window->LoadedFilePath, path);
-    QCOMPARE(window->LoadedFileTitle, QString("a.txt"));
+    QCOMPARE(window->TextFile.LoadedFilePath, path);
+    QCOMPARE(window->TextFile.LoadedFileTitle, QString("a.txt"));
     // It is loaded already: that is said before the guard is asked.
     desktop.Dialogs.message(ErrorTitle,
                             "\r\r\r" + path + "\r\rText from this file is already loaded.", "Ok");
@@ -237,17 +237,17 @@ void TestRecentFiles::deadEntries()
     Desktop desktop;
     const QString folder = desktop.Folder.path() + '/';
     Zendova *window = startWith(desktop, {folder + "gone.txt", folder + "gone/a.txt"});
-    const QString before = window->LFLoadPath;
+    const QString before = window->Folders.LFLoadPath;
     const auto click = [&](int number, const QString &notice) {
         desktop.Dialogs.message(ErrorTitle, notice, "Ok");
         useDropDown(window, number);
         QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(window->LFLoadPath, before);
+        QCOMPARE(window->Folders.LFLoadPath, before);
         QCOMPARE(fileMenu(window, "FileTF").size(), 2 + 2);
     };
     // Without a loaded file its path, nothing, is that of the blank row.
     click(3, "\r\r\r\r\rText from this file is already loaded.");
-    window->LoadedFilePath = folder + "b.txt";
+    window->TextFile.LoadedFilePath = folder + "b.txt";
     window->TextBoard->setText("kept");
     click(3, "\r\r\r\rDrive  does not exist.");
     click(1, "\r\rFile 'gone.txt'\r\rdoes not exist in\r\r" + folder);

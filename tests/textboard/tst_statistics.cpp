@@ -55,29 +55,29 @@ private slots:
         QLocale::setDefault(QLocale("en_US"));
         Desktop desktop;
         Zendova *window = desktop.start();
-        QVERIFY(!window->TextChanged);
-        const QWidget *fill = window->ProgressFore;
+        QVERIFY(!window->TextFile.TextChanged);
+        const QWidget *fill = window->TBPContainer->ProgressFore;
         for (const auto &row : rows) {
             fillTo(window, row.Count);
-            QCOMPARE(window->NoOfChars->text(), QString(row.Shown));
-            QCOMPARE(window->PercFilled->text(), QString(row.Percentage));
+            QCOMPARE(window->TBPContainer->NoOfChars->text(), QString(row.Shown));
+            QCOMPARE(window->TBPContainer->PercFilled->text(), QString(row.Percentage));
             QCOMPARE(fill->isVisible() ? fill->width() : 0, row.Width);
             const QImage picture = window->TBPContainer->grab().toImage();
             if (row.Width > 0)
                 QCOMPARE(picture.pixelColor(fill->geometry().center()), row.Color);
         }
-        QCOMPARE(fill->pos(), window->ProgressBack->pos());
-        QVERIFY(window->TextChanged);
+        QCOMPARE(fill->pos(), window->TBPContainer->ProgressBack->pos());
+        QVERIFY(window->TextFile.TextChanged);
 
-        window->TextChanged = false; // as after saving
+        window->TextFile.TextChanged = false; // as after saving
         window->TextBoard->selectAll();
         QTest::keyClick(window->TextBoard, Qt::Key_Backspace);
-        QCOMPARE(window->NoOfChars->text(), QString("0"));
-        QCOMPARE(window->PercFilled->text(), QString("0%"));
+        QCOMPARE(window->TBPContainer->NoOfChars->text(), QString("0"));
+        QCOMPARE(window->TBPContainer->PercFilled->text(), QString("0%"));
         QVERIFY(!fill->isVisible());
-        QVERIFY(window->TextChanged);
+        QVERIFY(window->TextFile.TextChanged);
         QTest::keyClicks(window->TextBoard, "ab\rc");
-        QCOMPARE(window->NoOfChars->text(), QString("5"));
+        QCOMPARE(window->TBPContainer->NoOfChars->text(), QString("5"));
     }
 
     void countsInTheLanguageOfTheUser()
@@ -89,7 +89,7 @@ private slots:
              {std::pair("es_ES", "1.000"), std::pair("de_CH", "1\u2019000")}) {
             QLocale::setDefault(QLocale(locale));
             fillTo(window, 1000);
-            QCOMPARE(window->NoOfChars->text(), QString(shown));
+            QCOMPARE(window->TBPContainer->NoOfChars->text(), QString(shown));
         }
     }
 

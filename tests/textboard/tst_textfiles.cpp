@@ -148,8 +148,8 @@ struct Run
     /// What a load that failed after the clearing leaves behind.
     bool isEmptied() const
     {
-        return text().isEmpty() && Window->LoadedFilePath.isEmpty() &&
-               Window->LoadedFileTitle.isEmpty() &&
+        return text().isEmpty() && Window->TextFile.LoadedFilePath.isEmpty() &&
+               Window->TextFile.LoadedFileTitle.isEmpty() &&
                !Window->LoadSaveTB->button("Save")->isEnabled();
     }
 
@@ -225,15 +225,16 @@ void TestTextFiles::formatsSurvive()
     QCOMPARE(run.text(), text);
     QCOMPARE(board->FontName(), QString("Zt Four"));
     QCOMPARE(window->FontNameCombo->Text(), QString("Zt Four"));
-    QCOMPARE(window->TBFontName, QString("Zt Four"));
+    QCOMPARE(window->Format.TBFontName, QString("Zt Four"));
     QCOMPARE(board->FontSize(), 20.0);
     QCOMPARE(window->FontSizeSlider->number()->text(), QString("20"));
-    QCOMPARE(window->CharButton->cellFont().pointSize(), 20);
+    QCOMPARE(window->FMapContainer->CharButton->cellFont().pointSize(), 20);
     for (const char *style : styles)
         QVERIFY2(window->FontFormatTB->button(style)->isChecked(), style);
     QVERIFY(board->FontBold() && board->FontItalic());
     QVERIFY(board->FontUnderline() && board->FontStrikethru());
-    QVERIFY(window->TextZoom->cellFont().bold() && window->TextZoom->cellFont().underline());
+    QVERIFY(window->ViewsContainer->TextZoom->cellFont().bold() &&
+            window->ViewsContainer->TextZoom->cellFont().underline());
     QCOMPARE(board->Alignment(), 1);
     QVERIFY(window->TextAlignTB->button("AlignRight")->isChecked());
     QCOMPARE(board->ForeColor(), QColor(Qt::red));
@@ -304,16 +305,16 @@ void TestTextFiles::loads()
     }
     const char *partly = said.Title == TooLong.Title ? " (PARTIALLY LOADED!)" : "";
     QCOMPARE(run.title(), "Zendova :  " + name + partly);
-    QCOMPARE(run.Window->LoadedFilePath, run.path(name));
-    QVERIFY(!run.Window->TextChanged);
+    QCOMPARE(run.Window->TextFile.LoadedFilePath, run.path(name));
+    QVERIFY(!run.Window->TextFile.TextChanged);
     if (name == "a.txt" || said.Title == UnknownError.Title)
         return;
     QCOMPARE(run.board()->FontName(), QString("Zt Four"));
     QCOMPARE(run.board()->FontSize(), points);
     const bool isForeign = said.Title == ForeignColor.Title && said.Words == ForeignColor.Words;
     QCOMPARE(run.board()->ForeColor(), isForeign ? QColor(1, 2, 3) : QColor(0, 0, 128));
-    QCOMPARE(run.Window->TBColorName, QString(isForeign ? "Black" : "Navy"));
-    QCOMPARE(run.Window->CharButton->cellFont().pointSize(), std::nearbyint(points));
+    QCOMPARE(run.Window->Format.TBColorName, QString(isForeign ? "Black" : "Navy"));
+    QCOMPARE(run.Window->FMapContainer->CharButton->cellFont().pointSize(), std::nearbyint(points));
 }
 
 void TestTextFiles::missingFont()
@@ -331,13 +332,13 @@ void TestTextFiles::missingFont()
 
     // A save that fails leaves everything as it was, also what the file has lost.
     QTest::keyClicks(run.board(), "x");
-    const QString folder = run.Window->LFSavePath;
+    const QString folder = run.Window->Folders.LFSavePath;
     run.save("no folder/b.zuf", NotSaved);
     QCOMPARE(run.text(), QString("xabc"));
-    QVERIFY(run.Window->TextChanged);
-    QCOMPARE(run.Window->LoadedFilePath, run.path("a.zuf"));
+    QVERIFY(run.Window->TextFile.TextChanged);
+    QCOMPARE(run.Window->TextFile.LoadedFilePath, run.path("a.zuf"));
     QCOMPARE(run.title(), QString("Zendova :  a.zuf"));
-    QCOMPARE(run.Window->LFSavePath, folder);
+    QCOMPARE(run.Window->Folders.LFSavePath, folder);
     QVERIFY(!menuItem(run.Window, "FileMRU2")->isVisible());
 
     // Saving it under its own name would lose its settings, each time anew.
@@ -368,7 +369,7 @@ void TestTextFiles::guards()
     run.Desk.Dialogs.dialog(OpenTitle, [](QDialog *dialog) { dialog->reject(); });
     run.click("Load");
     QCOMPARE(run.text(), QString("loaded"));
-    QCOMPARE(run.Window->LoadedFileTitle, QString("a.txt"));
+    QCOMPARE(run.Window->TextFile.LoadedFileTitle, QString("a.txt"));
     QVERIFY(run.Window->DisplayOW->isChecked());
     run.expect(TextIsThere, "No", {}, true);
     run.click("Load");
@@ -429,7 +430,7 @@ void TestTextFiles::textDefaults()
         QCOMPARE(run.board()->FontBold(), !defaults);
         QCOMPARE(run.board()->Alignment(), defaults ? 0 : 2);
         QCOMPARE(run.board()->ForeColor(), QColor(defaults ? Qt::black : Qt::red));
-        QVERIFY(!window->TextChanged);
+        QVERIFY(!window->TextFile.TextChanged);
     }
 }
 
@@ -455,7 +456,7 @@ void TestTextFiles::endings()
         QCOMPARE(contentOf(run.path(name)).startsWith("{\\rtf1"), !row.IsPlain);
         QVERIFY(QDir(run.path("")).exists(name));
         QCOMPARE(run.title().replace("[*][*]", "[*]"), "Zendova :  " + name);
-        run.Window->LoadedFilePath.clear();
+        run.Window->TextFile.LoadedFilePath.clear();
         run.board()->setText({});
         run.load(name, row.Read[0] ? Said() : WrongType);
         QVERIFY(run.allCame());
@@ -470,15 +471,15 @@ void TestTextFiles::bookkeeping()
     run.Window->DisplayEW->setChecked(false);
     run.write("long.txt", QByteArray(BoardLimit + 500, 'x'));
     run.load("long.txt", TooLong, "Yes");
-    QCOMPARE(run.Window->LFLoadPath, run.Desk.Folder.filePath("files"));
+    QCOMPARE(run.Window->Folders.LFLoadPath, run.Desk.Folder.filePath("files"));
     QTest::keyClick(run.board(), Qt::Key_Delete);
-    QVERIFY(run.Window->TextChanged);
+    QVERIFY(run.Window->TextFile.TextChanged);
     QDir(run.path("")).mkdir("sub");
     run.save("sub/b.txt");
     QVERIFY(run.allCame());
-    QVERIFY(!run.Window->TextChanged);
+    QVERIFY(!run.Window->TextFile.TextChanged);
     QCOMPARE(contentOf(run.path("sub/b.txt")).size(), BoardLimit - 1);
-    QCOMPARE(run.Window->LoadedFilePath, run.path("sub/b.txt"));
+    QCOMPARE(run.Window->TextFile.LoadedFilePath, run.path("sub/b.txt"));
     QCOMPARE(run.title(), QString("Zendova :  b.txt"));
     // A save moves both folders.
     run.Desk.close();
@@ -491,16 +492,16 @@ void TestTextFiles::bookkeeping()
     const Zendova *window = run.Desk.start(run.path("../files/./with blank.zuf"));
     QCOMPARE(window->TextBoard->Text(), QString("abc"));
     QCOMPARE(window->windowTitle(), QString("Zendova :  with blank.zuf"));
-    QCOMPARE(window->LoadedFilePath, run.path("with blank.zuf"));
-    QCOMPARE(window->LFLoadPath, run.Desk.Folder.filePath("files"));
-    QVERIFY(!window->TextChanged);
+    QCOMPARE(window->TextFile.LoadedFilePath, run.path("with blank.zuf"));
+    QCOMPARE(window->Folders.LFLoadPath, run.Desk.Folder.filePath("files"));
+    QVERIFY(!window->TextFile.TextChanged);
 }
 
 void TestTextFiles::dialogs()
 {
     Run run;
-    run.Window->LFLoadPath = run.Desk.Folder.filePath("files");
-    run.Window->LFSavePath = run.Desk.Folder.path();
+    run.Window->Folders.LFLoadPath = run.Desk.Folder.filePath("files");
+    run.Window->Folders.LFSavePath = run.Desk.Folder.path();
     const auto look = [&](const char *title, const char *key, const QString &folder,
                           const char *name, const char *kind) {
         run.Desk.Dialogs.dialog(title, [=](QDialog *dialog) {
@@ -514,13 +515,13 @@ void TestTextFiles::dialogs()
         QVERIFY(run.allCame());
     };
     constexpr const char *Formatted = "Zendova Uniform Format Files (*.ZUF)";
-    look(OpenTitle, "Load", run.Window->LFLoadPath, "", Formatted);
+    look(OpenTitle, "Load", run.Window->Folders.LFLoadPath, "", Formatted);
     run.board()->setText("abc");
     look(SaveTitle, "Save", run.Desk.Folder.path(), "", Formatted);
     run.board()->setText({});
     run.write("A.TXT", "abc");
     run.load("A.TXT");
-    look(SaveTitle, "Save", run.Window->LFLoadPath, "A.TXT", "Text Files (*.TXT)");
+    look(SaveTitle, "Save", run.Window->Folders.LFLoadPath, "A.TXT", "Text Files (*.TXT)");
 
     run.write("b.txt", "there before");
     run.typeName(SaveTitle, "b.txt");

@@ -1,8 +1,6 @@
-// The panels of the status bar: which locks of the keyboard are on. A panel is dimmed while its
-// lock is off, and where the window system does not tell. Touches nothing beside these panels.
-#include "core/Zendova.h"
+// One label a lock.
+#include "core/LockPanels.h"
 
-#include "platform/KeyboardLocks.h"
 #include "platform/controls/Accessibility.h"
 
 #include <QHBoxLayout>
@@ -25,30 +23,29 @@ constexpr PanelRow Panels[] = {
 
 } // namespace
 
-void Zendova::CreateLockPanels()
+LockPanels::LockPanels(QWidget *parent) : QWidget(parent)
 {
-    Locks = std::make_unique<KeyboardLocks>();
-    setAccessibleRole(StatBar, QAccessible::StatusBar);
-    auto *row = new QHBoxLayout(StatBar);
+    setAccessibleRole(this, QAccessible::StatusBar);
+    auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
     for (const PanelRow &panel : Panels) {
-        auto *label = new QLabel(panel.Text, StatBar);
+        auto *label = new QLabel(panel.Text, this);
         label->setObjectName(panel.Text);
         label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         label->setAlignment(Qt::AlignCenter);
         label->setAccessibleName(panel.Spoken);
         row->addWidget(label);
     }
-    ShowLocks();
-    connect(Locks.get(), &KeyboardLocks::Changed, this, &Zendova::ShowLocks);
+    showLocks();
+    connect(&Locks, &KeyboardLocks::Changed, this, &LockPanels::showLocks);
 }
 
-void Zendova::ShowLocks()
+void LockPanels::showLocks()
 {
-    const std::optional<LockState> &state = Locks->state();
+    const std::optional<LockState> &state = Locks.state();
     for (const PanelRow &panel : Panels) {
-        auto *label = StatBar->findChild<QLabel *>(panel.Text);
+        auto *label = findChild<QLabel *>(panel.Text);
         const bool on = state && (*state).*panel.Lock;
         label->setEnabled(on);
         label->setAccessibleDescription(!state ? "unknown" : on ? "on" : "off");

@@ -1,0 +1,26 @@
+// Size and fonts of the dialogs.
+#include "platform/controls/FormDialog.h"
+
+#include "platform/FontCatalog.h"
+#include "platform/SysInfo.h"
+
+FormDialog::FormDialog(const char *name, std::span<const ControlRow> rows, double width,
+                       double height, QWidget *parent)
+    : QDialog(parent), Form(rows, name, this, SysInfo::current().scale())
+{
+    setObjectName(name);
+    setFont(TwipForm::font());
+    setFixedSize(Form.scale().across(width), Form.scale().down(height));
+}
+
+QFont FormDialog::messageFont()
+{
+    constexpr auto name = "Verdana";
+    QFont font = TwipForm::font();
+    if (!FontCatalog::current().contains(name))
+        return font;
+    QFont verdana = FontCatalog::current().font(name);
+    verdana.setPointSizeF(font.pointSizeF());
+    verdana.setStyleStrategy(QFont::PreferDefault); // texts show in any script
+    return verdana;
+}
