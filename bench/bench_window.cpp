@@ -71,7 +71,7 @@ void hover(benchmark::State &state, bool highlight)
     window->FMapContainer->FMHiLite->setChecked(highlight);
     int cell = 0;
     for ([[maybe_unused]] auto unused : state) {
-        window->CharButton_MouseMove(cell = (cell + 1) % CellCount);
+        window->FMapContainer->CharButton_MouseMove(cell = (cell + 1) % CellCount);
         paint();
     }
     window->FMapContainer->FMHiLite->setChecked(false);
@@ -147,7 +147,7 @@ void search(benchmark::State &state)
     }
     if (window->TextBoard->SelText() != needle)
         state.SkipWithError("not found");
-    window->CloseFindButton_Click();
+    window->FindFrame->CloseFindButton_Click();
 }
 
 /// The whole board to the clipboard in both formats.

@@ -15,7 +15,8 @@ inline constexpr const char *VersionSuffix = " Version 3.0.0 RC2";
 /// Set by any failed read of a setting; cleared and looked at by LoadSettings alone.
 inline bool RegistryError = false;
 
-/// The logged-on user; set during a repair only.
+/// The logged-on user; set during a repair only. Nothing is made of it here, where the documents
+/// folder is asked for itself and need not be put together from the name.
 inline QString WinUserName;
 
 /// State of DisplayTT: tooltips of the switchable controls are shown.
@@ -38,7 +39,8 @@ inline QString PickColorValue;
 inline int PickPaletteRef = 0;
 
 /// What is known of a font's design, under the names of the Win32 structure LOGFONT. Heights and
-/// widths are 0 (any size).
+/// widths are 0 (any size), as are the fields for which fontconfig has no counterpart: the record
+/// is whole, so that a list of fonts can show any of its columns.
 struct LogicalFont
 {
     qint32 lfHeight = 0;
@@ -58,7 +60,7 @@ struct LogicalFont
 };
 
 /// A font's measures, under the names of the Win32 structure NEWTEXTMETRIC. What only the font file
-/// could tell is 0.
+/// could tell is 0: no file is opened for the list. Kept beside LogicalFont for the same reason.
 struct TextMetric
 {
     qint32 tmHeight = 0;

@@ -173,10 +173,9 @@ void Zendova::MoveSplit(double target)
     Form.setHeight(TextBoard, Form.height(TextBoard) + delta);
     PlaceFindBar();
     Form.setTop(FMapContainer, Form.top(FMapContainer) + delta);
-    Form.setTop(LLVContainer, Form.top(LLVContainer) + delta);
-    Form.setTop(StatBar, Form.top(StatBar) + delta);
-    SetFormSize(OuterWidth, OuterHeight + delta);
+    // Before the window's size, whose handler brings the sizing commands in step with the bar.
     Form.setTop(SplitBar, Form.top(SplitBar) + delta);
+    SetFormSize(OuterWidth, OuterHeight + delta);
 }
 
 void Zendova::SplitBar_MouseUp()

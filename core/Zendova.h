@@ -3,6 +3,7 @@
 // Each topic has a file of its own, listed here in the order in which a run meets them.
 #pragma once
 
+#include "core/WindowState.h"
 #include "fonttools/FontLoadProcedure.h"
 #include "platform/controls/ControlTable.h"
 #include "textboard/RecentFiles.h"
@@ -30,40 +31,6 @@ struct ChosenFile;
 /// Thrown by EndProgram: the process ends at once, without any further event of the window.
 struct ProgramEnd
 {
-};
-
-/// The last folders of the file dialogs.
-struct LastFolders
-{
-    QString LFLoadPath, LFSavePath, LMLoadPath, LMSavePath;
-};
-
-/// How the board's text looks, as a whole.
-struct BoardFormat
-{
-    QString TBFontName;
-    int TBFontIndex = 0;          ///< position in FontNameCombo
-    std::array<int, 4> TBStyle{}; ///< the wish for bold, italic, underline, strikeout
-    int TBColorIndex = 0;
-    QString TBColorName;
-};
-
-/// Which file the board's text is from, and which one is being loaded.
-struct TextFileState
-{
-    bool TextChanged = false;
-    QString LoadedFilePath, LoadedFileTitle;
-    QString PendingFilePath, PendingFileTitle;
-    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
-};
-
-/// Which custom map is loaded, being loaded, and to be loaded at the start.
-struct CustomMapState
-{
-    QString LoadedMapPath, LoadedMapName;
-    QString PendingMapPath, PendingMapName;
-    bool InitMap = false;
-    QString InitMapPath;
 };
 
 class Zendova : public QMainWindow
@@ -257,6 +224,8 @@ public:
     int FindCurrentFontIndex() const;
     /// True if there is an item with exactly this text; TBFontIndex is then its position.
     bool FindFontItem(const QString &FaceName);
+    /// Selects the font of the settings, or the first one where that isn't there.
+    void SelectStoredFont();
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     void FontNameCombo_KeyPress(int Key);

@@ -62,6 +62,13 @@ bool Zendova::FindFontItem(const QString &FaceName)
     return false;
 }
 
+void Zendova::SelectStoredFont()
+{
+    Format.TBFontIndex = std::max(FindCurrentFontIndex(), 1);
+    FontNameCombo->SelectItem(Format.TBFontIndex);
+    Format.TBFontName = FontNameCombo->Text();
+}
+
 void Zendova::SelectFontByName(const QString &FaceName)
 {
     for (int position = 1; position <= FontCount; ++position)

@@ -216,9 +216,6 @@ void Zendova::RestoreTextBoardDefaults()
 {
     ReadTextBoardDefaults();
     ApplyTextBoardSettings();
-    // Where the font of the settings isn't there, the first one stands in, as at the start.
-    Format.TBFontIndex = std::max(FindCurrentFontIndex(), 1);
-    FontNameCombo->SelectItem(Format.TBFontIndex);
-    Format.TBFontName = FontNameCombo->Text();
+    SelectStoredFont();
     ApplyFontToAll();
 }

@@ -1,0 +1,40 @@
+// What the topics of the main window remember: one struct a topic, under which its members are
+// found. Each is written by its topic and, at the start, by the settings.
+#pragma once
+
+#include <QString>
+#include <array>
+
+/// The last folders of the file dialogs.
+struct LastFolders
+{
+    QString LFLoadPath, LFSavePath, LMLoadPath, LMSavePath;
+};
+
+/// How the board's text looks, as a whole.
+struct BoardFormat
+{
+    QString TBFontName;
+    int TBFontIndex = 0;          ///< position in FontNameCombo
+    std::array<int, 4> TBStyle{}; ///< the wish for bold, italic, underline, strikeout
+    int TBColorIndex = 0;
+    QString TBColorName;
+};
+
+/// Which file the board's text is from, and which one is being loaded.
+struct TextFileState
+{
+    bool TextChanged = false;
+    QString LoadedFilePath, LoadedFileTitle;
+    QString PendingFilePath, PendingFileTitle;
+    bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+};
+
+/// Which custom map is loaded, being loaded, and to be loaded at the start.
+struct CustomMapState
+{
+    QString LoadedMapPath, LoadedMapName;
+    QString PendingMapPath, PendingMapName;
+    bool InitMap = false;
+    QString InitMapPath;
+};
