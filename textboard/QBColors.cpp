@@ -1,7 +1,5 @@
-// The table of the sixteen colours and the movement over its two rows.
+// The table of the sixteen colours and the ways to look in it.
 #include "textboard/QBColors.h"
-
-#include <Qt>
 
 const std::array<QBColorRow, QBColorCount> QBColors = {{
     {"Black", "Black", RGBValue(0, 0, 0)},
@@ -42,32 +40,4 @@ std::optional<int> FindQBColor(ColorValue value)
         if (QBColor(index) == value)
             return index;
     return std::nullopt;
-}
-
-int MoveColorCell(int cell, int key)
-{
-    constexpr int Columns = QBColorCount / 2;
-    const bool firstRow = cell <= Columns;
-    switch (key) {
-    case Qt::Key_End:
-        return QBColorCount;
-    case Qt::Key_Home:
-        return 1;
-    case Qt::Key_Left:
-        return cell == 1 ? QBColorCount : cell - 1;
-    case Qt::Key_Right:
-        return cell == QBColorCount ? 1 : cell + 1;
-    // Up and down run through the columns like one line: leaving a row at its end goes on in the
-    // neighbouring column.
-    case Qt::Key_Up:
-        if (cell == 1)
-            return QBColorCount;
-        return firstRow ? cell + Columns - 1 : cell - Columns;
-    case Qt::Key_Down:
-        if (cell == QBColorCount)
-            return 1;
-        return firstRow ? cell + Columns : cell - Columns + 1;
-    default:
-        return cell;
-    }
 }

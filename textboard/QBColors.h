@@ -1,5 +1,5 @@
-// The sixteen colours that the board can have: values, names, cell labels, and how the keyboard
-// moves among them. Values in, values out.
+// The sixteen colours that the board can have: values, names and cell labels. Values in, values
+// out.
 #pragma once
 
 #include "platform/ColorValue.h"
@@ -25,7 +25,3 @@ QString QBColorName(int index);
 ColorValue QBColor(int index);
 /// Index of the colour with exactly this value.
 std::optional<int> FindQBColor(ColorValue value);
-
-/// Where a key takes the mark from cell 1 to 16 of the two rows of eight: Home, End and the arrows
-/// (Qt::Key); any other key leaves it.
-int MoveColorCell(int cell, int key);

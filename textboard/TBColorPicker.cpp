@@ -5,6 +5,7 @@
 #include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
 #include "platform/controls/ColorBlocks.h"
+#include "platform/controls/MoveInGrid.h"
 #include "textboard/QBColors.h"
 
 #include <QFrame>
@@ -27,16 +28,16 @@ constexpr ControlRow Rows[] = {
     {"Button1", "TBColorPicker", {2430, 1995, 1290, 330}},
     {"Button2", "TBColorPicker", {3780, 1995, 1290, 330}},
 };
+constexpr int Columns = QBColorCount / 2;
 
 /// Places of the cells in ColorContainer, twips.
 std::vector<ColorBlocks::Block> cells()
 {
-    constexpr int columns = QBColorCount / 2;
     std::vector<ColorBlocks::Block> blocks;
     for (int index = 0; index < QBColorCount; ++index)
         blocks.push_back(
-            {.Place = {.Left = 270.0 + 585 * (index % columns),
-                       .Top = index < columns ? 255.0 : 840.0,
+            {.Place = {.Left = 270.0 + 585 * (index % Columns),
+                       .Top = index < Columns ? 255.0 : 840.0,
                        .Width = 390,
                        .Height = 390},
              .Color = QBColor(index),
@@ -67,7 +68,8 @@ TBColorPicker::TBColorPicker(QWidget *parent)
 
 void TBColorPicker::createControls()
 {
-    ColorContainer = new ColorBlocks(cells(), Form.scale(), MoveColorCell, this);
+    const auto move = [](int n, int key) { return MoveInGrid(n, key, QBColorCount, Columns); };
+    ColorContainer = new ColorBlocks(cells(), Form.scale(), move, this);
     Form.Adopt(ColorContainer, "ColorContainer");
     ColorContainer->setAccessibleName(windowTitle());
     ColorContainer->setMarkSize(600, 600);
