@@ -149,7 +149,6 @@ void Zendova::ConnectBoard()
 {
     const auto toBoard = [this] { TextBoard->setFocus(); };
     connect(FontNameCombo, &FontCombo::Click, this, &Zendova::FontNameCombo_Click);
-    connect(FontNameCombo, &FontCombo::CharacterKey, this, &Zendova::FontNameCombo_KeyPress);
     connect(FontSizeSlider, &NumberSlider::ValueChanged, this, &Zendova::FontSizeSlider_Change);
     connect(FontSizeSlider, &NumberSlider::Scrolled, this, [this](int value) {
         FontSizeSlider->showNumber(QString::number(value));

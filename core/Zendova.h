@@ -228,7 +228,6 @@ public:
     void SelectStoredFont();
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
-    void FontNameCombo_KeyPress(int Key);
     static bool IsSymbolFont(const QString &Name);
 
     class FontList FontList;

@@ -109,16 +109,3 @@ void countFont(qint16 &counter)
         throw std::overflow_error("More than 32,767 fonts are installed.");
     ++counter;
 }
-
-std::optional<int> FirstLetterMatch(int count, const std::function<QString(int)> &itemText, int key)
-{
-    if (!isJumpKey(key))
-        return std::nullopt;
-    const QChar wanted = QChar(static_cast<char16_t>(key)).toUpper();
-    for (int i = 0; i < count; ++i) {
-        const QString text = itemText(i);
-        if (!text.isEmpty() && text.front().toUpper() == wanted)
-            return i;
-    }
-    return std::nullopt;
-}

@@ -7,8 +7,6 @@
 
 #include <QString>
 #include <QStringView>
-#include <functional>
-#include <optional>
 #include <vector>
 
 /// A sorted list of entries: the face name directly followed by the font's type in decimal
@@ -62,16 +60,3 @@ int FontEnumProc(const LogicalFont &logicalFont, const TextMetric &textMetric, i
 
 /// Adds 1 to a font counter. Throws std::overflow_error past 32,767.
 void countFont(qint16 &counter);
-
-/// Whether a font picker looks for an item at this key (its character code): one plain range, in
-/// which the six characters between "Z" and "a" lie too. Any other key only selects again what is
-/// selected.
-constexpr bool isJumpKey(int key)
-{
-    return key >= 65 && key <= 122;
-}
-
-/// The first of `count` items whose text begins with the key's character, upper and lower case
-/// alike; counted from 0. Nothing if there is none or the key is no jump key.
-std::optional<int> FirstLetterMatch(int count, const std::function<QString(int)> &itemText,
-                                    int key);

@@ -4,6 +4,7 @@
 
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "fonttools/FillFontCombo.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
 
@@ -14,20 +15,15 @@ void Zendova::InitFonts()
     LoadFontList(FontList);
     CreditLine += 'W';
     bool found = false;
-    std::vector<FontCombo::Item> items;
-    items.reserve(static_cast<std::size_t>(FontCount));
     for (int i = 0; i < FontCount; ++i) {
         const QString &entry = FontList.entry(i);
-        const FontClass entryClass = fontClass(entry);
-        countFont(entryClass == FontClass::TrueType ? TTFontCount : SysFontCount);
-        const QString name = fontFaceName(entry);
-        items.push_back({.Text = name, .IconKey = fontIconKey(entryClass)});
-        if (!found && name == Format.TBFontName) {
+        countFont(fontClass(entry) == FontClass::TrueType ? TTFontCount : SysFontCount);
+        if (!found && fontFaceName(entry) == Format.TBFontName) {
             Format.TBFontIndex = i + 1;
             found = true;
         }
     }
-    FontNameCombo->setItems(std::move(items));
+    FillFontCombo(*FontNameCombo, FontList);
     if (found) {
         FontNameCombo->SelectItem(Format.TBFontIndex);
         return;
@@ -85,18 +81,6 @@ void Zendova::FontNameCombo_Click()
     ApplyFontToAll();
     Format.TBFontName = FontNameCombo->Text();
     Format.TBFontIndex = FontNameCombo->SelectedItem();
-}
-
-void Zendova::FontNameCombo_KeyPress(int Key)
-{
-    if (!isJumpKey(Key)) {
-        FontNameCombo->SelectItem(Format.TBFontIndex);
-        return;
-    }
-    const auto text = [this](int i) { return FontNameCombo->ItemText(i + 1); };
-    if (const std::optional<int> match = FirstLetterMatch(FontCount, text, Key))
-        FontNameCombo->SelectItem(*match + 1);
-    FontNameCombo_Click();
 }
 
 bool Zendova::IsSymbolFont(const QString &Name)

@@ -40,23 +40,23 @@ private:
     std::vector<FontCombo::Item> Items;
 };
 
+} // namespace
+
 /// The open list: a letter is the box's affair here too, not the list's own search.
-class FontListView : public QListView
+class FontCombo::ListView : public QListView
 {
 public:
-    explicit FontListView(FontCombo *combo) : QListView(combo), Combo(combo) {}
+    explicit ListView(FontCombo *combo) : QListView(combo), Combo(combo) {}
 
     void keyboardSearch(const QString &search) override
     {
         if (!search.isEmpty())
-            emit Combo->CharacterKey(search.at(0).unicode());
+            Combo->takeCharacter(search.at(0).unicode());
     }
 
 private:
     FontCombo *Combo;
 };
-
-} // namespace
 
 FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
 {
@@ -64,7 +64,7 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(10);
     setMaxVisibleItems(20);
-    auto *list = new FontListView(this);
+    auto *list = new ListView(this);
     list->setUniformItemSizes(true);
     list->setLayoutMode(QListView::Batched);
     setView(list);
@@ -92,8 +92,31 @@ void FontCombo::keyPressEvent(QKeyEvent *event)
     const QString text = event->text();
     const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     if (!command && !text.isEmpty() && text.at(0).isPrint()) {
-        emit CharacterKey(text.at(0).unicode());
+        takeCharacter(text.at(0).unicode());
         return;
     }
     QComboBox::keyPressEvent(event);
+}
+
+void FontCombo::setJumpKeys(int first, int last)
+{
+    FirstJumpKey = first;
+    LastJumpKey = last;
+}
+
+void FontCombo::takeCharacter(int key)
+{
+    if (key < FirstJumpKey || key > LastJumpKey) {
+        SelectItem(SelectedItem());
+        return;
+    }
+    const QChar wanted = QChar(static_cast<char16_t>(key)).toUpper();
+    for (int position = 1; position <= ItemCount(); ++position) {
+        const QString text = ItemText(position);
+        if (!text.isEmpty() && text.front().toUpper() == wanted) {
+            SelectItem(position);
+            break;
+        }
+    }
+    emit Click();
 }

@@ -31,12 +31,22 @@ public:
     /// The text that the box shows; empty while nothing is selected.
     QString Text() const { return currentText(); }
 
+    /// The keys that jump, by their code points; 65 to 122 at first, in which the six characters
+    /// between "Z" and "a" lie too. Any other key that stands for a character selects again what
+    /// is selected, so that the open list shows it.
+    void setJumpKeys(int first, int last);
+
 signals:
-    /// The user selected a row.
+    /// The user selected a row, or pressed a jump key, whether or not a row begins with it.
     void Click();
-    /// A key that stands for a character was pressed, with its code point.
-    void CharacterKey(int key);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    class ListView;
+    void takeCharacter(int key);
+
+    int FirstJumpKey = 65;
+    int LastJumpKey = 122;
 };

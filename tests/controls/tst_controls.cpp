@@ -3,9 +3,11 @@
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/ColorBlocks.h"
+#include "platform/controls/FontCombo.h"
 #include "platform/controls/MoveInGrid.h"
 #include "platform/controls/NumberSlider.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLocale>
 #include <QSignalSpy>
@@ -76,6 +78,7 @@ private slots:
     void bandsOfABar();
     void bandDrag();
     void blocks();
+    void fontsByTheirLetters();
     void gridLinesAreEven();
 };
 
@@ -230,6 +233,51 @@ void TestControls::blocks()
     QTest::mouseDClick(&blocks, Qt::LeftButton, {}, {15, 20});
     QCOMPARE(blocks.ChosenBlock(), 1);
     QCOMPARE(taken.count(), 1);
+}
+
+void TestControls::fontsByTheirLetters()
+{
+    std::vector<FontCombo::Item> items;
+    for (const char *text : {"@Vertical", "Arial", "Avant", "", "zapf", "[New]", "2nd", "{Odd}"})
+        items.push_back({text, "TT"});
+    const struct
+    {
+        char Key;
+        int Before;
+        int After;
+        int Clicks = 1;
+    } rows[] = {
+        {'a', 8, 2},    {'A', 3, 2},    {'Z', 2, 5},
+        {'[', 2, 6},    {'q', 3, 3}, // a jump to nowhere is one all the same
+        {'@', 3, 3, 0}, {'{', 3, 3, 0}, {'2', 8, 8, 0},
+    };
+    FontCombo combo;
+    combo.setItems(items);
+    combo.show();
+    const QSignalSpy clicks(&combo, &FontCombo::Click);
+    qsizetype clicked = 0;
+    for (const bool open : {false, true}) {
+        for (const auto &[key, before, after, more] : rows) {
+            combo.SelectItem(before);
+            if (open) {
+                combo.showPopup();
+                QTest::keyClick(combo.view(), Qt::Key_Home); // moves the highlight alone
+                QCOMPARE(combo.view()->currentIndex().row(), 0);
+                QCOMPARE(combo.SelectedItem(), before);
+            }
+            QTest::keyClick(open ? static_cast<QWidget *>(combo.view()) : &combo, key);
+            QVERIFY2(combo.SelectedItem() == after, qPrintable(QString(key)));
+            QCOMPARE(clicks.count(), clicked += more);
+            if (open && key != 'q') // the highlight goes along, or back
+                QCOMPARE(combo.view()->currentIndex().row(), after - 1);
+            combo.hidePopup();
+        }
+    }
+    combo.setJumpKeys('2', '2');
+    QTest::keyClick(&combo, 'a');
+    QCOMPARE(combo.SelectedItem(), 8);
+    QTest::keyClick(&combo, '2');
+    QCOMPARE(combo.SelectedItem(), 7);
 }
 
 void TestControls::gridLinesAreEven()

@@ -33,7 +33,6 @@ class TestFontPicking : public QObject
 private slots:
     void sortsByTheWholeEntry();
     void takesFontsUpToTheLimit();
-    void firstLetterMatch();
     void loadsTheFonts();
     void storedFontIsMissing();
     void findsByTheExactName();
@@ -80,19 +79,6 @@ void TestFontPicking::takesFontsUpToTheLimit()
     QCOMPARE(list.column(0), limit - 1);
     QVERIFY_EXCEPTION_THROWN(add(0), std::overflow_error);
     QCOMPARE(FontCount, qint16(limit));
-}
-
-void TestFontPicking::firstLetterMatch()
-{
-    const QStringList items{"@Vertical", "Arial", "Avant", "", "zapf", "[New]", "2nd", "{Odd}"};
-    const std::pair<char, int> rows[] = {
-        {'a', 1}, {'A', 1}, {'Z', 4}, {'q', -1}, {'[', 5}, {'@', -1}, {'{', -1}, {'2', -1},
-    };
-    for (const auto &[key, index] : rows) {
-        const auto found = FirstLetterMatch(
-            items.size(), [&](int i) { return items.at(i); }, key);
-        QVERIFY2(found.value_or(-1) == index, qPrintable(QString(key)));
-    }
 }
 
 void TestFontPicking::loadsTheFonts()

@@ -1,0 +1,16 @@
+// From the entries of the list to the rows of a font picker.
+#include "fonttools/FillFontCombo.h"
+
+#include "fonttools/FontLoadProcedure.h"
+#include "platform/controls/FontCombo.h"
+
+void FillFontCombo(FontCombo &combo, const FontList &list)
+{
+    std::vector<FontCombo::Item> items;
+    items.reserve(static_cast<std::size_t>(list.count()));
+    for (int i = 0; i < list.count(); ++i) {
+        const QString &entry = list.entry(i);
+        items.push_back({.Text = fontFaceName(entry), .IconKey = fontIconKey(fontClass(entry))});
+    }
+    combo.setItems(std::move(items));
+}
