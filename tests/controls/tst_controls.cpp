@@ -6,10 +6,12 @@
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/MoveInGrid.h"
 #include "platform/controls/NumberSlider.h"
+#include "platform/controls/SplitBar.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLocale>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -48,6 +50,36 @@ public:
     }
 };
 
+/// A bar of two pixels, at 50 in a parent of 100, which an owner moves where it is wanted.
+struct Split
+{
+    Split()
+    {
+        Parent.resize(100, 100);
+        Bar.setGeometry(0, 50, 100, 2);
+        Bar.setLimits([] { return SplitBar::Limits{.Top = 600, .Bottom = 1200}; });
+        QObject::connect(&Bar, &SplitBar::Dragged, &Parent,
+                         [this](double target) { Bar.move(0, Fifteen.down(target)); });
+        Parent.show();
+    }
+    void mouse(QEvent::Type type, int y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        const bool moves = type == QEvent::MouseMove;
+        const bool releases = type == QEvent::MouseButtonRelease;
+        const QPointF at(20, y - Grip->y());
+        QMouseEvent event(type, at, Grip->mapToGlobal(at), moves ? Qt::NoButton : button,
+                          releases ? Qt::NoButton : button, {});
+        QApplication::sendEvent(Grip, &event);
+    }
+
+    QWidget Parent;
+    SplitBar &Bar = *new SplitBar(Fifteen, &Parent);
+    QWidget *Grip = Parent.findChild<QWidget *>("SplitGrip");
+    QSignalSpy Dragged{&Bar, &SplitBar::Dragged};
+    QSignalSpy Released{&Bar, &SplitBar::Released};
+    QSignalSpy DoubleClicked{&Bar, &SplitBar::DoubleClicked};
+};
+
 /// How thick the dark lines are that a row of pixels meets, one after the other.
 QList<int> linesAlong(const QImage &image, int y)
 {
@@ -79,6 +111,8 @@ private slots:
     void bandDrag();
     void blocks();
     void fontsByTheirLetters();
+    void splitBarTellsWhereItIsWanted();
+    void splitGripGoesWithTheBar();
     void gridLinesAreEven();
 };
 
@@ -278,6 +312,64 @@ void TestControls::fontsByTheirLetters()
     QCOMPARE(combo.SelectedItem(), 8);
     QTest::keyClick(&combo, '2');
     QCOMPARE(combo.SelectedItem(), 7);
+}
+
+void TestControls::splitBarTellsWhereItIsWanted()
+{
+    // Where the mouse takes the bar or its grip and goes to, and the bar's place then: its pixel 2
+    // is held, or one as far beside as the mouse was.
+    const struct
+    {
+        int From;
+        int To;
+        int Top;
+    } rows[] = {
+        {50, 54, 50}, {50, 55, 53}, {50, 50, 50}, {50, 49, 47}, {50, 52, 50}, {47, 48, 50},
+        {47, 52, 53}, {54, 55, 50}, {54, 60, 55}, {50, 82, 80}, {50, 83, 50}, // below its limit
+        {50, 42, 40}, {50, 41, 50},
+    };
+    for (const auto &[from, to, top] : rows) {
+        Split split;
+        split.mouse(QEvent::MouseButtonPress, from);
+        split.mouse(QEvent::MouseButtonPress, from, Qt::RightButton);
+        split.mouse(QEvent::MouseButtonRelease, from, Qt::RightButton);
+        QCOMPARE(split.Released.count(), 0);
+        split.mouse(QEvent::MouseMove, to);
+        QCOMPARE(split.Bar.y(), top);
+        QCOMPARE(split.Dragged.count(), top == 50 ? 0 : 1);
+        split.mouse(QEvent::MouseButtonRelease, to);
+        QCOMPARE(split.Released.count(), 1);
+        split.mouse(QEvent::MouseMove, 70); // let go
+        QCOMPARE(split.Bar.y(), top);
+    }
+    Split split;
+    split.Bar.setScale({.X = 15, .Y = 12});
+    split.mouse(QEvent::MouseButtonPress, 50);
+    split.mouse(QEvent::MouseMove, 70);
+    QCOMPARE(split.Dragged.last().first().toDouble(), 68.0 * 12);
+    split.mouse(QEvent::MouseButtonDblClick, 50, Qt::RightButton);
+    QCOMPARE(split.DoubleClicked.count(), 0);
+    split.mouse(QEvent::MouseButtonDblClick, 50);
+    QCOMPARE(split.DoubleClicked.count(), 1);
+}
+
+void TestControls::splitGripGoesWithTheBar()
+{
+    Split split;
+    (new QWidget(&split.Parent))->show(); // made later, it would lie over the grip
+    split.Bar.setGeometry(10, 20, 60, 2);
+    QCOMPARE(split.Grip->geometry(), QRect(10, 17, 60, 8));
+    QCOMPARE(split.Parent.childAt(40, 24), split.Grip);
+    split.Bar.setReachAbove(0);
+    QCOMPARE(split.Grip->geometry(), QRect(10, 20, 60, 5));
+    split.Bar.setToolTip("Pull");
+    QCOMPARE(split.Grip->toolTip(), QString("Pull"));
+    split.Bar.hide();
+    QVERIFY(split.Grip->isHidden());
+    split.Bar.show();
+    QVERIFY(split.Grip->isVisible());
+    delete &split.Bar;
+    QVERIFY(!split.Parent.findChild<QWidget *>("SplitGrip"));
 }
 
 void TestControls::gridLinesAreEven()
