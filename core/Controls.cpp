@@ -11,17 +11,16 @@
 #include "platform/ClipboardFormats.h"
 #include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
-#include "platform/controls/Accessibility.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
+#include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/FillBar.h"
 #include "textboard/FindBar.h"
 #include "textboard/TextBoard.h"
 
 #include <QClipboard>
-#include <QFrame>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
@@ -86,12 +85,10 @@ void Zendova::CreateControls()
     CreateMainBar();
     CreateBoard();
 
-    auto *split = Form.Make<QFrame>("SplitBar");
-    split->setFrameStyle(QFrame::HLine | QFrame::Raised);
-    split->setCursor(Qt::SplitVCursor);
-    split->installEventFilter(this);
-    setAccessibleRole(split, QAccessible::Grip);
-    SplitBar = split;
+    SplitBar = new ::SplitBar(Form.scale(), Client);
+    Form.Adopt(SplitBar, "SplitBar");
+    SplitBar->setLimits(
+        [this] { return ::SplitBar::Limits{.Top = TopmostSplit(), .Bottom = LowestSplit()}; });
 
     FMapContainer = new FontMap(Form.scale(), *ViewsContainer->TextZoom, Client);
     Form.Adopt(FMapContainer, "FMapContainer");
@@ -100,7 +97,6 @@ void Zendova::CreateControls()
         Form.MakeLabel("SampleText0", " \u00B7 every character of every font", Qt::AlignLeft);
     SampleText[1] = Form.MakeLabel("SampleText1", SampleText[0]->text(), Qt::AlignLeft);
     StatBar = Form.Make<LockPanels>("StatBar");
-    CreateSplitGrip();
     ConnectBoard();
     ConnectPanels();
 }
@@ -175,6 +171,9 @@ void Zendova::ConnectPanels()
     connect(ViewsContainer, &Views::SideWanted, this, &Zendova::PutViews);
     connect(ViewsContainer, &Views::MenuWanted, this, &Zendova::OfferCommand);
     connect(ViewsContainer, &Views::FocusFree, this, toBoard);
+    connect(SplitBar, &::SplitBar::Dragged, this, &Zendova::MoveSplit);
+    connect(SplitBar, &::SplitBar::Released, this, &Zendova::SplitBar_MouseUp);
+    connect(SplitBar, &::SplitBar::DoubleClicked, this, &Zendova::SplitBar_DblClick);
     connect(FindFrame, &FindBar::RoomWanted, this, &Zendova::GiveFindRoom);
     connect(FindFrame, &FindBar::Closed, this,
             [this] { TextEditTB->button("Find")->setChecked(false); });

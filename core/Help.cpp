@@ -20,6 +20,14 @@ void Zendova::HelpContents_Click()
         this, {.Command = CmnDlg::HelpCommand::Contents, .HelpFile = ProductName + "300.hlp"});
 }
 
+bool Zendova::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress)
+        if (const auto *menu = qobject_cast<QMenu *>(watched))
+            return ShowMenuHelp(*menu, *static_cast<QKeyEvent *>(event));
+    return QMainWindow::eventFilter(watched, event);
+}
+
 bool Zendova::ShowMenuHelp(const QMenu &Menu, const QKeyEvent &Key)
 {
     if (!Key.matches(QKeySequence::HelpContents) || !HelpContents->isVisible())

@@ -9,14 +9,12 @@
 #include "fontmap/Views.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/BandBar.h"
+#include "platform/controls/SplitBar.h"
 #include "textboard/FillBar.h"
 #include "textboard/FindBar.h"
 #include "textboard/TextBoard.h"
 
-#include <QKeyEvent>
 #include <QLayout>
-#include <QMenu>
-#include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -88,6 +86,7 @@ void Zendova::AdoptScale()
     Form.setScale(scale);
     for (BandBar *bar : {CoolBarCM, CoolBarTB})
         bar->setScale(scale);
+    SplitBar->setScale(scale);
     TBPContainer->SetScale(scale);
     ViewsContainer->SetScale(scale);
     FindFrame->SetScale(scale);
@@ -145,26 +144,20 @@ void Zendova::PutViews(const QString &Side)
     SetViewsSide(Side);
 }
 
+double Zendova::TopmostSplit() const
+{
+    return MinSplitPixels * Form.TwipsY();
+}
+
 bool Zendova::SplitIsDown() const
 {
-    return Form.top(SplitBar) > MinSplitPixels * Form.TwipsY();
+    return Form.top(SplitBar) > TopmostSplit();
 }
 
 double Zendova::LowestSplit() const
 {
     return SysInfo::current().WorkAreaHeight() - Form.height(FMapContainer) -
            BelowMap * Form.TwipsY();
-}
-
-void Zendova::SplitBar_MouseMove(double Y)
-{
-    const double target = Form.top(SplitBar) + Y - 2 * Form.TwipsY();
-    if (target < MinSplitPixels * Form.TwipsY() || target > LowestSplit())
-        return;
-    // Moves of two pixels or less are left alone, so that the bar does not jitter.
-    if (std::abs(std::lround((target - Form.top(SplitBar)) / Form.TwipsY())) <= 2)
-        return;
-    MoveSplit(target);
 }
 
 void Zendova::MoveSplit(double target)
@@ -200,88 +193,12 @@ void Zendova::GiveFindRoom(double Room)
     Form.setHeight(TextBoard, Form.height(TextBoard) + FindRoom - Room);
     FindRoom = Room;
     PlaceFindBar();
+    // The buttons of an open find bar reach down to the split bar.
+    constexpr int reach = 3; // pixels
+    SplitBar->setReachAbove(Room > 0 ? 0 : reach);
 }
 
 void Zendova::PlaceFindBar()
 {
     Form.setTop(FindFrame, Form.top(TextBoard) + Form.height(TextBoard) + 2 * Form.TwipsY());
-}
-
-void Zendova::CreateSplitGrip()
-{
-    SplitGrip = new QWidget(Client);
-    SplitGrip->setObjectName("SplitGrip");
-    SplitGrip->setAccessibleName(SplitBar->accessibleName());
-    SplitGrip->setCursor(SplitBar->cursor());
-    SplitGrip->installEventFilter(this);
-    FindFrame->installEventFilter(this);
-    PlaceSplitGrip();
-}
-
-void Zendova::PlaceSplitGrip()
-{
-    constexpr int reach = 3; // pixels above and below the bar
-    // The buttons of an open find bar reach down to the split bar.
-    const int above = FindFrame->isHidden() ? reach : 0;
-    SplitGrip->setGeometry(SplitBar->geometry().adjusted(0, -above, 0, reach));
-    SplitGrip->setVisible(!SplitBar->isHidden());
-    SplitGrip->setToolTip(SplitBar->toolTip());
-    SplitGrip->raise();
-}
-
-bool Zendova::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == SplitBar || watched == SplitGrip)
-        return SplitEvent(static_cast<QWidget *>(watched), event);
-    if (watched == FindFrame &&
-        (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
-        PlaceSplitGrip();
-    if (event->type() == QEvent::KeyPress)
-        if (const auto *menu = qobject_cast<QMenu *>(watched))
-            return ShowMenuHelp(*menu, *static_cast<QKeyEvent *>(event));
-    return QMainWindow::eventFilter(watched, event);
-}
-
-bool Zendova::SplitEvent(const QWidget *under, QEvent *event)
-{
-    const auto pixelsInBar = [&] {
-        const auto *mouse = static_cast<QMouseEvent *>(event);
-        return mouse->position().y() + under->y() - SplitBar->y();
-    };
-    const auto isLeft = [&] {
-        return static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
-    };
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        if (isLeft()) {
-            // Taken beside the bar, the bar does not jump to the mouse.
-            const int at = static_cast<int>(pixelsInBar());
-            SplitOffset = at - std::clamp(at, 0, SplitBar->height() - 1);
-        }
-        return true;
-    case QEvent::MouseMove:
-        if (static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
-            SplitBar_MouseMove((pixelsInBar() - SplitOffset) * Form.TwipsY());
-        return true;
-    case QEvent::MouseButtonRelease:
-        if (isLeft()) {
-            SplitOffset = 0;
-            SplitBar_MouseUp();
-        }
-        return true;
-    case QEvent::MouseButtonDblClick:
-        if (isLeft())
-            SplitBar_DblClick();
-        return true;
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::ShowToParent:
-    case QEvent::HideToParent:
-    case QEvent::ToolTipChange:
-        if (under == SplitBar && SplitGrip)
-            PlaceSplitGrip();
-        return false;
-    default:
-        return false;
-    }
 }

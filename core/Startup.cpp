@@ -16,6 +16,7 @@
 #include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
+#include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/TextBoard.h"
 #include "textboard/TextFileKind.h"

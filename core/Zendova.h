@@ -23,6 +23,7 @@ class QAction;
 class QKeyEvent;
 class QMenu;
 class QToolButton;
+class SplitBar;
 class TextBoard;
 class Toolbar;
 class Views;
@@ -107,8 +108,7 @@ public:
     FillBar *TBPContainer = nullptr;
     ::TextBoard *TextBoard = nullptr;
     FindBar *FindFrame = nullptr;
-    QWidget *SplitBar = nullptr;
-    QWidget *SplitGrip = nullptr; ///< the bar is too thin for a hand
+    ::SplitBar *SplitBar = nullptr;
     FontMap *FMapContainer = nullptr;
     Views *ViewsContainer = nullptr;
     QWidget *LLVContainer = nullptr;
@@ -122,11 +122,10 @@ public:
     void SetViewsSide(const QString &Side);
     /// Takes the side over as VCPosition too.
     void PutViews(const QString &Side);
-    void SplitBar_MouseMove(double Y);
+    /// Moves everything below the board so that the bar's top is there, in twips.
+    void MoveSplit(double target);
     void SplitBar_MouseUp();
     void SplitBar_DblClick();
-    /// Lays the invisible grip, by which the mouse takes the bar, round the bar.
-    void PlaceSplitGrip();
     bool SplitIsDown() const; ///< the split bar stands below its topmost place
     /// Outer size of the window in twips, menu bar and frame of this desktop left out of account.
     double FormWidth() const { return OuterWidth; }
@@ -325,20 +324,18 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override; ///< of the menus
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     void CreateMainBar();
     void CreateBoard();
-    void CreateSplitGrip();
-    bool SplitEvent(const QWidget *under, QEvent *event);
     void ConnectPanels();
     void ConnectBoard();
     void FirstRunPath();
     void CheckScreen();
-    void MoveSplit(double target);
+    double TopmostSplit() const;
     double LowestSplit() const;
     void PlaceFindBar();
     void ShowLoadedMap();
@@ -372,7 +369,6 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
-    int SplitOffset = 0; ///< pixels from the bar to where the mouse holds its grip
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
     double LaidOutWidth = OuterWidth;              ///< twips, for which the areas stand
 };

@@ -7,6 +7,7 @@
 #include "fontmap/MapSize.h"
 #include "fontmap/Views.h"
 #include "platform/controls/NumberSlider.h"
+#include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/FindBar.h"
 #include "textboard/FindBox.h"

@@ -9,6 +9,7 @@
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
+#include "platform/controls/SplitBar.h"
 #include "tests/support/TestFonts.h"
 #include "textboard/FillBar.h"
 #include "textboard/FindBar.h"

@@ -3,6 +3,7 @@
 
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
+#include "platform/controls/SplitBar.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
