@@ -31,7 +31,16 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return isValid() && kind == QAccessible::Name ? Cells->reading(Index) : QString();
+        if (!isValid())
+            return {};
+        switch (kind) {
+        case QAccessible::Name:
+            return Cells->reading(Index);
+        case QAccessible::Description:
+            return Cells->toolTip(Index);
+        default:
+            return {};
+        }
     }
     void setText(QAccessible::Text, const QString &) override {}
 
@@ -66,7 +75,7 @@ public:
         return nullptr;
     }
 
-    bool isSelected() const override { return isValid() && Cells->activeCell() == Index; }
+    bool isSelected() const override { return isValid() && Cells->spokenCell() == Index; }
     QList<QAccessibleInterface *> columnHeaderCells() const override { return {}; }
     QList<QAccessibleInterface *> rowHeaderCells() const override { return {}; }
     int columnIndex() const override { return Index % Cells->columns(); }
@@ -128,7 +137,7 @@ public:
     {
         return Made.key(QAccessible::uniqueId(const_cast<QAccessibleInterface *>(child)), -1);
     }
-    QAccessibleInterface *focusChild() const override { return child(cells()->activeCell()); }
+    QAccessibleInterface *focusChild() const override { return child(cells()->spokenCell()); }
 
     int columnCount() const override { return cells()->columns(); }
     int rowCount() const override
@@ -144,7 +153,7 @@ public:
     QAccessibleInterface *summary() const override { return nullptr; }
     QString columnDescription(int) const override { return {}; }
     QString rowDescription(int) const override { return {}; }
-    // The mouse alone says which cell is told of.
+    // Where no cell can be selected, it is the one that the mouse is over.
     int selectedCellCount() const override { return static_cast<int>(selectedCells().size()); }
     QList<QAccessibleInterface *> selectedCells() const override
     {

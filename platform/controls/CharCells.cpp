@@ -8,9 +8,12 @@
 #include <QAccessible>
 #include <QFontMetricsF>
 #include <QGlyphRun>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPainterPath>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -82,6 +85,28 @@ void CharCells::setBorderStyle(int index, int style)
         return;
     cell.BorderStyle = style;
     update(cell.Pixels);
+}
+
+void CharCells::setTransparent(bool on)
+{
+    if (std::exchange(Transparent, on) != on)
+        update();
+}
+
+void CharCells::setSelectedCell(int index)
+{
+    const int before = std::exchange(Selected, index);
+    if (before == index)
+        return;
+    for (const int changed : {before, index})
+        if (changed >= 0)
+            update(at(changed).Pixels);
+    if (before >= 0)
+        announce(before, QAccessible::SelectionRemove);
+    if (index >= 0) {
+        announce(index, QAccessible::SelectionAdd);
+        announce(index, QAccessible::ActiveDescendantChanged);
+    }
 }
 
 void CharCells::setPlaces(const std::vector<TwipRect> &places)
@@ -156,26 +181,50 @@ void CharCells::paintEvent(QPaintEvent *event)
         Glyphs = QRawFont::fromFont(CellFont);
     QPainter painter(this);
     const DevicePixels device(painter.deviceTransform());
-    for (const Cell &cell : Cells)
-        if (event->region().intersects(cell.Pixels))
-            paintCell(painter, device, cell);
+    const auto paint = [&](int index) {
+        if (event->region().intersects(at(index).Pixels))
+            paintCell(painter, device, at(index), index == Selected);
+    };
+    for (int index = 0; index < count(); ++index)
+        if (index != Selected)
+            paint(index);
+    // Over the lines that it shares with its neighbours.
+    if (Selected >= 0)
+        paint(Selected);
 }
 
-void CharCells::paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell)
+void CharCells::paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell,
+                          bool selected)
 {
     const QColor back = ToColor(cell.BackColor, palette());
     const QColor fore = ToColor(cell.ForeColor, palette());
     QRectF inside = device.cell(cell.Pixels);
-    if (cell.BorderStyle == 1) {
+    const auto frame = [&](const QColor &color) {
+        const double line = device.line();
+        const QRectF inner = inside.adjusted(line, line, -line, -line);
+        if (Transparent) {
+            QPainterPath ring;
+            ring.addRect(inside);
+            ring.addRect(inner);
+            painter.fillPath(ring, color);
+        } else {
+            painter.fillRect(inside, color); // the ground is painted over it
+        }
+        inside = inner;
+    };
+    if (selected) {
+        // One of the two shows on any ground.
+        frame(Qt::black);
+        frame(Qt::white);
+    } else if (cell.BorderStyle == 1) {
         // A line between the two colours of the cell reads as a grid on any pair of them.
         const auto between = [](float from, float to) { return from + (to - from) * 0.3F; };
-        painter.fillRect(inside, QColor::fromRgbF(between(back.redF(), fore.redF()),
-                                                  between(back.greenF(), fore.greenF()),
-                                                  between(back.blueF(), fore.blueF())));
-        const double line = device.line();
-        inside.adjust(line, line, -line, -line);
+        frame(QColor::fromRgbF(between(back.redF(), fore.redF()),
+                               between(back.greenF(), fore.greenF()),
+                               between(back.blueF(), fore.blueF())));
     }
-    painter.fillRect(inside, back);
+    if (!Transparent)
+        painter.fillRect(inside, back);
     if (!cell.Caption.isEmpty())
         paintCaption(painter, device, cell, fore);
 }
@@ -222,6 +271,8 @@ void CharCells::mousePressEvent(QMouseEvent *event)
 {
     if (const int index = cellAt(event->position().toPoint()); index >= 0)
         emit MouseDown(index, event->button(), event->globalPosition().toPoint());
+    else
+        event->ignore(); // what is under the cells takes it
 }
 
 void CharCells::mouseMoveEvent(QMouseEvent *event)
@@ -236,6 +287,16 @@ bool CharCells::event(QEvent *event)
     if (event->type() == QEvent::MouseButtonDblClick) {
         mousePressEvent(static_cast<QMouseEvent *>(event));
         return true;
+    }
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const int index = cellAt(help->pos());
+        if (index >= 0 && !at(index).ToolTip.isEmpty()) {
+            QToolTip::showText(help->globalPos(), at(index).ToolTip, this, pixels(index));
+            return true;
+        }
+        if (toolTip().isEmpty())
+            QToolTip::hideText();
     }
     return QWidget::event(event);
 }

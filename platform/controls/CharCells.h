@@ -32,6 +32,21 @@ public:
     int BorderStyle(int index) const { return at(index).BorderStyle; }
     void setBorderStyle(int index, int style);
 
+    /// What the mouse is told over the cell; empty for the whole widget's tooltip, if it has one.
+    QString toolTip(int index) const { return at(index).ToolTip; }
+    void setToolTip(int index, const QString &text) { at(index).ToolTip = text; }
+    using QWidget::setToolTip;
+    using QWidget::toolTip;
+
+    /// A transparent ground shows what is under the widget: the cells paint their lines and
+    /// characters alone.
+    bool isTransparent() const { return Transparent; }
+    void setTransparent(bool on);
+
+    /// The cell with a frame that shows on any colours; -1 for none.
+    int selectedCell() const { return Selected; }
+    void setSelectedCell(int index);
+
     /// Places of the cells in this widget, in twips; in pixels, neighbours share their border line.
     const TwipRect &place(int index) const { return at(index).Place; }
     void setPlaces(const std::vector<TwipRect> &places);
@@ -53,6 +68,8 @@ public:
     /// The cell that the program is telling of just now; -1 for none. Nothing is painted.
     void setActiveCell(int index);
     int activeCell() const { return Active; }
+    /// The cell that assistive tools are told is selected: the selected one, else the active one.
+    int spokenCell() const { return Selected >= 0 ? Selected : Active; }
 
     QSize sizeHint() const override;
 
@@ -74,6 +91,7 @@ private:
         TwipRect Place;
         QRect Pixels;
         QString Caption;
+        QString ToolTip;
         ColorValue ForeColor = SystemColorValue(8);
         ColorValue BackColor = SystemColorValue(5);
         int BorderStyle = 1;
@@ -81,7 +99,7 @@ private:
     const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
     Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
     class DevicePixels;
-    void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell);
+    void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
     void paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
                       const QColor &color);
     void announce(int index, int event);
@@ -93,4 +111,6 @@ private:
     int Columns = 1;
     std::function<QString(int)> TextOf;
     int Active = -1;
+    int Selected = -1;
+    bool Transparent = false;
 };

@@ -9,11 +9,14 @@
 #include "platform/controls/SplitBar.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLocale>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
@@ -80,6 +83,28 @@ struct Split
     QSignalSpy DoubleClicked{&Bar, &SplitBar::DoubleClicked};
 };
 
+/// Three cells of 28 pixels in a row, which share their lines.
+class Row : public CharCells
+{
+public:
+    explicit Row(const QColor &color) : CharCells(3)
+    {
+        setPlaces({{0, 0, 420, 420}, {405, 0, 420, 420}, {810, 0, 420, 420}});
+        const ColorValue value = RGBValue(color.red(), color.green(), color.blue());
+        for (int cell = 0; cell < count(); ++cell)
+            setColors(cell, value, value);
+        resize(sizeHint());
+    }
+
+    QImage picture(const QColor &under)
+    {
+        QImage image(size(), QImage::Format_RGB32);
+        image.fill(under);
+        render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    }
+};
+
 /// How thick the dark lines are that a row of pixels meets, one after the other.
 QList<int> linesAlong(const QImage &image, int y)
 {
@@ -113,6 +138,9 @@ private slots:
     void fontsByTheirLetters();
     void splitBarTellsWhereItIsWanted();
     void splitGripGoesWithTheBar();
+    void selectedCell();
+    void transparentCells();
+    void cellToolTips();
     void gridLinesAreEven();
 };
 
@@ -370,6 +398,62 @@ void TestControls::splitGripGoesWithTheBar()
     QVERIFY(split.Grip->isVisible());
     delete &split.Bar;
     QVERIFY(!split.Parent.findChild<QWidget *>("SplitGrip"));
+}
+
+void TestControls::selectedCell()
+{
+    // Whatever the colours, also beside a neighbour that is painted later.
+    for (const QColor color : {Qt::white, Qt::black, Qt::gray}) {
+        Row cells(color);
+        cells.setSelectedCell(1);
+        QCOMPARE(cells.selectedCell(), 1);
+        const QImage image = cells.picture(Qt::white);
+        for (const int x : {27, 28, 53, 54}) // both lines of the left and of the right side
+            QCOMPARE(image.pixelColor(x, 14), QColor(x == 27 || x == 54 ? Qt::black : Qt::white));
+        QAccessibleInterface *table = QAccessible::queryAccessibleInterface(&cells);
+        cells.setActiveCell(2); // the mouse passes
+        for (int cell = 0; cell < cells.count(); ++cell)
+            QCOMPARE(bool(table->child(cell)->state().selected), cell == 1);
+        QCOMPARE(table->focusChild(), table->child(1));
+        cells.setSelectedCell(-1);
+        QVERIFY(cells.picture(Qt::white) != image);
+        QVERIFY(table->child(2)->state().selected);
+    }
+}
+
+void TestControls::transparentCells()
+{
+    Row cells(Qt::black);
+    const QPoint beside(13, 14);
+    QCOMPARE(cells.picture(Qt::green).pixelColor(beside), QColor(Qt::black));
+    cells.setTransparent(true);
+    const QImage lined = cells.picture(Qt::green);
+    QCOMPARE(lined.pixelColor(beside), QColor(Qt::green));
+    QCOMPARE(lined.pixelColor(0, 14), QColor(Qt::black));
+    for (int cell = 0; cell < cells.count(); ++cell)
+        cells.setBorderStyle(cell, 0);
+    QImage untouched(lined.size(), lined.format());
+    untouched.fill(Qt::green);
+    QCOMPARE(cells.picture(Qt::green), untouched);
+    cells.setCaption(0, "x");
+    QVERIFY(cells.picture(Qt::green) != untouched);
+}
+
+void TestControls::cellToolTips()
+{
+    Row cells(Qt::white);
+    cells.setToolTip(1, "Alt+0128");
+    const auto shown = [&cells](int x) {
+        QHelpEvent event(QEvent::ToolTip, {x, 14}, cells.mapToGlobal(QPoint(x, 14)));
+        QApplication::sendEvent(&cells, &event);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    cells.show();
+    QCOMPARE(shown(40), QString("Alt+0128"));
+    QTRY_COMPARE(shown(10), QString());
+    cells.setToolTip("All");
+    QCOMPARE(shown(10), QString("All"));
+    QCOMPARE(shown(40), QString("Alt+0128"));
 }
 
 void TestControls::gridLinesAreEven()
