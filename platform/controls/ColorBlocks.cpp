@@ -20,6 +20,12 @@ void ColorBlocks::setChosenBlock(int n)
     emit Moved(n);
 }
 
+void ColorBlocks::setColor(int n, ColorValue color)
+{
+    at(n).Color = color;
+    update(pixels(n));
+}
+
 void ColorBlocks::setMarkSize(double width, double height)
 {
     MarkWidth = width;
@@ -48,9 +54,8 @@ void ColorBlocks::paintEvent(QPaintEvent *)
     painter.fillRect(inner, palette().color(QPalette::Base));
     for (const Block &block : Blocks) {
         const QRect box = Scale.toPixels(block.Place);
-        painter.fillRect(box, ToColor(block.Color, palette()));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(box.adjusted(0, 0, -1, -1));
+        painter.fillRect(box, palette().color(QPalette::Mid));
+        painter.fillRect(box.adjusted(1, 1, -1, -1), ToColor(block.Color, palette()));
     }
 }
 

@@ -33,6 +33,10 @@ public:
     void setChosenBlock(int n);
     /// Label of block n, as its tooltip shows it.
     const QString &label(int n) const { return at(n).Label; }
+    void setLabel(int n, const QString &text) { at(n).Label = text; }
+    ColorValue color(int n) const { return at(n).Color; }
+    /// Repaints that block alone.
+    void setColor(int n, ColorValue color);
     QRect pixels(int n) const { return Scale.toPixels(at(n).Place); }
     /// Size of the mark in twips; it stands behind the block, centred on it.
     void setMarkSize(double width, double height);
@@ -52,6 +56,7 @@ protected:
 
 private:
     const Block &at(int n) const { return Blocks.at(static_cast<std::size_t>(n - 1)); }
+    Block &at(int n) { return Blocks.at(static_cast<std::size_t>(n - 1)); }
     int blockAt(const QPoint &point) const;
 
     std::vector<Block> Blocks;

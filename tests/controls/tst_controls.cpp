@@ -14,6 +14,7 @@
 #include <QHelpEvent>
 #include <QLocale>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -51,6 +52,22 @@ public:
         QTest::mouseMove(this, {to, 10});
         QTest::mouseRelease(this, Qt::LeftButton, {}, {to, 10});
     }
+};
+
+/// What of a widget is painted.
+class PaintedRegion : public QObject
+{
+public:
+    explicit PaintedRegion(QWidget *widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            Region += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+
+    QRegion Region;
 };
 
 /// A bar of two pixels, at 50 in a parent of 100, which an owner moves where it is wanted.
@@ -295,6 +312,17 @@ void TestControls::blocks()
     QTest::mouseDClick(&blocks, Qt::LeftButton, {}, {15, 20});
     QCOMPARE(blocks.ChosenBlock(), 1);
     QCOMPARE(taken.count(), 1);
+
+    blocks.setLabel(1, "Rot");
+    QCOMPARE(blocks.label(1), QString("Rot"));
+    PaintedRegion painted(&blocks);
+    blocks.show();
+    QTRY_VERIFY(!painted.Region.isEmpty());
+    painted.Region = {};
+    blocks.setColor(2, RGBValue(0, 255, 0));
+    QTRY_COMPARE(painted.Region, QRegion(blocks.pixels(2)));
+    QCOMPARE(at(50), QColor(0, 255, 0));
+    QCOMPARE(at(20), QColor(255, 0, 0));
 }
 
 void TestControls::fontsByTheirLetters()
