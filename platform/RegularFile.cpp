@@ -1,0 +1,427 @@
+// Reading and writing by system calls: the toolkit's files wait for pipes, and its files for saving
+// stand beside the old one under a name while they are written.
+#include "platform/RegularFile.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QLocale>
+#include <QScopeGuard>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <climits>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+/// Ends a procedure of this file; what it opened closes and what it named goes.
+struct Failure
+{
+    QString Reason;
+};
+
+[[noreturn]] void fail(int error)
+{
+    throw Failure{qt_error_string(error)};
+}
+
+/// Calls until no signal interrupts, and fails as the call does.
+template<class Call>
+auto checked(Call call)
+{
+    for (;;) {
+        const auto result = call();
+        if (result >= 0)
+            return result;
+        if (errno != EINTR)
+            fail(errno);
+    }
+}
+
+/// Something open, closed at the end.
+class Handle
+{
+public:
+    explicit Handle(int descriptor) : Descriptor(descriptor) {}
+    Handle(Handle &&other) noexcept : Descriptor(std::exchange(other.Descriptor, -1)) {}
+    Handle &operator=(Handle &&) = delete;
+    ~Handle()
+    {
+        if (Descriptor >= 0)
+            ::close(Descriptor);
+    }
+
+    bool isOpen() const { return Descriptor >= 0; }
+    int get() const { return Descriptor; }
+
+private:
+    int Descriptor;
+};
+
+struct stat statusOf(const Handle &file)
+{
+    struct stat status
+    {
+    };
+    checked([&] { return ::fstat(file.get(), &status); });
+    return status;
+}
+
+/// What stands under a name, a symbolic link itself; nothing if nothing does.
+std::optional<struct stat> statusOf(const Handle &folder, const QByteArray &name)
+{
+    struct stat status
+    {
+    };
+    if (::fstatat(folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return status;
+    if (errno != ENOENT)
+        fail(errno);
+    return std::nullopt;
+}
+
+/// Why this is no regular file; nothing if it is one.
+std::optional<QString> whyNotRegular(const struct stat &status)
+{
+    if (S_ISREG(status.st_mode))
+        return std::nullopt;
+    return S_ISDIR(status.st_mode) ? qt_error_string(EISDIR) : QStringLiteral("Not a regular file");
+}
+
+QByteArray encoded(const QString &path)
+{
+    if (path.contains(QChar::Null)) // the system would take what stands before it for the name
+        fail(EINVAL);
+    return QFile::encodeName(path);
+}
+
+// Reading
+
+RegularFile::Reading faulty(RegularFile::Fault fault, const QString &reason)
+{
+    return {.Bytes = {}, .Fault = fault, .Reason = reason};
+}
+
+QByteArray readBytes(const Handle &file, qint64 size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    qsizetype length = 0;
+    while (length < size) {
+        const auto got = checked(
+            [&] { return ::read(file.get(), bytes.data() + length, std::size_t(size - length)); });
+        if (got == 0) // the file has become shorter
+            break;
+        length += got;
+    }
+    bytes.truncate(length);
+    return bytes;
+}
+
+// Writing
+
+/// Where a file is put: its folder stays the same one, whatever is renamed meanwhile.
+struct Place
+{
+    Handle Folder;
+    QByteArray Name;
+    /// For the short time, or on some file systems the whole time, that the new file needs a name
+    /// of its own. The same for every save of a file, so that the next one removes what a killed
+    /// one left; the file's own name could be too long to have something added.
+    QByteArray BesideName;
+    std::optional<struct stat> Old;
+};
+
+/// A path split behind its last separator.
+std::pair<QByteArray, QByteArray> split(const QByteArray &path)
+{
+    const qsizetype place = path.lastIndexOf('/') + 1;
+    return {path.first(place), path.sliced(place)};
+}
+
+/// The path of what the links lead to, which need not be there.
+QByteArray followed(QByteArray path)
+{
+    constexpr int MostLinks = 40; // as many as the system follows itself
+    for (int links = 0; links <= MostLinks; ++links) {
+        std::array<char, PATH_MAX> target{};
+        const auto length = ::readlink(path.constData(), target.data(), target.size());
+        if (length < 0)
+            return path;
+        const QByteArray name(target.data(), length);
+        path = name.startsWith('/') ? name : split(path).first + name;
+    }
+    fail(ELOOP);
+}
+
+Place placeOf(const QByteArray &path)
+{
+    struct stat status
+    {
+    };
+    const bool isThere = ::stat(path.constData(), &status) == 0;
+    if (!isThere && errno != ENOENT)
+        fail(errno);
+    if (const auto reason = isThere ? whyNotRegular(status) : std::nullopt)
+        throw Failure{*reason};
+
+    const auto [folder, name] = split(followed(path));
+    const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
+    Place place{.Folder = Handle(checked([&folder = folder] {
+                    return ::open(folder.isEmpty() ? "." : folder.constData(),
+                                  O_PATH | O_DIRECTORY | O_CLOEXEC);
+                })),
+                .Name = name,
+                .BesideName = ".zendova-save-" + hash.first(16),
+                .Old = {}};
+    place.Old = statusOf(place.Folder, name);
+    // A link of the system to a file that has no name any more says where it once was.
+    if (name.isEmpty() || (isThere && !place.Old))
+        fail(ENOENT);
+    // What may not be written to may still be replaced, if its folder may be written to.
+    if (place.Old)
+        checked(
+            [&] { return ::faccessat(place.Folder.get(), name.constData(), W_OK, AT_EACCESS); });
+    return place;
+}
+
+/// Holds back the signal at which a program ends that writes more than its limit for files: the
+/// call then just fails. In this thread alone, to which the signal goes, so that neither the rest
+/// of the program nor a program that it starts notices.
+class SizeSignalBlock
+{
+public:
+    SizeSignalBlock()
+    {
+        sigemptyset(&Signal);
+        sigaddset(&Signal, SIGXFSZ);
+        pthread_sigmask(SIG_BLOCK, &Signal, &Before);
+    }
+    ~SizeSignalBlock()
+    {
+        const timespec atOnce{};
+        while (sigtimedwait(&Signal, nullptr, &atOnce) > 0 || errno == EINTR)
+            continue;
+        pthread_sigmask(SIG_SETMASK, &Before, nullptr);
+    }
+    Q_DISABLE_COPY_MOVE(SizeSignalBlock)
+
+private:
+    sigset_t Signal{};
+    sigset_t Before{};
+};
+
+/// Gives the new file the old one's list of single users and groups, and not its folder's where
+/// there was none. False if that fails: the permissions of the group then are those of the list.
+bool keepAccessList(const Handle &file, const Place &place)
+{
+    constexpr auto Attribute = "system.posix_acl_access";
+    const QByteArray old =
+        "/proc/self/fd/" + QByteArray::number(place.Folder.get()) + '/' + place.Name;
+    std::array<char, 4096> list{};
+    const auto length = ::getxattr(old.constData(), Attribute, list.data(), list.size());
+    if (length >= 0)
+        return ::fsetxattr(file.get(), Attribute, list.data(), std::size_t(length), 0) == 0;
+    const auto isNone = [] { return errno == ENODATA || errno == EOPNOTSUPP; };
+    return isNone() && (::fremovexattr(file.get(), Attribute) == 0 || isNone());
+}
+
+/// Gives the new file the owner, the group and the permissions of the old one. What can't be kept
+/// never opens the file to more people: until here it is the user's alone.
+void keepAttributes(const Handle &file, const Place &place)
+{
+    const struct stat &old = *place.Old;
+    const bool isOwnerKept = ::fchown(file.get(), old.st_uid, old.st_gid) == 0;
+    const bool isListKept = keepAccessList(file, place);
+    const bool isGroupKept = isOwnerKept || ::fchown(file.get(), uid_t(-1), old.st_gid) == 0;
+    mode_t mode = old.st_mode & 07777;
+    if (!isOwnerKept)
+        mode &= ACCESSPERMS; // to run as its owner was said of another one
+    if (!isGroupKept || !isListKept)
+        mode = (mode & ~mode_t(S_IRWXG)) | (mode & S_IRWXO) << 3;
+    ::fchmod(file.get(), mode);
+}
+
+/// Writes everything to the disk: what is too large for it fails here.
+void fill(const Handle &file, const Place &place, const QByteArray &bytes)
+{
+    for (qsizetype length = 0; length < bytes.size();)
+        length += checked([&] {
+            return ::write(file.get(), bytes.constData() + length,
+                           std::size_t(bytes.size() - length));
+        });
+    if (place.Old)
+        keepAttributes(file, place);
+    checked([&] { return ::fsync(file.get()); });
+    // Some file systems tell only at closing that they could not write. Closing a second handle
+    // makes them, while the first keeps the file, which may have no name yet.
+    const int second = checked([&] { return ::fcntl(file.get(), F_DUPFD_CLOEXEC, 0); });
+    if (::close(second) != 0 && errno != EINTR)
+        fail(errno);
+}
+
+mode_t modeForNew(const Place &place)
+{
+    return place.Old ? S_IRUSR | S_IWUSR : DEFFILEMODE;
+}
+
+// Who puts a file under the name beside keeps it locked, and nobody else removes or moves it. The
+// lock of a killed save is gone.
+
+/// False if another save has it. A file system without locks is taken as it is.
+bool lock(const Handle &file)
+{
+    return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+bool isBeside(const Handle &file, const Place &place)
+{
+    const auto named = statusOf(place.Folder, place.BesideName);
+    const struct stat status = statusOf(file);
+    return named && named->st_dev == status.st_dev && named->st_ino == status.st_ino;
+}
+
+void removeBeside(const Place &place)
+{
+    ::unlinkat(place.Folder.get(), place.BesideName.constData(), 0);
+}
+
+/// Removes what a killed save left, and waits a moment for one that is under way.
+void clearBeside(const Place &place)
+{
+    const Handle left(::openat(place.Folder.get(), place.BesideName.constData(),
+                               O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!left.isOpen() && errno == ENOENT)
+        return;
+    if (!left.isOpen())
+        fail(errno);
+    constexpr int MostWaits = 1000;
+    for (int waits = 0; !lock(left); ++waits) {
+        if (waits == MostWaits)
+            throw Failure{QStringLiteral("Another program is saving the file")};
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    if (isBeside(left, place))
+        checked([&] { return ::unlinkat(place.Folder.get(), place.BesideName.constData(), 0); });
+}
+
+/// Puts what stands under the name beside in place of the old file, or removes it.
+void replace(const Place &place)
+{
+    auto remove = qScopeGuard([&place] { removeBeside(place); });
+    const int folder = place.Folder.get();
+    checked([&] {
+        return ::renameat(folder, place.BesideName.constData(), folder, place.Name.constData());
+    });
+    remove.dismiss();
+}
+
+/// Gives a file without a name this one, which must be free.
+bool nameFile(const Handle &file, const Place &place, const QByteArray &name)
+{
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(file.get());
+    return ::linkat(AT_FDCWD, link.constData(), place.Folder.get(), name.constData(),
+                    AT_SYMLINK_FOLLOW) == 0;
+}
+
+/// Writes a file that has no name until it is whole, so that a kill leaves nothing. False, and
+/// nothing is changed, where that isn't possible.
+///
+/// A file can't be named in place of another: between the two calls that give it a name and move
+/// it, a kill leaves it beside the old one. No way is shorter: exchanging two files takes two names
+/// as well, and without the old file for a moment a kill would leave none.
+bool writeNameless(const Place &place, const QByteArray &bytes)
+{
+    const Handle file(
+        ::openat(place.Folder.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, modeForNew(place)));
+    if (!file.isOpen())
+        return false;
+    lock(file);
+    fill(file, place, bytes);
+    if (!place.Old && nameFile(file, place, place.Name))
+        return true;
+    while (!nameFile(file, place, place.BesideName)) {
+        if (errno != EEXIST)
+            return false;
+        clearBeside(place);
+    }
+    replace(place);
+    return true;
+}
+
+/// A new file under the name beside, locked.
+Handle openBeside(const Place &place)
+{
+    for (;;) {
+        Handle file(::openat(place.Folder.get(), place.BesideName.constData(),
+                             O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, modeForNew(place)));
+        // Before it was locked, it could be taken for one that was left.
+        if (file.isOpen() && lock(file) && isBeside(file, place))
+            return file;
+        if (!file.isOpen() && errno != EEXIST)
+            fail(errno);
+        if (!file.isOpen())
+            clearBeside(place);
+    }
+}
+
+/// The same under the name beside, for file systems where a file can't be without one. A kill
+/// leaves it until the next save.
+void writeNamed(const Place &place, const QByteArray &bytes)
+{
+    const Handle file = openBeside(place);
+    auto remove = qScopeGuard([&place] { removeBeside(place); });
+    fill(file, place, bytes);
+    remove.dismiss();
+    replace(place);
+}
+
+/// The new name too outlasts a power cut, where the file system and the folder's permissions allow
+/// to ask for that.
+void syncFolder(const Place &place)
+{
+    const Handle folder(::openat(place.Folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        ::fsync(folder.get());
+}
+
+} // namespace
+
+RegularFile::Reading RegularFile::read(const QString &path, qint64 mostBytes)
+try {
+    const QByteArray name = encoded(path);
+    // Without waiting: opening a pipe that nobody writes to would wait for ever.
+    const Handle file(::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen()) {
+        const bool isThere = errno != ENOENT && errno != ENOTDIR && errno != ENXIO;
+        return faulty(isThere ? Fault::NotReadable : Fault::NotThere, qt_error_string(errno));
+    }
+    const struct stat status = statusOf(file);
+    if (const auto reason = whyNotRegular(status))
+        return faulty(Fault::NotThere, *reason);
+    if (status.st_size > mostBytes)
+        return faulty(Fault::TooLarge, "The file is larger than " +
+                                           QLocale::c().formattedDataSize(
+                                               mostBytes, 0, QLocale::DataSizeTraditionalFormat));
+    return {.Bytes = readBytes(file, status.st_size), .Fault = Fault::None, .Reason = {}};
+} catch (const Failure &failure) {
+    return faulty(Fault::NotReadable, failure.Reason);
+}
+
+std::optional<QString> RegularFile::write(const QString &path, const QByteArray &bytes)
+try {
+    const SizeSignalBlock block;
+    const Place place = placeOf(encoded(path));
+    if (!writeNameless(place, bytes))
+        writeNamed(place, bytes);
+    syncFolder(place);
+    return std::nullopt;
+} catch (const Failure &failure) {
+    return failure.Reason;
+}

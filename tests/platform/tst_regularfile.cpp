@@ -1,0 +1,301 @@
+// Whole files: what is read and what is refused, and a save that lacks room, meets another one or
+// is killed. What changes a process (limits, user, death) happens in one of its own.
+#include "platform/RegularFile.h"
+#include "tests/support/Files.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstddef>
+#include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using RegularFile::Fault;
+
+namespace {
+
+/// The file system refuses files without a name for the rest of this process.
+void refuseNamelessFiles()
+{
+    constexpr quint32 Flag = O_TMPFILE & ~O_DIRECTORY;
+    sock_filter steps[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                           BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
+                           BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
+                           BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, Flag, 0, 1),
+                           BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
+                           BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog filter{std::size(steps), steps};
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0 ||
+        open("/tmp", O_TMPFILE | O_WRONLY, 0600) >= 0)
+        qFatal("Files without a name can't be refused.");
+}
+
+template<class Work>
+pid_t start(bool isNamed, Work work)
+{
+    const pid_t child = fork();
+    if (child != 0)
+        return child;
+    if (isNamed)
+        refuseNamelessFiles();
+    _exit(work());
+}
+
+/// What the child's work gave, or less than 0: the signal that ended it.
+int endOf(pid_t child)
+{
+    int status = 0;
+    if (waitpid(child, &status, 0) != child)
+        qFatal("The child is gone.");
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+constexpr int Saved = 0;
+constexpr int Told = 1;
+constexpr int Silent = 2;
+
+int save(const QString &path, const QByteArray &bytes)
+{
+    const auto reason = RegularFile::write(path, bytes);
+    return !reason ? Saved : reason->isEmpty() ? Silent : Told;
+}
+
+/// Root may write what nobody else may.
+void becomeOrdinaryUser()
+{
+    if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0)
+        qFatal("The user can't be changed.");
+}
+
+mode_t modeOf(const QString &path)
+{
+    struct stat status
+    {
+    };
+    return stat(QFile::encodeName(path), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+void addBothWays()
+{
+    QTest::addColumn<bool>("isNamed");
+    QTest::newRow("written without a name") << false;
+    QTest::newRow("written under a name") << true;
+}
+
+} // namespace
+
+class TestRegularFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void reading();
+    void refused();
+    void newFilesLinksAndModes_data() { addBothWays(); }
+    void newFilesLinksAndModes();
+    void everyAmountOfRoom_data() { addBothWays(); }
+    void everyAmountOfRoom();
+    void savesAtOnce_data() { addBothWays(); }
+    void savesAtOnce();
+    void kills_data() { addBothWays(); }
+    void kills();
+
+private:
+    QString path(const QString &name) const { return Folder->filePath(name); }
+    QStringList files() const
+    {
+        return QDir(Folder->path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<QTemporaryDir> Folder;
+};
+
+void TestRegularFile::init()
+{
+    Folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(Folder->isValid() && chmod(QFile::encodeName(Folder->path()), 0755) == 0);
+    QVERIFY(QDir(Folder->path()).mkdir("folder"));
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
+    QVERIFY(QFile::link("circle", path("circle")));
+}
+
+void TestRegularFile::reading()
+{
+    writeFile(path("ä\n☃"), QByteArray("\0\r\nx", 4));
+    writeFile(path("full"), QByteArray(1024, 'f'));
+    writeFile(path("large"), QByteArray(1025, 'l'));
+    writeFile(path("empty"), {});
+    for (const auto &[name, fault, reason, bytes] :
+         {std::tuple(QString("ä\n☃"), Fault::None, "", QByteArray("\0\r\nx", 4)),
+          {"full", Fault::None, "", QByteArray(1024, 'f')},
+          {"empty", Fault::None, "", {}},
+          {"large", Fault::TooLarge, "The file is larger than 1 kB", {}},
+          {"missing", Fault::NotThere, "No such file or directory", {}},
+          {QString("full").append(QChar::Null), Fault::NotReadable, "Invalid argument", {}},
+          {"folder", Fault::NotThere, "Is a directory", {}},
+          {"pipe", Fault::NotThere, "Not a regular file", {}},
+          {"/dev/zero", Fault::NotThere, "Not a regular file", {}},
+          {"circle", Fault::NotReadable, "Too many levels of symbolic links", {}}}) {
+        const auto file = RegularFile::read(QDir(Folder->path()).filePath(name), 1024);
+        QCOMPARE(file.Reason, reason);
+        QCOMPARE(file.Fault, fault);
+        QCOMPARE(file.Bytes, bytes);
+    }
+}
+
+void TestRegularFile::refused()
+{
+    QFile::setPermissions(writeFile(path("readonly"), "old"), QFile::ReadOwner | QFile::ReadOther);
+    writeFile(path("closed/document"), "old");
+    chmod(QFile::encodeName(path("closed/document")), 0666);
+    chmod(QFile::encodeName(path("closed")), 0555);
+    chmod(QFile::encodeName(Folder->path()), 0777);
+    const QStringList before = files();
+    for (const auto &[name, reason] :
+         {std::pair(QString("folder"), "Is a directory"),
+          {"pipe", "Not a regular file"},
+          {"/dev/null", "Not a regular file"},
+          {"missing/new", "No such file or directory"},
+          {"", "No such file or directory"},
+          {"circle", "Too many levels of symbolic links"},
+          {QString("readonly").append(QChar::Null), "Invalid argument"},
+          {"readonly", "Permission denied"},
+          {"closed/document", "Permission denied"},
+          {"closed/new", "Permission denied"}}) {
+        const QString file = name.isEmpty() ? name : QDir(Folder->path()).filePath(name);
+        const int end = endOf(start(false, [&file = file, &reason = reason] {
+            becomeOrdinaryUser();
+            const auto said = RegularFile::write(file, "new");
+            if (said != QString(reason))
+                qWarning() << file << said.value_or("saved");
+            return said == QString(reason) ? Told : Silent;
+        }));
+        QCOMPARE(end, Told);
+        QCOMPARE(files(), before);
+    }
+    QCOMPARE(contentOf(path("readonly")), "old");
+    QCOMPARE(contentOf(path("closed/document")), "old");
+    QCOMPARE(QDir(path("closed")).count(), 3U);
+    chmod(QFile::encodeName(path("closed")), 0755);
+}
+
+void TestRegularFile::newFilesLinksAndModes()
+{
+    QFETCH(bool, isNamed);
+    const QString longest(255, u'n');
+    QVERIFY(QFile::link("folder/document", path("link")) &&
+            QFile::link("../folder/new", path("folder/dangling")));
+    QVERIFY(chmod(QFile::encodeName(writeFile(path("folder/document"), "longer than the new")),
+                  0646) == 0);
+    const QStringList before = files();
+    const QByteArray bytes("\0new\xff", 5);
+    QCOMPARE(endOf(start(isNamed,
+                         [&] {
+                             umask(027);
+                             return save(path("link"), bytes) + save(path("folder/dangling"), {}) +
+                                    save(path(longest), bytes) + save(path(longest), bytes + 'x');
+                         })),
+             Saved);
+    QCOMPARE(contentOf(path("folder/document")), bytes);
+    QCOMPARE(modeOf(path("folder/document")), mode_t(0646));
+    QCOMPARE(contentOf(path("folder/new")), "");
+    QCOMPARE(modeOf(path("folder/new")), mode_t(0640));
+    QCOMPARE(contentOf(path(longest)), bytes + 'x');
+    QVERIFY(QFile::remove(path(longest)));
+    QCOMPARE(files(), before);
+    QVERIFY(QFileInfo(path("link")).isSymLink() && QFileInfo(path("folder/dangling")).isSymLink());
+    QCOMPARE(QDir(path("folder")).entryList(QDir::Files | QDir::Hidden),
+             QStringList({"dangling", "document", "new"}));
+}
+
+void TestRegularFile::everyAmountOfRoom()
+{
+    QFETCH(bool, isNamed);
+    const QByteArray old(50'000, 'o');
+    const QByteArray bytes(60'001, 'n');
+    writeFile(path("document"), old);
+    const QStringList before = files();
+    const auto saveWithRoom = [&](rlim_t room, const QString &name) {
+        return endOf(start(isNamed, [&] {
+            const rlimit limit{room, RLIM_INFINITY};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            return save(path(name), bytes);
+        }));
+    };
+    for (rlim_t room = 0; room < 60'001; room = room == 57'344 ? 60'000 : room + 4096)
+        for (const QString name : {"document", "new"}) {
+            QCOMPARE(saveWithRoom(room, name), Told);
+            QCOMPARE(contentOf(path("document")), old);
+            QCOMPARE(files(), before);
+        }
+    QCOMPARE(saveWithRoom(60'001, "document"), Saved);
+    QCOMPARE(contentOf(path("document")), bytes);
+    QCOMPARE(files(), before);
+}
+
+void TestRegularFile::savesAtOnce()
+{
+    QFETCH(bool, isNamed);
+    constexpr auto Savers = "abc";
+    QStringList after = files() << "document";
+    after.sort();
+    std::vector<pid_t> children;
+    for (const char letter : QByteArray(Savers))
+        children.push_back(start(isNamed, [&] {
+            int worst = Saved;
+            for (int i = 0; i < 40; ++i)
+                worst = std::max(worst, save(path("document"), QByteArray(100'000, letter)));
+            return worst;
+        }));
+    for (const pid_t child : children)
+        QCOMPARE(endOf(child), Saved);
+    const QByteArray content = contentOf(path("document"));
+    QCOMPARE(content, QByteArray(100'000, content[0]));
+    QVERIFY(QByteArray(Savers).contains(content[0]));
+    QStringList found = files();
+    found.sort();
+    QCOMPARE(found, after);
+}
+
+void TestRegularFile::kills()
+{
+    QFETCH(bool, isNamed);
+    constexpr int Kills = 30;
+    constexpr qsizetype Size = 1'000'000;
+    writeFile(path("document"), QByteArray(Size, 'a'));
+    const QStringList before = files();
+    int left = 0;
+    for (int kill = 0; kill < Kills; ++kill) {
+        const pid_t child = start(isNamed, [&] {
+            for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a')
+                if (save(path("document"), QByteArray(Size, letter)) != Saved)
+                    return Told;
+        });
+        std::this_thread::sleep_for(std::chrono::microseconds(2000 + 700 * kill));
+        ::kill(child, SIGKILL);
+        QCOMPARE(endOf(child), -SIGKILL);
+        const QByteArray content = contentOf(path("document"));
+        QCOMPARE(content, QByteArray(Size, content[0]));
+        left += files().size() > before.size();
+        QVERIFY(files().size() <= before.size() + 1);
+        // The next save of either kind removes it.
+        if (kill % 2 == 1) {
+            QCOMPARE(save(path("document"), QByteArray(Size, 'a')), Saved);
+            QCOMPARE(files(), before);
+        }
+    }
+    // Only a kill between two calls leaves something beside the file.
+    QVERIFY2(isNamed || left < 4, QByteArray::number(left));
+}
+
+QTEST_APPLESS_MAIN(TestRegularFile)
+#include "tst_regularfile.moc"
