@@ -3,82 +3,17 @@
 #include "textboard/TextBoardRTF.h"
 
 #include "platform/CodePage.h"
+#include "platform/RegularFile.h"
 #include "textboard/RichTextReader.h"
 #include "textboard/RichTextWriter.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <fcntl.h>
 #include <numeric>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr qint64 MaxFileSize = qint64(256) << 20;
-
-/// A file that is open for reading, closed at the end.
-class OpenFile
-{
-public:
-    // Without waiting: opening a pipe that nobody writes to would wait for ever.
-    explicit OpenFile(const QString &path)
-        : Descriptor(::open(QFile::encodeName(path).constData(),
-                            O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
-    {
-    }
-    ~OpenFile()
-    {
-        if (Descriptor >= 0)
-            ::close(Descriptor);
-    }
-    Q_DISABLE_COPY_MOVE(OpenFile)
-
-    const int Descriptor;
-};
-
-QString notRegular()
-{
-    return QStringLiteral("Not a regular file");
-}
-
-/// Reads what the file holds when it is opened into `bytes`. Gives nothing, or the reason of a
-/// failure.
-std::optional<QString> readFile(const QString &path, QByteArray &bytes)
-{
-    const OpenFile file(path);
-    struct stat status
-    {
-    };
-    if (file.Descriptor < 0 || ::fstat(file.Descriptor, &status) != 0)
-        return qt_error_string(errno);
-    if (S_ISDIR(status.st_mode))
-        return qt_error_string(EISDIR);
-    if (!S_ISREG(status.st_mode))
-        return notRegular();
-    if (status.st_size > MaxFileSize)
-        return QStringLiteral("The file is larger than 256 MB");
-
-    bytes.resize(status.st_size);
-    qsizetype length = 0;
-    while (length < bytes.size()) {
-        const auto got = ::read(file.Descriptor, bytes.data() + length,
-                                static_cast<std::size_t>(bytes.size() - length));
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return qt_error_string(errno);
-        if (got == 0) // the file has become shorter
-            break;
-        length += got;
-    }
-    bytes.truncate(length);
-    return std::nullopt;
-}
 
 /// Every line end as CR LF.
 QByteArray withLineEnds(QByteArrayView bytes)
@@ -186,14 +121,14 @@ TextBoardRTF::TextBoardRTF(std::function<bool(const QString &)> isSymbolFont)
 std::optional<QString> TextBoardRTF::LoadFile(const QString &path, FileKind kind)
 {
     setContents(uniformText({}));
-    QByteArray bytes;
-    if (auto reason = readFile(path, bytes))
-        return reason;
+    const RegularFile::Reading file = RegularFile::read(path, MaxFileSize);
+    if (file.Fault != RegularFile::Fault::None)
+        return file.Reason;
     if (kind == FileKind::PlainText) {
-        setContents(uniformText(withLineEnds(bytes)));
+        setContents(uniformText(withLineEnds(file.Bytes)));
         return std::nullopt;
     }
-    auto contents = readRichText(bytes);
+    auto contents = readRichText(file.Bytes);
     if (!contents)
         return QStringLiteral("Not valid rich text");
     setContents(std::move(*contents));
@@ -202,14 +137,7 @@ std::optional<QString> TextBoardRTF::LoadFile(const QString &path, FileKind kind
 
 std::optional<QString> TextBoardRTF::SaveFile(const QString &path, FileKind kind) const
 {
-    // A device or a pipe would be replaced by a file.
-    if (const QFileInfo target(path); target.exists() && !target.isFile())
-        return target.isDir() ? qt_error_string(EISDIR) : notRegular();
-    QSaveFile file(path);
-    const bool isSaved =
-        file.open(QIODevice::WriteOnly) &&
-        file.write(kind == FileKind::PlainText ? Contents.Codes : TextRTF()) >= 0 && file.commit();
-    return isSaved ? std::nullopt : std::optional(file.errorString());
+    return RegularFile::write(path, kind == FileKind::PlainText ? Contents.Codes : TextRTF());
 }
 
 // Text and selection

@@ -1,11 +1,11 @@
 // Reads the help file with care, shows its page and searches it.
 #include "platform/controls/HelpViewer.h"
 
+#include "platform/RegularFile.h"
 #include "platform/Shell.h"
 #include "platform/controls/Icons.h"
 #include "platform/controls/TwipForm.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -102,20 +102,20 @@ QString cleanPage(const QByteArray &bytes)
 QString readPage(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
-    // A pipe or a device would keep the program waiting.
-    if (!QFileInfo(path).isFile())
+    const RegularFile::Reading file = RegularFile::read(path, MostBytes);
+    switch (file.Fault) {
+    case RegularFile::Fault::NotThere:
         return faultPage(name, "is not there any more.");
-    QFile file(path);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
-        bytes = file.read(MostBytes + 1);
-    if (file.error() != QFileDevice::NoError)
-        return faultPage(name, "can't be read: " + file.errorString() + '.');
-    if (bytes.size() > MostBytes)
+    case RegularFile::Fault::NotReadable:
+        return faultPage(name, "can't be read: " + file.Reason + '.');
+    case RegularFile::Fault::TooLarge:
         return faultPage(name, "is too large to be a help text.");
-    if (bytes.trimmed().isEmpty())
+    case RegularFile::Fault::None:
+        break;
+    }
+    if (file.Bytes.trimmed().isEmpty())
         return faultPage(name, "is empty.");
-    const QString page = cleanPage(bytes);
+    const QString page = cleanPage(file.Bytes);
     return page.isEmpty() ? faultPage(name, "is not a help text.") : page;
 }
 

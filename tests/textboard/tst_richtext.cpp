@@ -9,7 +9,6 @@
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <sys/stat.h>
 
 using Kind = TextBoardRTF::FileKind;
 
@@ -72,11 +71,6 @@ private:
         return QDir(Folder.path())
             .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
     }
-    void makeFolderAndPipe() const
-    {
-        QVERIFY(QDir(Folder.path()).mkdir("folder"));
-        QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    }
     static void textRows();
     static void attributeRows();
     static void hostileRows();
@@ -85,7 +79,7 @@ private slots:
     void init()
     {
         for (const QString &name : files())
-            QVERIFY(QFile::remove(path(name)) || QDir(Folder.path()).rmdir(name));
+            QVERIFY(QFile::remove(path(name)));
     }
 
     void reads_data();
@@ -98,8 +92,6 @@ private slots:
     void truncate();
     void find();
     void unreadableFiles();
-    void savingKeepsPermissionsAndLinks();
-    void aSaveThatFailsLeavesTheFileAlone_data();
     void aSaveThatFailsLeavesTheFileAlone();
 };
 
@@ -427,67 +419,29 @@ void TestRichText::find()
 
 void TestRichText::unreadableFiles()
 {
-    makeFolderAndPipe();
     QFile large(path("large"));
     QVERIFY(large.open(QIODevice::WriteOnly) && large.resize((qint64(256) << 20) + 1));
-    for (const auto &[file, reason] :
-         {std::pair("missing", "No such file or directory"), std::pair("folder", "Is a directory"),
-          std::pair("pipe", "Not a regular file"), std::pair("/dev/zero", "Not a regular file"),
-          std::pair("large", "The file is larger than 256 MB")}) {
+    for (const auto &[file, reason] : {std::pair("missing", "No such file or directory"),
+                                       std::pair("large", "The file is larger than 256 MB")}) {
         TextBoardRTF buffer;
         buffer.setText("before");
-        const auto said = buffer.LoadFile(QDir(Folder.path()).filePath(file), Kind::PlainText);
-        QCOMPARE(said.value_or("read"), reason);
+        QCOMPARE(buffer.LoadFile(path(file), Kind::PlainText).value_or("read"), reason);
         QCOMPARE(buffer.Text(), "");
     }
 }
 
-void TestRichText::savingKeepsPermissionsAndLinks()
-{
-    const QString file = writeFile(path("document"), "old");
-    const QString link = path("link");
-    constexpr auto Permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser |
-                                 QFile::WriteUser | QFile::ReadOther;
-    QVERIFY(QFile::setPermissions(file, Permissions));
-    QVERIFY(QFile::link("document", link));
-    TextBoardRTF buffer;
-    buffer.setText("new");
-    QCOMPARE(buffer.SaveFile(link, Kind::PlainText), std::nullopt);
-    QCOMPARE(contentOf(file), "new");
-    QCOMPARE(QFile::permissions(file), Permissions);
-    QCOMPARE(QFile::symLinkTarget(link), file);
-    QCOMPARE(files(), QStringList({"document", "link"}));
-}
-
-void TestRichText::aSaveThatFailsLeavesTheFileAlone_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isDiskFull");
-    QTest::newRow("full disk") << "document" << true;
-    QTest::newRow("full disk, new file") << "new" << true;
-    QTest::newRow("missing folder") << "missing/document" << false;
-    QTest::newRow("folder") << "folder" << false;
-    QTest::newRow("pipe") << "pipe" << false;
-}
-
 void TestRichText::aSaveThatFailsLeavesTheFileAlone()
 {
-    QFETCH(QString, name);
-    QFETCH(bool, isDiskFull);
     const QString old = writeFile(path("document"), "old");
-    makeFolderAndPipe();
-    const QStringList before = files();
     TextBoardRTF buffer;
     buffer.setText(QString(100'000, u'n'));
     for (const Kind kind : {Kind::RichText, Kind::PlainText}) {
-        std::optional<FullDisk> fullDisk;
-        if (isDiskFull)
-            fullDisk.emplace();
-        const auto reason = buffer.SaveFile(path(name), kind);
-        fullDisk.reset();
-        QVERIFY(reason && !reason->isEmpty());
+        {
+            const FullDisk disk;
+            QVERIFY(!buffer.SaveFile(old, kind).value_or(QString()).isEmpty());
+        }
         QCOMPARE(contentOf(old), "old");
-        QCOMPARE(files(), before);
+        QCOMPARE(files(), QStringList("document"));
     }
 }
 
