@@ -39,6 +39,9 @@ public:
     void Truncate(qsizetype length);
     /// The text with its formats as a document in the Rich Text Format.
     QByteArray TextRTF() const;
+    /// The text with its formats, to be laid out elsewhere, on paper for example. Good until the
+    /// next change.
+    const RichText &contents() const { return Contents; }
 
     qsizetype TextLength() const { return Contents.Codes.size(); }
     qsizetype SelStart() const { return Start; }
