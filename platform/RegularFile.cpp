@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
@@ -131,9 +132,9 @@ struct Place
 {
     Handle Folder;
     QByteArray Name;
-    /// For the short time, or on some file systems the whole time, that the new file needs a name
-    /// of its own. The same for every save of a file, so that the next one removes what a killed
-    /// one left; the file's own name could be too long to have something added.
+    /// Of the new file, for a moment, or until it is whole where it can't be without a name. The
+    /// same for every save of a file, so that the next one removes what a killed one left; the
+    /// file's own name could be too long to have something added.
     QByteArray BesideName;
     std::optional<struct stat> Old;
 };
@@ -172,11 +173,10 @@ Place placeOf(const QByteArray &path)
         throw Failure{*reason};
 
     const auto [folder, name] = split(followed(path));
+    const char *folderPath = folder.isEmpty() ? "." : folder.constData();
     const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha1).toHex();
-    Place place{.Folder = Handle(checked([&folder = folder] {
-                    return ::open(folder.isEmpty() ? "." : folder.constData(),
-                                  O_PATH | O_DIRECTORY | O_CLOEXEC);
-                })),
+    Place place{.Folder = Handle(
+                    checked([=] { return ::open(folderPath, O_PATH | O_DIRECTORY | O_CLOEXEC); })),
                 .Name = name,
                 .BesideName = ".zendova-save-" + hash.first(16),
                 .Old = {}};
@@ -186,8 +186,9 @@ Place placeOf(const QByteArray &path)
         fail(ENOENT);
     // What may not be written to may still be replaced, if its folder may be written to.
     if (place.Old)
-        checked(
-            [&] { return ::faccessat(place.Folder.get(), name.constData(), W_OK, AT_EACCESS); });
+        checked([&place] {
+            return ::faccessat(place.Folder.get(), place.Name.constData(), W_OK, AT_EACCESS);
+        });
     return place;
 }
 
@@ -287,11 +288,6 @@ bool isBeside(const Handle &file, const Place &place)
     return named && named->st_dev == status.st_dev && named->st_ino == status.st_ino;
 }
 
-void removeBeside(const Place &place)
-{
-    ::unlinkat(place.Folder.get(), place.BesideName.constData(), 0);
-}
-
 /// Removes what a killed save left, and waits a moment for one that is under way.
 void clearBeside(const Place &place)
 {
@@ -311,31 +307,56 @@ void clearBeside(const Place &place)
         checked([&] { return ::unlinkat(place.Folder.get(), place.BesideName.constData(), 0); });
 }
 
-/// Puts what stands under the name beside in place of the old file, or removes it.
-void replace(const Place &place)
+/// Gives a file without a name its name, which must be free. Gives the number of an error, or 0.
+int nameNew(const QByteArray &link, const Place &place)
 {
-    auto remove = qScopeGuard([&place] { removeBeside(place); });
-    const int folder = place.Folder.get();
-    checked([&] {
-        return ::renameat(folder, place.BesideName.constData(), folder, place.Name.constData());
-    });
-    remove.dismiss();
+    const bool done = ::linkat(AT_FDCWD, link.constData(), place.Folder.get(),
+                               place.Name.constData(), AT_SYMLINK_FOLLOW) == 0;
+    return done ? 0 : errno;
 }
 
-/// Gives a file without a name this one, which must be free.
-bool nameFile(const Handle &file, const Place &place, const QByteArray &name)
+/// Puts a file without a name in place of the old one. Gives the number of an error, or 0: EEXIST
+/// means that the name beside is taken.
+///
+/// No call names a file in place of another: it takes a name beside first, and a kill between the
+/// two calls would leave it there. So another process makes them, which a kill of this one doesn't
+/// reach, and in this one nothing else happens until then.
+int nameInPlace(const QByteArray &link, const Place &place)
 {
-    const QByteArray link = "/proc/self/fd/" + QByteArray::number(file.get());
-    return ::linkat(AT_FDCWD, link.constData(), place.Folder.get(), name.constData(),
-                    AT_SYMLINK_FOLLOW) == 0;
+    const int folder = place.Folder.get();
+    const char *from = link.constData();
+    const char *beside = place.BesideName.constData();
+    const char *name = place.Name.constData();
+    // System calls only: in a copy of this process, other threads' locks stay locked.
+    const auto makeCalls = [=] {
+        if (::linkat(AT_FDCWD, from, folder, beside, AT_SYMLINK_FOLLOW) != 0)
+            return errno;
+        if (::renameat(folder, beside, folder, name) == 0)
+            return 0;
+        const int error = errno;
+        ::unlinkat(folder, beside, 0);
+        return error;
+    };
+
+    // A signal from the terminal goes to both processes.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, &before);
+    const auto restore = qScopeGuard([&before] { pthread_sigmask(SIG_SETMASK, &before, nullptr); });
+    const pid_t other = ::fork();
+    if (other < 0)
+        return makeCalls();
+    if (other == 0)
+        ::_exit(makeCalls());
+    int status = 0;
+    if (::waitpid(other, &status, 0) != other)
+        return errno;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : ECHILD;
 }
 
 /// Writes a file that has no name until it is whole, so that a kill leaves nothing. False, and
 /// nothing is changed, where that isn't possible.
-///
-/// A file can't be named in place of another: between the two calls that give it a name and move
-/// it, a kill leaves it beside the old one. No way is shorter: exchanging two files takes two names
-/// as well, and without the old file for a moment a kill would leave none.
 bool writeNameless(const Place &place, const QByteArray &bytes)
 {
     const Handle file(
@@ -344,15 +365,15 @@ bool writeNameless(const Place &place, const QByteArray &bytes)
         return false;
     lock(file);
     fill(file, place, bytes);
-    if (!place.Old && nameFile(file, place, place.Name))
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(file.get());
+    if (!place.Old && nameNew(link, place) == 0)
         return true;
-    while (!nameFile(file, place, place.BesideName)) {
-        if (errno != EEXIST)
-            return false;
+    for (;;) {
+        const int error = nameInPlace(link, place);
+        if (error != EEXIST)
+            return error == 0;
         clearBeside(place);
     }
-    replace(place);
-    return true;
 }
 
 /// A new file under the name beside, locked.
@@ -376,10 +397,13 @@ Handle openBeside(const Place &place)
 void writeNamed(const Place &place, const QByteArray &bytes)
 {
     const Handle file = openBeside(place);
-    auto remove = qScopeGuard([&place] { removeBeside(place); });
+    auto remove =
+        qScopeGuard([&place] { ::unlinkat(place.Folder.get(), place.BesideName.constData(), 0); });
     fill(file, place, bytes);
+    checked([&, folder = place.Folder.get()] {
+        return ::renameat(folder, place.BesideName.constData(), folder, place.Name.constData());
+    });
     remove.dismiss();
-    replace(place);
 }
 
 /// The new name too outlasts a power cut, where the file system and the folder's permissions allow
