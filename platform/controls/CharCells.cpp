@@ -28,6 +28,11 @@ public:
 
     double across(double x) const { return snap(x, ToDevice.m11(), ToDevice.dx()); }
     double down(double y) const { return snap(y, ToDevice.m22(), ToDevice.dy()); }
+    /// A way in whole pixels of the device, no shorter than the one given.
+    QPointF steps(const QPointF &way) const
+    {
+        return QPointF(lengthen(way.x(), ToDevice.m11()), lengthen(way.y(), ToDevice.m22()));
+    }
     /// Thickness of a line.
     double line() const
     {
@@ -42,6 +47,12 @@ public:
     }
 
 private:
+    static double lengthen(double length, double scale)
+    {
+        constexpr double slack = 1e-6;
+        const double exact = length * scale;
+        return (exact > 0 ? std::ceil(exact - slack) : std::floor(exact + slack)) / scale;
+    }
     static double snap(double length, double scale, double offset)
     {
         return (std::round(length * scale + offset) - offset) / scale;
@@ -247,12 +258,16 @@ void CharCells::paintCaption(QPainter &painter, const DevicePixels &device, cons
     run.setPositions(positions);
     const QRectF box = device.cell(cell.Pixels);
     // Whole pixels, so that every cell shows the same glyph alike.
-    const QPointF start(device.across(box.center().x() - width / 2),
-                        device.down(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
-    const bool spills = !box.contains(run.boundingRect().translated(start));
+    QPointF start(device.across(box.center().x() - width / 2),
+                  device.down(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
+    const double line = cell.BorderStyle == 1 ? device.line() : 0;
+    const QRectF room = box.adjusted(line, line, -line, -line);
+    const QRectF ink = run.boundingRect().translated(start);
+    const bool spills = !ink.isEmpty() && !room.contains(ink);
     if (spills) {
         painter.save();
-        painter.setClipRect(box, Qt::IntersectClip);
+        painter.setClipRect(room, Qt::IntersectClip);
+        start += device.steps(intoRoom(ink, room, start.y(), cell.Caption.front()));
     }
     painter.setPen(color);
     painter.drawGlyphRun(start, run);
@@ -265,6 +280,32 @@ void CharCells::paintCaption(QPainter &painter, const DevicePixels &device, cons
                          color);
     if (spills)
         painter.restore();
+}
+
+/// The way by which a glyph that spills out of its cell is moved: into it and no further. What is
+/// larger than the cell is centred, but of a letter that is too high the end shows that tells it
+/// from others: the accent above, or what is below the base line.
+QPointF CharCells::intoRoom(const QRectF &ink, const QRectF &room, double baseLine,
+                            QChar shown) const
+{
+    const auto inward = [](double from, double to, double first, double last) {
+        return from < first ? first - from : std::min(0.0, last - to);
+    };
+    QPointF way = room.center() - ink.center();
+    if (ink.width() <= room.width())
+        way.setX(inward(ink.left(), ink.right(), room.left(), room.right()));
+    const bool isSymbol = shown.category() == QChar::Other_PrivateUse;
+    if (ink.height() <= room.height()) {
+        way.setY(inward(ink.top(), ink.bottom(), room.top(), room.bottom()));
+    } else if (!isSymbol) {
+        constexpr int above = 230; // class of the combining marks above a letter
+        const QString parts = shown.decomposition();
+        const bool accented = !parts.isEmpty() && parts.back().combiningClass() == above;
+        // Round letters reach a little below the base line.
+        const bool descends = ink.bottom() - baseLine > Glyphs.descent() / 3;
+        way.setY(descends && !accented ? room.bottom() - ink.bottom() : room.top() - ink.top());
+    }
+    return way;
 }
 
 void CharCells::mousePressEvent(QMouseEvent *event)

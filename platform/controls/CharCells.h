@@ -102,6 +102,7 @@ private:
     void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
     void paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
                       const QColor &color);
+    QPointF intoRoom(const QRectF &ink, const QRectF &room, double baseLine, QChar shown) const;
     void announce(int index, int event);
 
     std::vector<Cell> Cells;

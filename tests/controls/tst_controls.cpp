@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QHelpEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -158,6 +159,7 @@ private slots:
     void selectedCell();
     void transparentCells();
     void cellToolTips();
+    void glyphsMoveIntoTheirCells();
     void gridLinesAreEven();
 };
 
@@ -482,6 +484,42 @@ void TestControls::cellToolTips()
     cells.setToolTip("All");
     QCOMPARE(shown(10), QString("All"));
     QCOMPARE(shown(40), QString("Alt+0128"));
+}
+
+void TestControls::glyphsMoveIntoTheirCells()
+{
+    const auto inkOf = [](const char *file, const QString &text, int size, int side) {
+        const int loaded = QFontDatabase::addApplicationFont(ZENDOVA_TEST_FONTS + QString(file));
+        QFont font(QFontDatabase::applicationFontFamilies(loaded).value(0));
+        font.setPixelSize(size);
+        CharCells cells(1);
+        cells.setPlaces({{0, 0, side * Fifteen.X, side * Fifteen.Y}});
+        cells.setColors(0, RGBValue(0, 0, 0), RGBValue(255, 255, 255));
+        cells.setCellFont(font);
+        cells.setCaption(0, text);
+        cells.resize(cells.sizeHint());
+        const QImage image = cells.grab().toImage();
+        QRegion ink;
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x)
+                if (qGray(image.pixel(x, y)) < 128)
+                    ink += QRect(x, y, 1, 1);
+        return ink;
+    };
+    // Too low by the metrics, it is moved up to the line and shows whole.
+    const QRegion whole = inkOf("/latin.ttf", "A", 36, 100);
+    const QRegion moved = inkOf("/latin.ttf", "A", 36, 28);
+    QCOMPARE(moved.boundingRect().bottom(), 26);
+    QCOMPARE(moved.translated(whole.boundingRect().topLeft() - moved.boundingRect().topLeft()),
+             whole);
+    // Of what is too high a letter shows its top, whose squares are 12 pixels high, and a symbol
+    // its middle, with 5 pixels left of them.
+    const auto upper = [&inkOf](const char *file, const char16_t *text) {
+        const QRegion ink = inkOf(file, QString::fromUtf16(text), 64, 28);
+        return ink.intersected(QRect(0, 0, 28, 8)).boundingRect();
+    };
+    QCOMPARE(upper("/latin.ttf", u"A").bottom(), 7);
+    QCOMPARE(upper("/symbol.ttf", u"\uF041").bottom(), 5);
 }
 
 void TestControls::gridLinesAreEven()
