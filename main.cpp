@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 
@@ -64,6 +65,9 @@ int run(Application &application, const QString &commandTail)
 
 int main(int argc, char *argv[])
 {
+    // Under a limit for the size of files a write is to fail, which the store of the settings takes
+    // as any failure, and not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     FontCatalog catalog; // the toolkit must find the lean configuration when it starts
     Application application(argc, argv);
     QApplication::setApplicationName("Zendova");

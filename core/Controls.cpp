@@ -60,6 +60,12 @@ constexpr ControlRow Rows[] = {
     {"StatBar", "Client", {9600, 7875, 1920, 300}, "", "Lock keys"},
 };
 
+/// What the content of a band needs that ends with a control there.
+double rightOf(const TwipRect &place)
+{
+    return place.Left + place.Width;
+}
+
 } // namespace
 
 Zendova::Zendova(QString commandTail)
@@ -117,7 +123,11 @@ void Zendova::CreateMainBar()
     sizeLabel->setBuddy(FontSizeSlider->slider());
     LoadSaveTB = Form.Make<Toolbar>("LoadSaveTB");
     ZndvDefTB = Form.Make<Toolbar>("ZndvDefTB");
-    CoolBarCM->addBands({LoadSaveTB, fontName, fontSize, ZndvDefTB}, MainBandWidths);
+    CoolBarCM->addBands({{LoadSaveTB},
+                         {fontName, rightOf(Form.rect(FontNameCombo))},
+                         {fontSize, rightOf(Form.rect(FontSizeSlider->slider()))},
+                         {ZndvDefTB}},
+                        MainBandWidths);
 }
 
 void Zendova::CreateBoard()
@@ -129,7 +139,11 @@ void Zendova::CreateBoard()
     TextAlignTB = Form.Make<Toolbar>("TextAlignTB");
     TBPContainer = new FillBar(Form.scale(), ::TextBoard::MaxLength(), CoolBarTB);
     Form.Adopt(TBPContainer, "TBPContainer");
-    CoolBarTB->addBands({TBOperationsTB, TextEditTB, FontFormatTB, TextAlignTB, TBPContainer},
+    CoolBarTB->addBands({{TBOperationsTB},
+                         {TextEditTB},
+                         {FontFormatTB},
+                         {TextAlignTB},
+                         {TBPContainer, TBPContainer->leastWidth()}},
                         TBBandWidths);
     CreateToolbars();
 

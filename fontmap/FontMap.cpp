@@ -115,7 +115,7 @@ void FontMap::createControls(const TwipScale &scale)
     sizeContainers();
     tlbCFMapFmt->addPlaceholder(pbxSetFMapSize);
     tlbCFMapName->addPlaceholder(pbxCFMName);
-    clbFontMap->addBands({tlbCustFMap, tlbCFMapFmt, tlbCFMapName}, FMBandWidths);
+    clbFontMap->addBands({{tlbCustFMap}, {tlbCFMapFmt}, {tlbCFMapName}}, FMBandWidths);
 
     const auto command = [this](const char *name) {
         auto *item = new QAction(this);
@@ -156,6 +156,7 @@ void FontMap::sizeContainers()
     // These two stand in toolbars, whose rows ask for sizes instead of places.
     for (QWidget *container : {pbxSetFMapSize, pbxCFMName})
         container->setFixedSize(Form.scale().toPixels(Form.rect(container)).size());
+    pbxCFMName->setMinimumWidth(0); // a long name is no reason for the other bands to give way
 }
 
 void FontMap::FillDefaultMap()

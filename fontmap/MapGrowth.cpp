@@ -45,7 +45,8 @@ void FontMap::SetFontMapSize(int Steps, bool Grow)
     Form.setWidth(clbFontMap, width);
     Form.setWidth(CharButton, width);
     Form.setHeight(CharButton, height);
-    const double nameWidth = width - (clbFontMap->bandWidth(0) + clbFontMap->bandWidth(1));
+    const double nameWidth =
+        std::max(0.0, width - (clbFontMap->bandWidth(0) + clbFontMap->bandWidth(1)));
     clbFontMap->setBandWidth(NameBand, nameWidth);
     Form.setWidth(pbxCFMName, nameWidth);
     Form.setWidth(lblCFMName, nameWidth);

@@ -20,6 +20,8 @@ public:
     void ShowCount(int n);
     /// The bar alone.
     void UpdateProgressBar(int n);
+    /// Twips across, up to the end of the percentage.
+    double leastWidth() const { return Form.left(PercFilled) + Form.width(PercFilled); }
     void SetToolTips(bool on) { Form.SetToolTips(on); }
     void SetScale(const TwipScale &scale) { Form.setScale(scale); }
 

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -19,21 +20,21 @@ BandBar::BandBar(const TwipScale &scale, QWidget *parent) : QWidget(parent), Sca
     setAccessibleRole(this, QAccessible::Grouping);
 }
 
-void BandBar::addBand(QWidget *content, double width)
+void BandBar::addBand(QWidget *content, double width, double leastWidth)
 {
     content->setParent(this);
     // Its own, for the bar's cursor would stay that of the grip which the mouse came over.
     content->setCursor(Qt::ArrowCursor);
-    Bands.push_back({.Content = content, .Width = width});
+    Bands.push_back({.Content = content, .Width = width, .LeastContent = leastWidth});
     arrange();
 }
 
-void BandBar::addBands(std::initializer_list<QWidget *> contents, std::span<const qint32> widths)
+void BandBar::addBands(std::initializer_list<Content> contents, std::span<const qint32> widths)
 {
     Q_ASSERT(contents.size() == widths.size());
     std::size_t index = 0;
-    for (QWidget *content : contents)
-        addBand(content, widths[index++]);
+    for (const Content &content : contents)
+        addBand(content.Control, widths[index++], content.LeastWidth);
 }
 
 double BandBar::bandWidth(int index) const
@@ -43,7 +44,8 @@ double BandBar::bandWidth(int index) const
 
 void BandBar::setBandWidth(int index, double width)
 {
-    Bands.at(static_cast<std::size_t>(index)).Width = std::max(width, GripWidth * Scale.X);
+    Band &band = Bands.at(static_cast<std::size_t>(index));
+    band.Width = std::max(width, leastWidth(band) * Scale.X);
     arrange();
 }
 
@@ -69,23 +71,62 @@ void BandBar::setScale(const TwipScale &scale)
     arrange();
 }
 
+int BandBar::leastWidth(const Band &band) const
+{
+    return GripWidth + std::max({Scale.across(band.LeastContent), band.Content->minimumWidth(),
+                                 band.Content->minimumSizeHint().width()});
+}
+
 void BandBar::arrange()
 {
-    auto toCome = static_cast<int>(std::ranges::count_if(Bands, &Band::Visible));
-    double left = 0;
-    // However wide the bands before are, this one and those behind it keep their grips in the bar.
-    const auto edge = [&] { return std::min(Scale.across(left), width() - toCome * GripWidth); };
+    struct Place
+    {
+        Band *Of;
+        int Least; ///< pixels
+        int Width; ///< pixels
+    };
+    std::vector<Place> places;
+    int tooMuch = -width();
     for (Band &band : Bands) {
         band.Content->setVisible(band.Visible);
         if (!band.Visible)
             continue;
-        band.Left = edge();
-        left += band.Width;
-        const int right = --toCome == 0 ? width() : edge();
-        const int contentLeft = band.Left + GripWidth;
-        band.Content->setGeometry(contentLeft, 1, std::max(0, right - contentLeft), height() - 2);
+        const int least = leastWidth(band);
+        places.push_back({&band, least, std::max(least, Scale.across(band.Width))});
+        tooMuch += places.back().Width;
+    }
+    for (auto place = places.rbegin(); place != places.rend() && tooMuch > 0; ++place) {
+        const int given = std::min(tooMuch, place->Width - place->Least);
+        place->Width -= given;
+        tooMuch -= given;
+    }
+    int left = 0;
+    auto toCome = static_cast<int>(places.size());
+    // However wide the contents before are, this band and those behind it keep their grips in the
+    // bar.
+    const auto edge = [&] { return std::min(left, width() - toCome * GripWidth); };
+    for (const auto &[band, least, bandWidth] : places) {
+        band->Left = edge();
+        left += bandWidth;
+        band->Right = --toCome == 0 ? width() : edge();
+        const int contentLeft = band->Left + GripWidth;
+        band->Content->setGeometry(contentLeft, 1, std::max(0, band->Right - contentLeft),
+                                   height() - 2);
     }
     update();
+}
+
+/// Where bands gave way to a drag, that is their width from now on.
+void BandBar::keepArrangement()
+{
+    for (int index = 0; index < bandCount(); ++index) {
+        const int before = visibleBefore(index);
+        if (before < 0 || !isBandVisible(index))
+            continue;
+        Band &band = Bands[static_cast<std::size_t>(before)];
+        if (band.Right - band.Left < Scale.across(band.Width))
+            band.Width = (band.Right - band.Left) * Scale.X;
+    }
 }
 
 void BandBar::resizeEvent(QResizeEvent *)
@@ -138,21 +179,28 @@ void BandBar::mouseMoveEvent(QMouseEvent *event)
         setCursor(gripAt(point) >= 0 ? Qt::SizeHorCursor : Qt::ArrowCursor);
         return;
     }
-    // The band before the grip takes or gives the way; every grip stays within the bar.
+    // The band before the grip takes or gives the way. To the right it pushes those behind along
+    // and takes what their contents leave, to the left it stops at its own content.
     const int before = visibleBefore(Dragged);
-    const Band &narrowed = Bands[static_cast<std::size_t>(before)];
-    const Band &moved = Bands[static_cast<std::size_t>(Dragged)];
-    int most = width() - GripWidth;
-    for (int index = Dragged + 1; index < bandCount(); ++index)
+    const Band &widened = Bands[static_cast<std::size_t>(before)];
+    const int least = widened.Left + leastWidth(widened);
+    int most = width();
+    for (int index = Dragged; index < bandCount(); ++index)
         if (isBandVisible(index))
-            most -= Scale.across(bandWidth(visibleBefore(index)));
-    const int least = narrowed.Left + GripWidth;
-    most = std::max({most, moved.Left, least});
-    const int target = std::clamp(point.x(), least, most);
-    setBandWidth(before, (target - narrowed.Left) * Scale.X);
+            most -= leastWidth(Bands[static_cast<std::size_t>(index)]);
+    const int target = std::clamp(point.x(), least, std::max(most, least));
+    setBandWidth(before, (target - widened.Left) * Scale.X);
 }
 
 void BandBar::mouseReleaseEvent(QMouseEvent *)
 {
-    Dragged = -1;
+    if (std::exchange(Dragged, -1) >= 0)
+        keepArrangement();
+}
+
+bool BandBar::event(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest) // a content needs more room, or less
+        arrange();
+    return QWidget::event(event);
 }

@@ -12,6 +12,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontDatabase>
+#include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -24,14 +25,14 @@ namespace {
 
 constexpr TwipScale Fifteen; // 15 twips a pixel
 
-/// Four bands of 100, 100, 50 and 50 pixels in a bar of 400.
+/// A bar of 400 pixels, with bands of these pixels.
 class Bar : public BandBar
 {
 public:
-    Bar() : BandBar(Fifteen)
+    explicit Bar(std::initializer_list<double> widths = {100, 100, 50, 50}) : BandBar(Fifteen)
     {
         resize(400, 24);
-        for (const double width : {100.0, 100.0, 50.0, 50.0})
+        for (const double width : widths)
             addBand(new QWidget, width * Fifteen.X);
         show();
     }
@@ -152,6 +153,7 @@ private slots:
     void numbers();
     void bandsOfABar();
     void bandDrag();
+    void bandsKeepTheirContents();
     void blocks();
     void fontsByTheirLetters();
     void splitBarTellsWhereItIsWanted();
@@ -257,7 +259,7 @@ void TestControls::bandsOfABar()
     QCOMPARE(bar.lefts(), QList({0, 101, 201, 251}));
     bar.setBandWidth(0, 0);
     bar.setScale({.X = 30, .Y = 30});
-    QCOMPARE(bar.lefts(), QList({0, 4, 54, 79}));
+    QCOMPARE(bar.lefts(), QList({0, 8, 58, 83})); // no narrower than its grip
 }
 
 void TestControls::bandDrag()
@@ -272,11 +274,12 @@ void TestControls::bandDrag()
     for (const auto &[hidden, from, to, lefts] : {
              Row{-1, 100, 130, {0, 130, 230, 280}}, // the bands behind it go along
              Row{-1, 100, -50, {0, 8, 108, 158}},
-             Row{-1, 100, 390, {0, 242, 342, 392}}, // all grips stay in the bar
+             Row{-1, 100, 390, {0, 376, 384, 392}}, // all grips stay in the bar
+             Row{-1, 100, 260, {0, 260, 360, 392}}, // the last gives way first, then its neighbour
              Row{-1, 3, 60, {0, 100, 200, 250}},    // the first has no grip
              Row{-1, 120, 160, {0, 100, 200, 250}}, // beside the grip
              Row{1, 100, 130, {0, 130, 180}},       // over a hidden band
-             Row{2, 100, 390, {0, 292, 392}},       // which takes no room
+             Row{2, 100, 390, {0, 384, 392}},       // which takes no room
          }) {
         Bar bar;
         if (hidden >= 0)
@@ -290,6 +293,57 @@ void TestControls::bandDrag()
     QTest::mouseMove(bar.windowHandle(), {103, 10});
     QTRY_COMPARE(bar.cursor().shape(), Qt::SizeHorCursor);
     QCOMPARE(bar.band(1)->cursor().shape(), Qt::ArrowCursor);
+}
+
+void TestControls::bandsKeepTheirContents()
+{
+    // Contents of 60, 80 and 40 pixels at least, in bands of 120, and one more band.
+    const auto fill = [](Bar &bar) {
+        auto *fixed = new QWidget;
+        fixed->setFixedWidth(60);
+        auto *laidOut = new QWidget;
+        (new QHBoxLayout(laidOut))->setContentsMargins(0, 0, 0, 0);
+        laidOut->layout()->addItem(new QSpacerItem(40, 1));
+        bar.addBand(fixed, 120 * Fifteen.X);
+        bar.addBand(new QWidget, 120 * Fifteen.X, 80 * Fifteen.X);
+        bar.addBand(laidOut, 120 * Fifteen.X);
+        bar.addBand(new QWidget, 100 * Fifteen.X, 20 * Fifteen.X);
+        return laidOut->layout();
+    };
+    struct Row
+    {
+        int From;
+        int To;
+        QList<int> Lefts;
+    };
+    for (const auto &[from, to, lefts] : {
+             Row{120, 20, {0, 68, 188, 308}}, // stops at its content
+             Row{240, 130, {0, 120, 208, 328}},
+             Row{120, 140, {0, 140, 260, 372}}, // the third gives way
+             Row{120, 390, {0, 236, 324, 372}}, // to its content, as do the others
+             Row{360, 390, {0, 120, 240, 372}},
+         }) {
+        Bar bar({});
+        fill(bar);
+        bar.drag(from, to);
+        QCOMPARE(bar.lefts(), lefts);
+        // What gave way keeps to it when there is room again.
+        bar.resize(1000, bar.height());
+        QCOMPARE(bar.lefts(), lefts);
+    }
+    Bar bar({});
+    QLayout *contents = fill(bar);
+    bar.setBandWidth(0, 0);
+    QCOMPARE(bar.bandWidth(0), 68 * Fifteen.X);
+    bar.setBandWidth(0, 1e6);
+    QCOMPARE(bar.lefts(), QList({0, 236, 324, 372}));
+    bar.resize(200, bar.height()); // too narrow for all
+    QCOMPARE(bar.lefts(), QList({0, 68, 156, 192}));
+    bar.resize(400, bar.height());
+    bar.setBandVisible(3, false);
+    QCOMPARE(bar.lefts(), QList({0, 264, 352}));
+    contents->addItem(new QSpacerItem(50, 1));
+    QTRY_COMPARE(bar.lefts(), QList({0, 214, 302})); // its content has grown
 }
 
 void TestControls::blocks()
