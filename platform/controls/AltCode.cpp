@@ -16,7 +16,7 @@
 namespace {
 
 // What the keys 0 to 9 of the number pad are without Num Lock.
-constexpr std::array padKeys = {Qt::Key_Insert, Qt::Key_End,   Qt::Key_Down,  Qt::Key_PageDown,
+constexpr std::array PadKeys = {Qt::Key_Insert, Qt::Key_End,   Qt::Key_Down,  Qt::Key_PageDown,
                                 Qt::Key_Left,   Qt::Key_Clear, Qt::Key_Right, Qt::Key_Home,
                                 Qt::Key_Up,     Qt::Key_PageUp};
 
@@ -24,9 +24,9 @@ std::optional<char16_t> digitOf(const QKeyEvent &event)
 {
     if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
         return static_cast<char16_t>(u'0' + event.key() - Qt::Key_0);
-    const auto *const pad = std::find(padKeys.begin(), padKeys.end(), event.key());
-    if (pad != padKeys.end() && event.modifiers().testFlag(Qt::KeypadModifier))
-        return static_cast<char16_t>(u'0' + std::distance(padKeys.begin(), pad));
+    const auto *const pad = std::find(PadKeys.begin(), PadKeys.end(), event.key());
+    if (pad != PadKeys.end() && event.modifiers().testFlag(Qt::KeypadModifier))
+        return static_cast<char16_t>(u'0' + std::distance(PadKeys.begin(), pad));
     return std::nullopt;
 }
 

@@ -23,9 +23,9 @@ namespace {
 
 struct Tones
 {
-    QColor line;
-    QColor accent;
-    QColor bar;
+    QColor Line;
+    QColor Accent;
+    QColor Bar;
 };
 
 QColor mix(const QColor &a, const QColor &b, float shareOfB)
@@ -75,9 +75,9 @@ QByteArray readPicture(const QString &file)
 QPixmap render(const QString &file, const Tones &tones, const QSize &size)
 {
     QByteArray svg = readPicture(file);
-    svg.replace("#000001", tones.line.name().toLatin1());
-    svg.replace("#000002", tones.accent.name().toLatin1());
-    svg.replace("#000003", tones.bar.name().toLatin1());
+    svg.replace("#000001", tones.Line.name().toLatin1());
+    svg.replace("#000002", tones.Accent.name().toLatin1());
+    svg.replace("#000003", tones.Bar.name().toLatin1());
 
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
@@ -93,7 +93,7 @@ class PictureEngine final : public QIconEngine
 {
 public:
     explicit PictureEngine(const QString &file, const QColor &bar = Qt::black)
-        : file_(file), bar_(bar)
+        : File(file), Bar(bar)
     {
     }
 
@@ -110,15 +110,15 @@ public:
     {
         if (size.isEmpty())
             return {};
-        const Tones tones = tonesFor(mode, bar_);
+        const Tones tones = tonesFor(mode, Bar);
         const QString key = QStringLiteral("zendova/%1/%2x%3/%4%5%6")
-                                .arg(file_)
+                                .arg(File)
                                 .arg(size.width())
                                 .arg(size.height())
-                                .arg(tones.line.name(), tones.accent.name(), tones.bar.name());
+                                .arg(tones.Line.name(), tones.Accent.name(), tones.Bar.name());
         QPixmap picture;
         if (!QPixmapCache::find(key, &picture)) {
-            picture = render(file_, tones, size);
+            picture = render(File, tones, size);
             QPixmapCache::insert(key, picture);
         }
         return picture;
@@ -128,25 +128,25 @@ public:
     QIconEngine *clone() const override { return new PictureEngine(*this); }
 
 private:
-    QString file_;
-    QColor bar_;
+    QString File;
+    QColor Bar;
 };
 
 } // namespace
 
 QIcon Icons::icon(const QString &imageKey)
 {
-    const auto row = std::ranges::find_if(pictures, [&](const Picture &picture) {
-        return imageKey == QLatin1StringView(picture.key);
+    const auto row = std::ranges::find_if(Pictures, [&](const Picture &picture) {
+        return imageKey == QLatin1StringView(picture.Key);
     });
-    return row == pictures.end() ? QIcon() : QIcon(new PictureEngine(QLatin1StringView(row->file)));
+    return row == Pictures.end() ? QIcon() : QIcon(new PictureEngine(QLatin1StringView(row->File)));
 }
 
 QIcon Icons::menuPicture(int number)
 {
-    if (number < 1 || number > static_cast<int>(menuPictureKeys.size()))
+    if (number < 1 || number > static_cast<int>(MenuPictureKeys.size()))
         return {};
-    return icon(QLatin1StringView(menuPictureKeys[static_cast<std::size_t>(number - 1)]));
+    return icon(QLatin1StringView(MenuPictureKeys[static_cast<std::size_t>(number - 1)]));
 }
 
 QIcon Icons::colorButton(const QColor &color)

@@ -17,13 +17,13 @@ namespace Icons {
 /// One picture: its image key, and its file in the resource folder `:/icons`.
 struct Picture
 {
-    const char *key;
-    const char *file;
+    const char *Key;
+    const char *File;
 };
 
 /// Every picture that has a key, by toolbar; the last groups serve menus and the help
 /// alone.
-inline constexpr auto pictures = std::to_array<Picture>({
+inline constexpr auto Pictures = std::to_array<Picture>({
     {"Load", "load.svg"},
     {"Save", "save.svg"},
     {"Opt", "opt.svg"},
@@ -87,9 +87,9 @@ inline constexpr auto pictures = std::to_array<Picture>({
 });
 
 /// The image keys of the menu pictures 1 to 22; picture n stands at n - 1, and its file in
-/// `pictures`.
+/// `Pictures`.
 // clang-format off
-inline constexpr std::array<const char *, 22> menuPictureKeys = {
+inline constexpr std::array<const char *, 22> MenuPictureKeys = {
     "TextFile", "CustomMap",
     "Cut", "Copy", "Paste", "Find",
     "TBFormat", "FMapFormat",
@@ -98,7 +98,7 @@ inline constexpr std::array<const char *, 22> menuPictureKeys = {
 };
 // clang-format on
 
-/// The picture of an image key; a null icon for a key that is not in `pictures`. Icons made here
+/// The picture of an image key; a null icon for a key that is not in `Pictures`. Icons made here
 /// read their file when they are first painted, and follow the application's palette (`ButtonText`,
 /// its Disabled group, and `HighlightedText` for a selected row of a list): a widget that is
 /// painted again after a palette change shows the new colours. Crisp at multiples of 16 device

@@ -79,20 +79,20 @@ private slots:
 void TestIcons::everyPicture()
 {
     QList<QImage> seen;
-    for (const Icons::Picture &picture : Icons::pictures) {
+    for (const Icons::Picture &picture : Icons::Pictures) {
         useDesktop(LightFace, LightLine);
-        const QIcon icon = Icons::icon(picture.key);
+        const QIcon icon = Icons::icon(picture.Key);
         const QImage light = draw(icon);
         const QImage disabled = draw(icon, 16, QIcon::Disabled);
-        QVERIFY2(!seen.contains(light), picture.key);
-        QVERIFY2(standsOut(light, LightFace) && standsOut(draw(icon, 32), LightFace), picture.key);
-        QVERIFY2(disabled != light && standsOut(disabled, LightFace, 20), picture.key);
-        QVERIFY2(draw(icon, 16, QIcon::Selected) != light, picture.key);
+        QVERIFY2(!seen.contains(light), picture.Key);
+        QVERIFY2(standsOut(light, LightFace) && standsOut(draw(icon, 32), LightFace), picture.Key);
+        QVERIFY2(disabled != light && standsOut(disabled, LightFace, 20), picture.Key);
+        QVERIFY2(draw(icon, 16, QIcon::Selected) != light, picture.Key);
         seen += light;
         useDesktop(DarkFace, DarkLine); // which the icon from before follows
-        QVERIFY2(draw(icon) != light && standsOut(draw(icon), DarkFace), picture.key);
+        QVERIFY2(draw(icon) != light && standsOut(draw(icon), DarkFace), picture.Key);
         useDesktop(DarkFace, DarkLine, DarkLine); // a theme of one colour for both
-        QVERIFY2(countOf(draw(icon, 16, QIcon::Disabled), DarkLine) == 0, picture.key);
+        QVERIFY2(countOf(draw(icon, 16, QIcon::Disabled), DarkLine) == 0, picture.Key);
     }
     QCOMPARE(draw(Icons::menuPicture(1)), draw(Icons::icon("TextFile")));
     QCOMPARE(draw(Icons::menuPicture(22)), draw(Icons::icon("About")));

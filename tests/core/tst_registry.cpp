@@ -24,7 +24,7 @@ SettingValue text(const char *utf8)
 
 } // namespace
 
-class tst_Registry : public QObject
+class TestRegistry : public QObject
 {
     Q_OBJECT
 
@@ -160,6 +160,6 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_Registry)
+QTEST_GUILESS_MAIN(TestRegistry)
 
 #include "tst_registry.moc"

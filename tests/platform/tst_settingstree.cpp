@@ -87,7 +87,7 @@ using Vandal = void (*)(const QString &path);
 
 Q_DECLARE_METATYPE(Vandal)
 
-class tst_SettingsTree : public QObject
+class TestSettingsTree : public QObject
 {
     Q_OBJECT
 
@@ -380,6 +380,6 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettingsTree)
+QTEST_GUILESS_MAIN(TestSettingsTree)
 
 #include "tst_settingstree.moc"

@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_AltCode : public QObject
+class TestAltCode : public QObject
 {
     Q_OBJECT
 
@@ -143,5 +143,5 @@ private:
     QComboBox *Combo = nullptr;
 };
 
-QTEST_MAIN(tst_AltCode)
+QTEST_MAIN(TestAltCode)
 #include "tst_altcode.moc"

@@ -22,7 +22,7 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_TextBoard : public QObject
+class TestTextBoard : public QObject
 {
     Q_OBJECT
 
@@ -350,5 +350,5 @@ private:
     QWidget *Next = nullptr;
 };
 
-QTEST_MAIN(tst_TextBoard)
+QTEST_MAIN(TestTextBoard)
 #include "tst_textboard.moc"
