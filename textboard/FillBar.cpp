@@ -45,6 +45,11 @@ FillBar::FillBar(const TwipScale &scale, int limit, QWidget *parent)
     ProgressWidth = Form.width(ProgressBack);
 }
 
+double FillBar::leastWidth() const
+{
+    return Form.left(PercFilled) + Form.width(PercFilled);
+}
+
 void FillBar::ShowCount(int n)
 {
     NoOfChars->setText(grouped(n));

@@ -21,7 +21,7 @@ public:
     /// The bar alone.
     void UpdateProgressBar(int n);
     /// Twips across, up to the end of the percentage.
-    double leastWidth() const { return Form.left(PercFilled) + Form.width(PercFilled); }
+    double leastWidth() const;
     void SetToolTips(bool on) { Form.SetToolTips(on); }
     void SetScale(const TwipScale &scale) { Form.setScale(scale); }
 

@@ -92,7 +92,7 @@ WrittenValue ownValue(int row, const Setting &setting, int round)
     case Setting::Type::Text:
         return QString("value %1").arg(row);
     default:
-        return 1500 + 15 * row;
+        return 7000 + 15 * row;
     }
 }
 
@@ -260,8 +260,8 @@ private slots:
                 desktop.Dialogs.message("Zendova Startup File Load Error", "", "Ok");
             const Zendova *window = desktop.startAsItIs();
             QVERIFY(desktop.Dialogs.allCame());
-            QCOMPARE(window->SavedFormHeight, qreal(1500 + 15 * 14));
-            QCOMPARE(window->SavedFormWidth, qreal(1500 + 15 * 15));
+            QCOMPARE(window->SavedFormHeight, qreal(7000 + 15 * 14));
+            QCOMPARE(window->SavedFormWidth, qreal(7000 + 15 * 15));
             number = 0;
             for (const Setting &row : SettingsTable()) {
                 ++number;
@@ -418,7 +418,7 @@ private slots:
         window->DisplayTT->trigger();
         window->FontSizeSlider->setValue(30);
         window->FMapContainer->sldSetFMapSize->setValue(5);
-        window->CoolBarCM->setBandWidth(1, 5000);
+        window->CoolBarCM->setBandWidth(1, 7000);
         window->Folders.LFSavePath = "/somewhere/";
         window->move(7, 11);
         QVERIFY(desktop.close());
@@ -427,7 +427,7 @@ private slots:
         QCOMPARE(window->pos(), QPoint(7, 11));
         QCOMPARE(mapSize(*window), QString("5"));
         QCOMPARE(outerSize(*window), outerSize(5));
-        QCOMPARE(window->CoolBarCM->bandWidth(1), 5000.0);
+        QCOMPARE(window->CoolBarCM->bandWidth(1), 7000.0);
         QCOMPARE(window->Folders.LFSavePath, QString("/somewhere/"));
         QCOMPARE(desktop.setting("MRU", "9"), QString("/files/9.txt"));
         // How things look is kept with the default options only.
