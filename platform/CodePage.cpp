@@ -15,12 +15,51 @@ constexpr std::array<char16_t, 32> irregular = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+struct Sign
+{
+    char16_t Character;
+    const char16_t *Plain;
+};
+
+/// Signs without a decomposition that have a plain one in the page, by their numbers.
+constexpr std::array<Sign, 17> Signs = {{
+    {0x1680, u" "},      // ogham space mark
+    {0x2010, u"-"},      // hyphen
+    {0x2011, u"-"},      // non-breaking hyphen
+    {0x2012, u"\u2013"}, // figure dash
+    {0x2015, u"\u2014"}, // horizontal bar
+    {0x201B, u"\u2018"}, // reversed quotation marks
+    {0x201F, u"\u201C"},
+    {0x2028, u" "}, // line separator, where it is none
+    {0x2029, u" "},
+    {0x2032, u"'"}, // primes, single and double
+    {0x2033, u"\""},
+    {0x2034, u"'''"},
+    {0x2035, u"`"},
+    {0x2043, u"-"}, // hyphen bullet
+    {0x2044, u"/"}, // fraction slash
+    {0x2212, u"-"}, // minus
+    {0x2215, u"/"}, // division slash
+}};
+
+/// Joins, parts or turns what stands beside it, and shows nothing: marks of direction, joiners, the
+/// mark of byte order, selectors of variants. The soft hyphen is one too, but is in the page.
+bool showsNothing(char32_t character)
+{
+    const bool selectsVariant = character == 0x034F || (character >= 0xFE00 && character <= 0xFE0F);
+    return selectsVariant ||
+           (QChar::category(character) == QChar::Other_Format && !CodePage::toCode(character));
+}
+
 /// What stands for a character in the page: itself, or what is left of its decomposition without
 /// the accents. Taken step by step, so that "ǖ" becomes "ü" and not "u". Empty if there is nothing.
 QString spelling(char32_t character)
 {
     if (const auto code = CodePage::toCode(character))
         return CodePage::toUnicode(*code);
+    const auto sign = std::ranges::lower_bound(Signs, character, {}, &Sign::Character);
+    if (sign != Signs.end() && sign->Character == character)
+        return QString::fromUtf16(sign->Plain);
     QString result;
     for (const char32_t part : QChar::decomposition(character).toUcs4()) {
         if (QChar::isMark(part))
@@ -78,7 +117,7 @@ QString CodePage::fit(QStringView text)
     result.reserve(text.size());
     for (const char32_t character :
          text.toString().normalized(QString::NormalizationForm_C).toUcs4()) {
-        if (QChar::isMark(character) && !result.isEmpty())
+        if (showsNothing(character) || (QChar::isMark(character) && !result.isEmpty()))
             continue;
         const QString fitting = spelling(character);
         result += fitting.isEmpty() ? QStringLiteral("?") : fitting;

@@ -25,9 +25,10 @@ QString fromBytes(QByteArrayView bytes);
 QByteArray toBytes(QStringView text);
 
 /// The text with nothing in it that the page lacks: letters are composed first (Unicode form C);
-/// a character outside the page becomes its base letter or its compatible spelling ("ő" gives "o",
-/// "ﬁ" gives "fi"), and a question mark where it has none in the page. An accent that could not be
-/// composed with the character before it goes. Line ends pass.
+/// a character outside the page becomes its base letter, its compatible spelling or the plain sign
+/// for it ("ő" gives "o", "ﬁ" gives "fi", a minus "-"), and a question mark where it has none in
+/// the page. What shows nothing goes (joiners, marks of direction and of byte order), as does an
+/// accent that could not be composed with the character before it. Line ends pass.
 QString fit(QStringView text);
 
 } // namespace CodePage

@@ -18,10 +18,6 @@ void RichTextBuilder::append(const char *codes, qsizetype length, const RichText
 
 void RichTextBuilder::append(QString characters, const RichTextLook &look)
 {
-    // Marks of direction and joining show nothing; the soft hyphen is in the code page.
-    characters.removeIf([](QChar character) {
-        return character.category() == QChar::Other_Format && character != QChar::SoftHyphen;
-    });
     if (characters.isEmpty())
         return;
     if (characters.front().isMark() && !isLineEmpty() && !Text.Codes.endsWith('\t')) {

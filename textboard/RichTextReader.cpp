@@ -3,6 +3,7 @@
 // bounded.
 #include "textboard/RichTextReader.h"
 
+#include "platform/CodePage.h"
 #include "textboard/DocumentCodePage.h"
 #include "textboard/PendingCharacters.h"
 #include "textboard/RichTextBuilder.h"
@@ -77,6 +78,7 @@ private:
     void takeStretch(std::string_view stretch);
     void takeByte(quint8 byte);
     void takeUnicode(int number);
+    void settleUnspelled(const RichTextToken &next);
     void takeFontName(std::string_view stretch);
     void takeColors(std::string_view stretch);
     void appendCode(quint8 code);
@@ -119,8 +121,9 @@ private:
 
     State Now;
     std::vector<State> Saved;
-    qsizetype Unsaved = 0; ///< open groups beyond `MaxGroups`
-    int ToSkip = 0;        ///< characters that stand for the last `\u`
+    qsizetype Unsaved = 0;        ///< open groups beyond `MaxGroups`
+    int ToSkip = 0;               ///< characters that stand for the last `\u`
+    std::optional<int> Unspelled; ///< the last `\u`, whose substitute in the document is awaited
 
     PendingCharacters Pending; ///< in the current code page
     int Page = DocumentCodePage::Windows1252;
@@ -223,6 +226,8 @@ void Reader::obey(const RichTextToken &token)
 {
     if (token.Kind != RichTextToken::Word)
         IsOptional = false;
+    if (Unspelled)
+        settleUnspelled(token);
     switch (token.Kind) {
     case RichTextToken::End:
         IsBrokenOff = true;
@@ -524,7 +529,36 @@ void Reader::substitutes(int, Number number)
 
 void Reader::unicode(int, Number number)
 {
+    // For what the code page can't spell the document's own substitute, which follows, comes before
+    // a question mark.
+    const QChar character(char16_t(number.value_or(0)));
+    const bool isLetter = !character.isMark() && !character.isSurrogate() &&
+                          character.category() != QChar::Other_PrivateUse && character != u'?';
+    if (Now.Substitutes > 0 && isShown() && isLetter && CodePage::fit(QString(character)) == u"?") {
+        Unspelled = number;
+        return;
+    }
     takeUnicode(number.value_or(0));
+    ToSkip = Now.Substitutes;
+}
+
+/// What follows is the awaited substitute, or there is none.
+void Reader::settleUnspelled(const RichTextToken &next)
+{
+    const int character = *std::exchange(Unspelled, {});
+    switch (next.Kind) {
+    case RichTextToken::Stretch:
+    case RichTextToken::Byte:
+    case RichTextToken::Symbol:
+        return;
+    case RichTextToken::Word:
+        if (keyword(next.Text).Act == &Reader::character)
+            return;
+        break;
+    default:
+        break;
+    }
+    takeUnicode(character);
     ToSkip = Now.Substitutes;
 }
 

@@ -35,7 +35,9 @@ void TestCodePage::textFromOutside()
                                        {u"ǖấ", "üâ"}, // one accent of two
                                        {u"e\u0301 o\u0302 o\u030B x\u0301y", "é ô o xy"},
                                        {u"\u0301", "?"},
-                                       {u"ﬁ Ａ １ ⅓", "fi A 1 ?"},
+                                       {u"ﬁ Ａ １ ⅓", "fi A 1 1/3"},
+                                       {u"1\u22122\u2010\u20113\u2044\u2032\u2033", "1-2--3/'\""},
+                                       {u"a\u200D\u200Eb\uFEFF\u00AD\uFE0Fc\u2003d", "ab\u00ADc d"},
                                        {u"Жא中", "???"},
                                        {u"a😀b", "a?b"},
                                        {u"\xD800", "?"}})
