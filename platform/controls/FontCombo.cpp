@@ -6,6 +6,7 @@
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QListView>
+#include <QProxyStyle>
 
 namespace {
 
@@ -40,6 +41,17 @@ private:
     std::vector<FontCombo::Item> Items;
 };
 
+/// The list as a box below with a scroll bar: some styles make of it a menu over the whole screen.
+class ListBelow : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override
+    {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 } // namespace
 
 /// The open list: a letter is the box's affair here too, not the list's own search.
@@ -69,7 +81,14 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
     list->setLayoutMode(QListView::Batched);
     setView(list);
     setIconSize(QSize(16, 16));
-    connect(this, &QComboBox::activated, this, &FontCombo::Click);
+    auto *below = new ListBelow;
+    below->setParent(this);
+    setStyle(below);
+    connect(this, &QComboBox::activated, this, [this] {
+        emit Click();
+        if (std::exchange(ListWasOpened, false))
+            emit TakenFromList();
+    });
 }
 
 void FontCombo::setItems(std::vector<Item> items)
@@ -87,8 +106,21 @@ void FontCombo::SelectItem(int position)
         view()->setCurrentIndex(model()->index(position - 1, modelColumn(), rootModelIndex()));
 }
 
+void FontCombo::showPopup()
+{
+    ListWasOpened = true;
+    QComboBox::showPopup();
+}
+
+void FontCombo::wheelEvent(QWheelEvent *event)
+{
+    ListWasOpened = false;
+    QComboBox::wheelEvent(event);
+}
+
 void FontCombo::keyPressEvent(QKeyEvent *event)
 {
+    ListWasOpened = false;
     const QString text = event->text();
     const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     if (!command && !text.isEmpty() && text.at(0).isPrint()) {

@@ -36,17 +36,24 @@ public:
     /// is selected, so that the open list shows it.
     void setJumpKeys(int first, int last);
 
+    void showPopup() override;
+
 signals:
     /// The user selected a row, or pressed a jump key, whether or not a row begins with it.
     void Click();
+    /// A row was taken from the open list, also the one that was selected before; comes behind
+    /// Click. Keys on the closed box take none.
+    void TakenFromList();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     class ListView;
     void takeCharacter(int key);
 
+    bool ListWasOpened = false; ///< since the last key or turn of the wheel on the closed box
     int FirstJumpKey = 65;
     int LastJumpKey = 122;
 };
