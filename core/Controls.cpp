@@ -159,6 +159,7 @@ void Zendova::ConnectBoard()
 {
     const auto toBoard = [this] { TextBoard->setFocus(); };
     connect(FontNameCombo, &FontCombo::Click, this, &Zendova::FontNameCombo_Click);
+    connect(FontNameCombo, &FontCombo::TakenFromList, this, toBoard);
     connect(FontSizeSlider, &NumberSlider::ValueChanged, this, &Zendova::FontSizeSlider_Change);
     connect(FontSizeSlider, &NumberSlider::Scrolled, this, [this](int value) {
         FontSizeSlider->showNumber(QString::number(value));

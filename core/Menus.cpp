@@ -1,6 +1,6 @@
 // The menus of the main window: one row an item. An item without a command is there and disabled.
-// Check marks that are not toggles of their own are copied when a menu opens, from the buttons and
-// the board; nothing updates them in between.
+// Check marks that are not toggles of their own are copied from the buttons and the board when a
+// menu opens, and before a key of one of its items acts; nothing updates them in between.
 #include "core/Zendova.h"
 
 #include "core/GlobalDeclarations.h"
@@ -9,6 +9,7 @@
 #include "textboard/TextBoard.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -297,6 +298,19 @@ void Zendova::CreateMenus()
         if (HelpContents->isVisible())
             HelpContents_Click();
     });
+}
+
+void Zendova::PrepareShortcut(const QKeyEvent &Key)
+{
+    const QKeySequence pressed(
+        QKeyCombination(Key.modifiers() & ~Qt::KeypadModifier, Qt::Key(Key.key())));
+    Command opening = nullptr;
+    for (const MenuRow &row : Rows) {
+        if (row.Depth == 0)
+            opening = row.Handler;
+        if (opening && *row.Key && QKeySequence::listFromString(row.Key).contains(pressed))
+            (this->*opening)();
+    }
 }
 
 void Zendova::CopyButtonStates(const char *Menu)

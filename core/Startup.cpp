@@ -214,6 +214,9 @@ bool Zendova::event(QEvent *event)
         // Later, as questions may be asked and this is still on its way to others.
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
         break;
+    case QEvent::ShortcutOverride:
+        PrepareShortcut(static_cast<const QKeyEvent &>(*event));
+        break;
     case QEvent::PaletteChange:
         // What is painted asks for its colours then; what keeps them takes the new ones.
         if (SampleText.back())

@@ -149,6 +149,9 @@ public:
     // ---- core/Menus.cpp: the menus
 
     void CreateMenus();
+    /// Runs the opening procedure of the menu in which an item has this key, so that the key acts
+    /// on the state of now.
+    void PrepareShortcut(const QKeyEvent &Key);
     // Run as each menu opens; nothing else brings the items in step.
     void ItemFile_Click();
     void ItemEdit_Click();
@@ -359,7 +362,7 @@ private:
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();
-    void ToggleStyle(int style);
+    void ToggleStyle(int style, const QAction *item);
     void RenewColorButton();
     void RenewColorToolTip();
     void ColorSampleText();

@@ -47,13 +47,16 @@ void Zendova::FMapContainer_SizeChanged()
 
 void Zendova::FMapContainer_CharacterPicked(const QString &Character)
 {
+    // A blank cell moves the focus and takes no selection away.
     if (FindFrame->FindHasFocus()) {
         FindFrame->FindString->setFocus();
-        FindFrame->FindString->insert(Character);
-    } else {
-        TextBoard->setFocus();
-        TextBoard->setSelText(Character);
+        if (!Character.isEmpty())
+            FindFrame->FindString->insert(Character);
+        return;
     }
+    TextBoard->setFocus();
+    if (!Character.isEmpty())
+        TextBoard->setSelText(Character);
 }
 
 void Zendova::ResetSplit(int Steps)

@@ -46,13 +46,8 @@ void confirm(QAction *display, const QString &body, const QString &title)
 
 } // namespace
 
-// The key of a command may come while nothing is selected, as menus are brought in step only when
-// they open: what is on the clipboard then stays.
-
 void Zendova::EditCut_Click()
 {
-    if (TextBoard->SelLength() == 0)
-        return;
     ClipboardFormats::setText(TextBoard->SelText());
     TextBoard->setSelText({});
     SyncEditCommands();
@@ -60,8 +55,6 @@ void Zendova::EditCut_Click()
 
 void Zendova::EditCopy_Click()
 {
-    if (TextBoard->SelLength() == 0)
-        return;
     ClipboardFormats::setText(TextBoard->SelText());
     SyncEditCommands();
 }

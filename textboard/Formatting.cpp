@@ -130,37 +130,30 @@ void Zendova::SetStrikeout(int On)
     SetStyle(Strikeout, On);
 }
 
-void Zendova::ToggleStyle(int style)
+void Zendova::ToggleStyle(int style, const QAction *item)
 {
-    // The mark of the menu is a copy made when it opened, and the toolkit has flipped it by now;
-    // the board has the state that it was copied from, also when a key was pressed and no menu
-    // opened.
-    QToolButton *button = StyleButton(style);
-    if (!button->isEnabled())
-        return;
-    const bool on = !(TextBoard->*Styles[style].Get)();
-    button->setChecked(on);
-    SetStyle(style, on ? 1 : 0);
+    StyleButton(style)->setChecked(item->isChecked());
+    SetStyle(style, item->isChecked() ? 1 : 0);
 }
 
 void Zendova::FFontBold_Click()
 {
-    ToggleStyle(Bold);
+    ToggleStyle(Bold, FFontBold);
 }
 
 void Zendova::FFontItalic_Click()
 {
-    ToggleStyle(Italic);
+    ToggleStyle(Italic, FFontItalic);
 }
 
 void Zendova::FFontUnderline_Click()
 {
-    ToggleStyle(Underline);
+    ToggleStyle(Underline, FFontUnderline);
 }
 
 void Zendova::FFontStrikethrough_Click()
 {
-    ToggleStyle(Strikeout);
+    ToggleStyle(Strikeout, FFontStrikethrough);
 }
 
 void Zendova::SetAlignment(int Alignment)
@@ -220,9 +213,11 @@ void Zendova::FormatFont_Click()
     if (choice.Size != FontSizeSlider->value())
         FontSizeSlider->setValue(qRound(choice.Size));
     const bool chosen[] = {choice.Bold, choice.Italic, choice.Underline, choice.Strikeout};
-    for (int style = 0; style < StyleCount; ++style)
+    for (int style = 0; style < StyleCount; ++style) {
         if (chosen[style] != (TextBoard->*Styles[style].Get)())
             SetStyle(style, chosen[style] ? 1 : 0);
+        StyleButton(style)->setChecked((TextBoard->*Styles[style].Get)());
+    }
     TextBoard->setFocus();
 }
 

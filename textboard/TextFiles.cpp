@@ -7,6 +7,7 @@
 #include "core/CheckDFFFunctions.h"
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "core/SettingConversion.h"
 #include "platform/controls/CmnDlg.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
@@ -81,6 +82,8 @@ void Zendova::LoadTextFile(const QString &Path)
     try {
         if (!ReadPendingFile())
             return;
+    } catch (const ConversionError &) {
+        throw;                         // of a setting: not the file's fault
     } catch (const std::exception &) { // lack of memory
         return tell(FileMessages::NotReadable);
     }
@@ -92,6 +95,8 @@ void Zendova::LoadTextFile(const QString &Path)
             TextBoardRTF.Truncate(::TextBoard::MaxLength());
         ShowLoadedText();
         ShowFileInTitle(partially);
+    } catch (const ConversionError &) {
+        throw;
     } catch (const std::exception &) {
         tell(FileMessages::NotShown);
     }
