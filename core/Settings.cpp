@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSlider>
 #include <algorithm>
 #include <vector>
 
@@ -171,6 +172,9 @@ void Zendova::InitSettings(const QString &Mode)
     map.SizeIndex = 0;
     if (const auto sizes = DefaultsForScreenWidth(Display())) {
         map.SizeIndex = sizes->SizeIndex;
+        // The limit may be that of a reading which broke off; the screen's is set later on.
+        map.sldSetFMapSize->setMost(
+            std::max(map.sldSetFMapSize->slider()->maximum(), map.SizeIndex));
         FontSizeSlider->setValue(sizes->FontSize);
         map.sldSetFMapSize->setValue(map.SizeIndex);
         map.sldSetFMapSize->showNumber(QString::number(map.SizeIndex));
