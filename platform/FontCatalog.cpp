@@ -4,6 +4,7 @@
 // two families nor replace one by another.
 #include "platform/FontCatalog.h"
 
+#include "platform/FaceCheck.h"
 #include "platform/FaceName.h"
 #include "platform/SfntWriter.h"
 #include "platform/SymbolEncoding.h"
@@ -600,6 +601,9 @@ void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
     const QString style = bold     ? italic ? QStringLiteral("Bold Italic") : QStringLiteral("Bold")
                               : italic ? QStringLiteral("Italic")
                                    : QStringLiteral("Regular");
+    const auto sizes = isScalable(face) ? std::vector<int>() : drawableSizes(encoded, place);
+    if (isScalable(face) ? !hasDrawableOutlines(encoded, place) : sizes.empty())
+        return;
     if (flagOf(face, FC_SYMBOL) &&
         addSymbolFont(QFile::decodeName(encoded), place & 0xFFFF, sfnt::writeNames(name, style)))
         return;
@@ -619,5 +623,15 @@ void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
     // The user's rules for the drawing of a family (hints, smooth edges) still know it.
     FcPatternAddString(own, FC_FAMILY,
                        bytes(Families[static_cast<std::size_t>(index)].name.toUtf8().constData()));
-    FcFontSetAdd(fonts, own);
+    // The sizes that fontconfig tells are those that the font's properties claim.
+    for (const int size : sizes) {
+        FcPattern *sized = FcPatternDuplicate(own);
+        FcPatternDel(sized, FC_PIXEL_SIZE);
+        FcPatternAddDouble(sized, FC_PIXEL_SIZE, size);
+        FcFontSetAdd(fonts, sized);
+    }
+    if (sizes.empty())
+        FcFontSetAdd(fonts, own);
+    else
+        FcPatternDestroy(own);
 }

@@ -171,6 +171,13 @@ def save_variable(file_name):
     save(builder, file_name)
 
 
+def save_vast(file_name):
+    """One glyph reaches 29 ems to the right."""
+    builder = build("Zt Vast", 30, PLAIN)
+    builder.font["glyf"]["c7E"].components[0].x = 30000
+    save(builder, file_name)
+
+
 def save_for_macintosh(file_name):
     """Old names for Windows, and for the Macintosh the names that it groups by."""
     builder = build("Zt Old Light", 28, PLAIN, weight=300)
@@ -242,6 +249,7 @@ save(build("Zt Wide Light", 26, PLAIN, typographic=("Zt Wide", "Light"), weight=
 save(build("Zt Wide Light", 29, PLAIN, style="Bold", typographic=("Zt Wide", "Medium"),
            weight=500), "wide-lightbold.ttf")
 save(build("Zt Wide", 27, PLAIN, style="Extra Light", weight=200), "wide-extralight.ttf")
+save_vast("vast.ttf")
 save_for_macintosh("macintosh.ttf")
 whole = (HERE / "latin.ttf").read_bytes()
 (HERE / "damaged.ttf").write_bytes(whole[:200])

@@ -84,12 +84,12 @@ void TestFontCatalog::lists()
         listed += QString("%1 %2").arg(family.name).arg(family.fontType);
     listed.sort();
     QCOMPARE(listed.join(", "),
-             QString("Arial 4, Zt \"One\", Two 4, Zt Bitmap 1, Zt Blend 2, "
-                     "Zt Bold Only 4, Zt Cyrillic 4, Zt First 4, Zt Four 4, "
+             QString("Arial 4, Zt \"One\", Two 4, Zt Absurd 1, Zt Bitmap 1, Zt Blend 2, "
+                     "Zt Bold Only 4, Zt Cyrillic 4, Zt Dense 1, Zt First 4, Zt Four 4, "
                      "Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, Zt Latin 4, Zt Liar 4, "
                      "Zt Maker [Foundry] 4, Zt Mixed 2, Zt Old Light 4, Zt Outline 2, "
-                     "Zt Second 4, Zt Symbol 4, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
-                     "Zt Variable Light 4, Zt Wide 4, Zt Wide Condensed 4, "
+                     "Zt Second 4, Zt Symbol 4, Zt Tall 1, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
+                     "Zt Variable Light 4, Zt Vast 4, Zt Wide 4, Zt Wide Condensed 4, "
                      "Zt Wide Extra Light 4, Zt Wide Light 4, torn 4"));
     QVERIFY(FontCatalog::current().contains("ZT LATIN"));
 }
@@ -111,6 +111,7 @@ void TestFontCatalog::shows_data()
                                        {"Zt First", 17},
                                        {"Zt Second", 18},
                                        {"Zt Mixed", 19},
+                                       {"Zt Absurd", 20},
                                        {"Zt Twin", 22},
                                        {"Arial", 1},
                                        {"Not There", 1}})
@@ -121,7 +122,8 @@ void TestFontCatalog::shows()
 {
     QFETCH(int, font);
     const QString family = QTest::currentDataTag();
-    const GlyphPicture glyph = shown(fontOf(family), u'A', family == "Zt Bitmap" ? 4 : 7);
+    const GlyphPicture glyph =
+        shown(fontOf(family), u'A', family == "Zt Bitmap" || family == "Zt Absurd" ? 4 : 7);
     QCOMPARE(glyph, (GlyphPicture{.code = font ? 'A' : 0, .font = font}));
 }
 
@@ -185,7 +187,7 @@ void TestFontCatalog::traits()
 void TestFontCatalog::cannotBeDrawn_data()
 {
     QTest::addColumn<QString>("family");
-    for (const char *family : {"Zt Gone 24"})
+    for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
         QTest::newRow(family) << QString(family);
 }
 
@@ -245,6 +247,15 @@ int main(int argc, char *argv[])
     // A family in two formats, as "Zt Mixed" is, read in the other order.
     writeFile(folder.filePath("blend-1.otf"), renamed("mixed.otf", "Mixed", "Blend"));
     writeFile(folder.filePath("blend-2.bdf"), renamed("mixed.bdf", "Mixed", "Blend"));
+    // Eight bits a pixel; a glyph too high; and properties that contradict the glyphs.
+    writeFile(folder.filePath("dense.bdf"),
+              renamed("mixed.bdf", "Mixed", "Dense").replace("SIZE 16", "SIZE 0 16"));
+    writeFile(folder.filePath("tall.bdf"),
+              renamed("mixed.bdf", "Mixed", "Tall").replace("BBX 16 16", "BBX 16 300"));
+    writeFile(folder.filePath("absurd.bdf"),
+              renamed("mixed.bdf", "Mixed", "Absurd")
+                  .replace("FONTBOUNDINGBOX 16 16", "FONTBOUNDINGBOX 32767 32767")
+                  .replace("STARTPROPERTIES 7", "STARTPROPERTIES 8\nPIXEL_SIZE 0"));
 
     const TestFonts testFonts(folder.path());
     FontCatalog catalog;
