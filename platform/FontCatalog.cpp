@@ -1,7 +1,12 @@
-// Reads fontconfig's rows (one a face), groups them by family, picks the few that the toolkit is to
-// know from the start, and adds others to the toolkit when they are asked for.
+// Reads fontconfig's rows (one a face), groups them by families of four styles, picks the few that
+// the toolkit is to know from the start, and adds others to the toolkit when they are asked for:
+// as rows of fontconfig under names of our own, so that the toolkit can neither mix up the faces of
+// two families nor replace one by another.
 #include "platform/FontCatalog.h"
 
+#include "platform/FaceCheck.h"
+#include "platform/FaceName.h"
+#include "platform/SfntWriter.h"
 #include "platform/SymbolEncoding.h"
 
 #include <QFile>
@@ -11,7 +16,7 @@
 #include <array>
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
-#include <set>
+#include <iterator>
 #include <tuple>
 #include <unordered_set>
 
@@ -36,6 +41,15 @@ constexpr auto scriptLanguages = std::to_array<const char *>(
     {"en",    "vi",    "ru", "el", "ar", "he", "th", "hi",      "bn", "pa",
      "gu",    "or",    "ta", "te", "kn", "ml", "si", "my",      "lo", "km",
      "zh-cn", "zh-tw", "ja", "ko", "ka", "hy", "am", "und-zsye"});
+
+const QString missingFamily = QStringLiteral("Zendova missing glyphs");
+
+/// What the toolkit calls a family of the catalog. No user's rule knows the name, so none replaces
+/// it, and it has no brackets, in which the toolkit would look for the maker's name.
+QString toolkitName(int index)
+{
+    return QStringLiteral("Zendova family %1").arg(index);
+}
 
 constexpr auto genericFamilies = std::to_array<const char *>({"sans-serif", "serif", "monospace"});
 
@@ -107,21 +121,9 @@ int formatRank(const FcPattern *row)
     }
 }
 
-/// The first English name, or the first of any language.
 QString familyNameOf(const FcPattern *row)
 {
-    FcChar8 *language = nullptr;
-    for (int i = 0; FcPatternGetString(row, FC_FAMILYLANG, i, &language) == FcResultMatch; ++i)
-        if (qstrncmp(reinterpret_cast<const char *>(language), "en", 2) == 0)
-            return textOf(row, FC_FAMILY, i);
-    return textOf(row, FC_FAMILY);
-}
-
-/// The toolkit takes "Name [Maker]" for the family "Name" of a foundry, whatever the font says.
-bool looksLikeFoundry(const QString &name)
-{
-    const qsizetype open = name.indexOf(u'[');
-    return open >= 0 && name.lastIndexOf(u']') > open;
+    return QString::fromUtf8(faceNameOf(row).family);
 }
 
 QString keyOf(const QString &family)
@@ -129,14 +131,14 @@ QString keyOf(const QString &family)
     return family.toCaseFolded();
 }
 
-/// The toolkit's number of the font, or -1 when the file cannot be read or is not what it says.
-int addSymbolFont(const QString &fileName, int face)
+/// Adds the font, or answers false when the file cannot be read or is not what it says.
+bool addSymbolFont(const QString &fileName, int face, const QByteArray &names)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const auto font = symbolFontAsUnicode(file.readAll(), face);
-    return font ? QFontDatabase::addApplicationFontFromData(*font) : -1;
+        return false;
+    const auto font = symbolFontAsUnicode(file.readAll(), face, names);
+    return font && QFontDatabase::addApplicationFontFromData(*font) >= 0;
 }
 
 /// The rows of a configuration in a set of our own, which keeps them when the configuration gives
@@ -160,8 +162,8 @@ struct FontCatalog::Rows
 {
     Config config{FcInitLoadConfigAndFonts()};
     FontSet set = rowsOfConfiguration(config.get());
-    std::vector<bool> inToolkit = std::vector<bool>(static_cast<std::size_t>(count()));
 
+    std::vector<bool> calledBold = std::vector<bool>(static_cast<std::size_t>(count()));
     QHash<QString, QStringList> rulesRun;
 
     int count() const { return set->nfont; }
@@ -198,6 +200,7 @@ struct FontCatalog::Rows
         const int slant = numberOf(face, FC_SLANT, FC_SLANT_ROMAN);
         return std::tuple(std::abs(numberOf(face, FC_WIDTH, FC_WIDTH_NORMAL) - FC_WIDTH_NORMAL),
                           std::abs(slant - (italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN)),
+                          !bold && isBold(row),
                           std::abs(weightOf(face) - (bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR)),
                           formatRank(face), row);
     }
@@ -211,19 +214,49 @@ struct FontCatalog::Rows
                                          [&](int row) { return distance(row, bold, italic); });
     }
 
+    int weight(int row) const { return weightOf(set->fonts[row]); }
+    int width(int row) const { return numberOf(set->fonts[row], FC_WIDTH, FC_WIDTH_NORMAL); }
+    bool slanted(int row) const { return isSlanted(set->fonts[row]); }
+
+    /// The bold face of a light family may be a medium.
+    bool isBold(int row) const
+    {
+        return weight(row) >= FC_WEIGHT_DEMIBOLD || calledBold[static_cast<std::size_t>(row)];
+    }
+
+    /// What the faces of two files may have in common: they differ in kind, or in size if bitmaps.
+    bool sameStyle(int row, int other) const
+    {
+        return weight(row) == weight(other) && width(row) == width(other) &&
+               slanted(row) == slanted(other);
+    }
+
+    /// The faces of the four styles of a family: regular, bold, italic, bold italic. No number
+    /// where it lacks one; regular is always there. `family` must not be empty.
+    std::array<std::optional<int>, 4> fourStyles(const std::vector<int> &family) const
+    {
+        const int regular = face(family, false, false);
+        std::array<std::optional<int>, 4> styles{regular};
+        for (const std::size_t style : {1, 2, 3}) {
+            const bool bold = style & 1, italic = style & 2;
+            for (const int row : family)
+                if (row != regular && slanted(row) == italic && width(row) == width(regular) &&
+                    isBold(row) == bold &&
+                    (!styles[style] ||
+                     distance(row, bold, italic) < distance(*styles[style], bold, italic)))
+                    styles[style] = row;
+        }
+        return styles;
+    }
+
     /// The face, and where it is a bitmap its other sizes too.
     std::vector<int> sizes(const std::vector<int> &family, int face) const
     {
-        const FcPattern *chosen = set->fonts[face];
-        if (isScalable(chosen))
+        if (isScalable(set->fonts[face]))
             return {face};
         std::vector<int> rows;
         std::ranges::copy_if(family, std::back_inserter(rows), [&](int row) {
-            const FcPattern *other = set->fonts[row];
-            return !isScalable(other) && weightOf(other) == weightOf(chosen) &&
-                   isSlanted(other) == isSlanted(chosen) &&
-                   numberOf(other, FC_WIDTH, FC_WIDTH_NORMAL) ==
-                       numberOf(chosen, FC_WIDTH, FC_WIDTH_NORMAL);
+            return !isScalable(set->fonts[row]) && sameStyle(row, face);
         });
         return rows;
     }
@@ -248,6 +281,7 @@ FontCatalog::FontCatalog() : Table(std::make_unique<Rows>())
     Q_ASSERT(!currentCatalog);
     currentCatalog = this;
     readFamilies();
+    splitFamilies();
     addReplacedFamilies();
     useLeanConfiguration();
 }
@@ -265,25 +299,75 @@ FontCatalog &FontCatalog::current()
 
 void FontCatalog::readFamilies()
 {
-    const Rows &rows = *Table;
+    Rows &rows = *Table;
     IndexByName.reserve(rows.count());
+    const FcPattern *whole = nullptr;
     for (int row = 0; row < rows.count(); ++row) {
         // A variable font comes once as a whole, which is this, and once for each named style.
         if (flagOf(rows[row], FC_VARIABLE))
             continue;
-        const QString name = familyNameOf(rows[row]);
+        FaceName face = faceNameOf(rows[row]);
+        // fontconfig leaves out one or the other family of some named styles. They come right after
+        // the font as it stands, which has both.
+        if (whole && isNamedStyleOf(rows[row], whole))
+            face.family = typographicFamilyOf(whole);
+        else
+            whole = rows[row];
+        const QString name = QString::fromUtf8(face.family);
         if (name.isEmpty())
             continue;
-        const QString key = keyOf(name);
-        auto found = IndexByName.find(key);
-        if (found == IndexByName.end()) {
-            found = IndexByName.insert(key, static_cast<int>(Families.size()));
-            Families.push_back({name});
-            Entries.emplace_back();
-        }
-        const auto index = static_cast<std::size_t>(*found);
+        rows.calledBold[static_cast<std::size_t>(row)] = qstrnicmp(face.style, "Bold", 4) == 0;
+        const auto index = static_cast<std::size_t>(entryFor(name));
         Entries[index].rows.push_back(row);
         Families[index].fontType = std::max(Families[index].fontType, fontTypeOf(rows[row]));
+    }
+}
+
+/// The place of a family, a new one at the end if it is not there.
+int FontCatalog::entryFor(const QString &name)
+{
+    const QString key = keyOf(name);
+    auto found = IndexByName.find(key);
+    if (found == IndexByName.end()) {
+        found = IndexByName.insert(key, static_cast<int>(Families.size()));
+        Families.push_back({name});
+        Entries.emplace_back();
+    }
+    return *found;
+}
+
+/// Gives the faces that no style of their family shows a family of their own, named by their style:
+/// those of fonts without an old family name, and the named styles of variable fonts.
+void FontCatalog::splitFamilies()
+{
+    const Rows &rows = *Table;
+    const std::size_t whole = Families.size();
+    for (std::size_t index = 0; index < whole; ++index) {
+        if (Entries[index].rows.size() < 2)
+            continue;
+        const std::vector<int> family = Entries[index].rows;
+        const auto styles = rows.fourStyles(family);
+        std::vector<int> kept;
+        for (const int row : family) {
+            const bool shown = std::ranges::any_of(styles, [&](const std::optional<int> &style) {
+                return style && rows.sameStyle(*style, row);
+            });
+            const QString rest = shown ? QString() : restOfStyle(faceNameOf(rows[row]).style);
+            const QString name = Families[index].name;
+            if (rest.isEmpty() || name.endsWith(rest, Qt::CaseInsensitive)) {
+                kept.push_back(row);
+                continue;
+            }
+            const auto own = static_cast<std::size_t>(entryFor(name + u' ' + rest));
+            Entries[own].rows.push_back(row);
+            Families[own].fontType = std::max(Families[own].fontType, fontTypeOf(rows[row]));
+        }
+        if (kept.size() == family.size())
+            continue;
+        Entries[index].rows = kept;
+        Families[index].fontType = RASTER_FONTTYPE;
+        for (const int row : kept)
+            Families[index].fontType = std::max(Families[index].fontType, fontTypeOf(rows[row]));
     }
 }
 
@@ -322,7 +406,7 @@ void FontCatalog::addReplacedFamilies()
             const auto index = static_cast<std::size_t>(*found);
             IndexByName.insert(keyOf(name), static_cast<int>(Families.size()));
             Families.push_back({name, Families[index].fontType});
-            Entries.push_back({Entries[index].rows, {}});
+            Entries.push_back({Entries[index].rows});
         }
     }
 }
@@ -403,24 +487,11 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
     return chosen;
 }
 
-/// The user's rules without the user's font folders, and the text fonts.
 /// The same rules without any font folder, and the chosen rows alone. The one configuration is
 /// changed, since reading the rules a second time costs as much as the first.
 void FontCatalog::useLeanConfiguration()
 {
     Rows &rows = *Table;
-    QString aliases;
-    for (std::size_t i = 0; i < Families.size(); ++i) {
-        if (!looksLikeFoundry(Families[i].name))
-            continue;
-        // Asked for under this name, the toolkit finds no such family, asks fontconfig for another
-        // and takes the answer as it stands.
-        Entries[i].toolkitName = QStringLiteral("Zendova family %1").arg(i);
-        aliases += QStringLiteral("<match target=\"pattern\"><test name=\"family\"><string>%1"
-                                  "</string></test><edit name=\"family\" mode=\"assign\" "
-                                  "binding=\"strong\"><string>%2</string></edit></match>")
-                       .arg(Entries[i].toolkitName, Families[i].name.toHtmlEscaped());
-    }
     std::vector<int> chosen, sansSerif;
     for (const char *generic : genericFamilies) {
         const std::vector<int> installed = installedFor(generic);
@@ -432,24 +503,21 @@ void FontCatalog::useLeanConfiguration()
     if (!rows.config)
         rows.config.reset(FcConfigCreate());
     FcConfig *lean = rows.config.get();
-    const QByteArray noFolders =
-        QStringLiteral("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM "
-                       "\"urn:fontconfig:fonts.dtd\"><fontconfig>"
-                       "<reset-dirs/>%1</fontconfig>")
-            .arg(aliases)
-            .toUtf8();
-    FcConfigParseAndLoadFromMemory(lean, bytes(noFolders.constData()), FcFalse);
+    constexpr auto noFolders =
+        "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM "
+        "\"urn:fontconfig:fonts.dtd\"><fontconfig><reset-dirs/></fontconfig>";
+    FcConfigParseAndLoadFromMemory(lean, bytes(noFolders), FcFalse);
     // Else fontconfig would some day notice a changed font folder and load everything.
     FcConfigSetRescanInterval(lean, 0);
     FcConfigBuildFonts(lean);
     FcFontSet *fonts = FcConfigGetFonts(lean, FcSetSystem);
-    for (const int row : chosen) {
-        if (!fonts || rows.inToolkit[static_cast<std::size_t>(row)])
-            continue;
-        rows.inToolkit[static_cast<std::size_t>(row)] = true;
-        // The row itself, not its file: a file would be opened and all its characters counted.
-        FcFontSetAdd(fonts, FcPatternDuplicate(rows[row]));
-    }
+    std::ranges::sort(chosen);
+    const auto repeated = std::ranges::unique(chosen);
+    chosen.erase(repeated.begin(), repeated.end());
+    // The row itself, not its file: a file would be opened and all its characters counted.
+    for (const int row : chosen)
+        if (fonts)
+            FcFontSetAdd(fonts, FcPatternDuplicate(rows[row]));
     FcConfigSetCurrent(lean);
 }
 
@@ -479,57 +547,91 @@ bool FontCatalog::builtInItalic(const QString &family) const
 
 QFont FontCatalog::font(const QString &family)
 {
-    QString name = family;
+    QStringList names = {family};
     if (const auto index = indexOf(family)) {
+        names = {toolkitName(*index), missingFamily};
         Entry &entry = Entries[static_cast<std::size_t>(*index)];
         if (!entry.loaded) {
             entry.loaded = true;
-            const QString known = load(entry.rows);
-            if (entry.toolkitName.isEmpty())
-                entry.toolkitName = known;
+            load(*index);
         }
-        name = entry.toolkitName;
     }
     QFont font;
-    // As a list: in a single name the toolkit takes a comma for a separator.
-    font.setFamilies({name});
+    // As a list: in a single name the toolkit takes a comma for a separator. It shows the second
+    // where it can't load the first, before it would ask fontconfig for another.
+    font.setFamilies(names);
     font.setStyleStrategy(QFont::NoFontMerging);
     return font;
 }
 
-/// Gives the toolkit the faces that the four styles resolve to, unless it has them. Returns the
-/// family's name there: fontconfig's rules may have renamed what stands in the file.
-QString FontCatalog::load(const std::vector<int> &faces)
+/// Gives the toolkit the faces of the four styles.
+void FontCatalog::load(int index)
 {
-    Rows &rows = *Table;
-    const int regular = rows.face(faces, false, false);
-    QString name = familyNameOf(rows[regular]);
-    std::set<int> needed;
-    for (const bool bold : {false, true})
-        for (const bool italic : {false, true})
-            std::ranges::copy(rows.sizes(faces, rows.face(faces, bold, italic)),
-                              std::inserter(needed, needed.end()));
-    std::set<QString> added;
-    for (const int row : needed) {
-        if (rows.inToolkit[static_cast<std::size_t>(row)])
+    const std::vector<int> &family = rowsAt(index);
+    const auto styles = Table->fourStyles(family);
+    for (std::size_t style = 0; style < styles.size(); ++style) {
+        if (!styles[style])
             continue;
-        rows.inToolkit[static_cast<std::size_t>(row)] = true;
-        FcChar8 *path = nullptr;
-        FcPatternGetString(rows[row], FC_FILE, 0, &path);
-        const QString file = QFile::decodeName(reinterpret_cast<const char *>(path));
-        // The high half of the index is the named style of a variable font.
-        const int place = numberOf(rows[row], FC_INDEX, 0) & 0xFFFF;
-        int id = -1;
-        if (flagOf(rows[row], FC_SYMBOL))
-            id = addSymbolFont(file, place);
-        if (id < 0) {
-            if (!added.insert(file).second)
-                continue;
-            id = QFontDatabase::addApplicationFont(file);
-        }
-        const QStringList names = QFontDatabase::applicationFontFamilies(id);
-        if (row == regular && !names.isEmpty() && !names.contains(name, Qt::CaseInsensitive))
-            name = names.value(place, names.first());
+        // A family without a regular face has its bold one in that place, which stays bold: else
+        // the toolkit would make it bolder still.
+        const bool bold = style & 1 || Table->isBold(*styles[style]);
+        const bool italic = style & 2 || Table->slanted(*styles[style]);
+        for (const int row : Table->sizes(family, *styles[style]))
+            addToToolkit(row, index, bold, italic);
     }
-    return name;
+    // The toolkit reads its configuration anew after a font of the application is taken away, and
+    // only then. Ours is one that is always wanted.
+    const QByteArray missing = sfnt::missingGlyphFont(missingFamily);
+    if (MissingFont < 0)
+        MissingFont = QFontDatabase::addApplicationFontFromData(missing);
+    QFontDatabase::removeApplicationFont(MissingFont);
+    MissingFont = QFontDatabase::addApplicationFontFromData(missing);
+}
+
+void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
+{
+    const FcPattern *face = (*Table)[row];
+    FcFontSet *fonts = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
+    FcChar8 *path = nullptr;
+    if (!fonts || FcPatternGetString(face, FC_FILE, 0, &path) != FcResultMatch)
+        return;
+    const auto *encoded = reinterpret_cast<const char *>(path);
+    const QString name = toolkitName(index);
+    const int place = numberOf(face, FC_INDEX, 0);
+    const QString style = bold     ? italic ? QStringLiteral("Bold Italic") : QStringLiteral("Bold")
+                              : italic ? QStringLiteral("Italic")
+                                   : QStringLiteral("Regular");
+    const auto sizes = isScalable(face) ? std::vector<int>() : drawableSizes(encoded, place);
+    if (isScalable(face) ? !hasDrawableOutlines(encoded, place) : sizes.empty())
+        return;
+    if (flagOf(face, FC_SYMBOL) &&
+        addSymbolFont(QFile::decodeName(encoded), place & 0xFFFF, sfnt::writeNames(name, style)))
+        return;
+    FcPattern *own = FcPatternDuplicate(face);
+    // The toolkit groups by maker, and weighs width and weight: they are of no use within one
+    // family, and lead to a wrong face. Which languages a face is for does not count where no
+    // other font may help out, and would be most of the work of reading the row.
+    for (const char *object :
+         {FC_FAMILY, FC_FAMILYLANG, FC_STYLE, FC_STYLELANG, FC_FULLNAME, FC_FULLNAMELANG,
+          FC_FOUNDRY, FC_WEIGHT, FC_WIDTH, FC_SLANT, FC_LANG, FC_CHARSET, FC_CAPABILITY})
+        FcPatternDel(own, object);
+    FcPatternAddString(own, FC_FAMILY, bytes(name.toUtf8().constData()));
+    FcPatternAddString(own, FC_STYLE, bytes(style.toUtf8().constData()));
+    FcPatternAddInteger(own, FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(own, FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddInteger(own, FC_WIDTH, FC_WIDTH_NORMAL);
+    // The user's rules for the drawing of a family (hints, smooth edges) still know it.
+    FcPatternAddString(own, FC_FAMILY,
+                       bytes(Families[static_cast<std::size_t>(index)].name.toUtf8().constData()));
+    // The sizes that fontconfig tells are those that the font's properties claim.
+    for (const int size : sizes) {
+        FcPattern *sized = FcPatternDuplicate(own);
+        FcPatternDel(sized, FC_PIXEL_SIZE);
+        FcPatternAddDouble(sized, FC_PIXEL_SIZE, size);
+        FcFontSetAdd(fonts, sized);
+    }
+    if (sizes.empty())
+        FcFontSetAdd(fonts, own);
+    else
+        FcPatternDestroy(own);
 }

@@ -44,7 +44,10 @@ public:
     /// The one catalog of the process, which must exist.
     static FontCatalog &current();
 
-    /// One entry a family, in fontconfig's order, followed by those of Arial, Times New Roman and
+    /// One entry a family of four styles (regular, bold, italic, bold italic), so that every face
+    /// can be picked: "DejaVu Sans Condensed" is one beside "DejaVu Sans". A style of a variable
+    /// font or of a bigger family is named after it ("Inter Semi Bold"). In fontconfig's order,
+    /// followed by those named after styles, and by those of Arial, Times New Roman and
     /// Courier New that are not installed but that the configuration replaces by a family of their
     /// own (not just by the common text font).
     const std::vector<FontFamily> &families() const { return Families; }
@@ -60,9 +63,10 @@ public:
     bool builtInItalic(const QString &family) const;
 
     /// A font that shows this family and borrows no glyph from another, in the application's size.
-    /// Its files are given to the toolkit at the first call, so QGuiApplication must exist. The
-    /// font may name the family otherwise than the catalog does: never read a name back from it.
-    /// A family that is not there, or whose files cannot be read any more, shows in a text font.
+    /// Its bold and italic are the faces of this very family. The toolkit learns of it at the first
+    /// call, so QGuiApplication must exist. The font names the family otherwise than the catalog
+    /// does: never read a name back from it. Where a family can't be loaded, it shows missing
+    /// glyphs; a family that is not there shows in a text font.
     QFont font(const QString &family);
 
 private:
@@ -70,7 +74,6 @@ private:
     struct Entry
     {
         std::vector<int> rows; ///< the family's faces, by their place in fontconfig's list
-        QString toolkitName;
         bool loaded = false;
     };
 
@@ -81,16 +84,20 @@ private:
         return Entries[static_cast<std::size_t>(index)].rows;
     }
     void readFamilies();
+    int entryFor(const QString &name);
+    void splitFamilies();
     void addReplacedFamilies();
     std::vector<int> installedFor(const char *generic) const;
     std::vector<int> textRows(const std::vector<int> &installed) const;
     std::vector<int> scriptRows(const std::vector<int> &textRows,
                                 const std::vector<int> &preferred) const;
     void useLeanConfiguration();
-    QString load(const std::vector<int> &faces);
+    void load(int index);
+    void addToToolkit(int row, int index, bool bold, bool italic);
 
     std::unique_ptr<Rows> Table;
     std::vector<FontFamily> Families;
     std::vector<Entry> Entries; ///< beside Families
     QHash<QString, int> IndexByName;
+    int MissingFont = -1; ///< the toolkit's number of the font that stands for those not loaded
 };

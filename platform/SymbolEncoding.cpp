@@ -3,6 +3,7 @@
 #include "platform/SymbolEncoding.h"
 
 #include "platform/CodePage.h"
+#include "platform/SfntWriter.h"
 
 #include <QtEndian>
 #include <algorithm>
@@ -12,14 +13,8 @@
 
 namespace {
 
-constexpr quint32 tag(const char (&name)[5])
-{
-    return quint32(quint8(name[0])) << 24 | quint32(quint8(name[1])) << 16 |
-           quint32(quint8(name[2])) << 8 | quint8(name[3]);
-}
-
-constexpr qsizetype directoryHeaderSize = 12;
-constexpr qsizetype directoryEntrySize = 16;
+using sfnt::append;
+using sfnt::tag;
 
 /// Reads numbers at offsets. A read outside the data gives 0 and is remembered in failed(), so that
 /// one question at the end of a step serves all its reads.
@@ -54,14 +49,6 @@ private:
     QByteArrayView Data;
     bool Failed = false;
 };
-
-template<typename Number>
-void append(QByteArray &bytes, Number number)
-{
-    std::array<char, sizeof(Number)> raw;
-    qToBigEndian(number, raw.data());
-    bytes.append(raw.data(), raw.size());
-}
 
 /// "cmap" subtable format 4: segments of codes, each with an offset into a list of glyphs or a
 /// number to add to the code. It tells its own length, which must fit its place.
@@ -205,58 +192,10 @@ QByteArray writeCmap(const GlyphMap &glyphs)
     return cmap + subtable;
 }
 
-struct Table
-{
-    quint32 tag;
-    QByteArrayView data;
-};
-
-quint32 checksum(QByteArrayView padded)
-{
-    quint32 sum = 0;
-    for (qsizetype at = 0; at + 4 <= padded.size(); at += 4)
-        sum += qFromBigEndian<quint32>(padded.data() + at);
-    return sum;
-}
-
-QByteArray writeFont(quint32 version, const std::vector<Table> &tables)
-{
-    const auto count = static_cast<quint16>(tables.size());
-    quint16 power = 0;
-    while (2 << power <= count)
-        ++power;
-    const auto range = static_cast<quint16>(16 << power);
-    QByteArray font;
-    append(font, version);
-    for (const quint16 number :
-         {count, range, power, static_cast<quint16>(directoryEntrySize * count - range)})
-        append(font, number);
-    QByteArray body;
-    qsizetype adjustmentAt = -1;
-    const qsizetype bodyAt = directoryHeaderSize + directoryEntrySize * count;
-    for (const auto &[name, data] : tables) {
-        const auto length = static_cast<quint32>(data.size());
-        QByteArray padded = data.toByteArray();
-        padded.append((4 - length % 4) % 4, '\0');
-        if (name == tag("head") && length >= 12) {
-            padded.replace(8, 4, QByteArray(4, '\0'));
-            adjustmentAt = bodyAt + body.size() + 8;
-        }
-        append(font, name);
-        append(font, checksum(padded));
-        append(font, static_cast<quint32>(bodyAt + body.size()));
-        append(font, length);
-        body += padded;
-    }
-    font += body;
-    if (adjustmentAt >= 0)
-        qToBigEndian<quint32>(0xB1B0AFBA - checksum(font), font.data() + adjustmentAt);
-    return font;
-}
-
 } // namespace
 
-std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face)
+std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face,
+                                              const QByteArray &names)
 {
     Reader reader(font);
     quint64 directory = 0;
@@ -269,11 +208,11 @@ std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face)
     if (version != 0x00010000 && version != tag("OTTO") && version != tag("true"))
         return std::nullopt;
 
-    std::vector<Table> tables;
+    std::vector<sfnt::Table> tables;
     quint64 copied = 0;
     const quint64 count = reader.u16(directory + 4);
     for (quint64 i = 0; i < count; ++i) {
-        const quint64 entry = directory + directoryHeaderSize + i * directoryEntrySize;
+        const quint64 entry = directory + sfnt::directoryHeaderSize + i * sfnt::directoryEntrySize;
         const quint32 name = reader.u32(entry);
         const auto data = reader.part(reader.u32(entry + 8), reader.u32(entry + 12));
         // Tables may share bytes, so the sum can pass the size, but not by much in an honest font.
@@ -283,11 +222,14 @@ std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face)
         if (name != tag("DSIG"))
             tables.push_back({name, *data});
     }
-    const auto cmap = std::ranges::find(tables, tag("cmap"), &Table::tag);
+    const auto cmap = std::ranges::find(tables, tag("cmap"), &sfnt::Table::tag);
     const auto glyphs = cmap == tables.end() ? std::nullopt : readSymbolGlyphs(cmap->data);
     if (!glyphs)
         return std::nullopt;
     const QByteArray ownCmap = writeCmap(*glyphs);
     cmap->data = ownCmap;
+    const auto name = std::ranges::find(tables, tag("name"), &sfnt::Table::tag);
+    if (name != tables.end() && !names.isEmpty())
+        name->data = names;
     return writeFont(version, tables);
 }

@@ -11,4 +11,6 @@
 /// U+F000 + c, or of c itself where the font has it there. Codes 32..255 are mapped, no others.
 /// `font` is a whole file, a collection included; `face` counts from 0. Gives nothing when the data
 /// is no such font, is damaged, or shares its bytes among tables so often that a copy would grow.
-std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face);
+/// `names`, unless empty, takes the place of the "name" table.
+std::optional<QByteArray> symbolFontAsUnicode(QByteArrayView font, int face,
+                                              const QByteArray &names = {});

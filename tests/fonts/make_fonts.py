@@ -15,6 +15,7 @@ from fontTools.pens.t2CharStringPen import T2CharStringPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib import TTCollection, TTFont, newTable
 from fontTools.ttLib.tables._c_m_a_p import CmapSubtable
+from fontTools.ttLib.tables.TupleVariation import TupleVariation
 
 HERE = pathlib.Path(__file__).parent
 EM, ADVANCE, ASCENT, DESCENT = 1024, 1024, 960, 64
@@ -98,7 +99,8 @@ def symbol_cmap(names):
 
 
 def build(family, number, codes=ALL, style="Regular", symbol=False, cff=False, blank_space=True,
-          character_of=to_unicode, japanese=None):
+          character_of=to_unicode, japanese=None, typographic=None, weight=None, width=5):
+    """`typographic`: family and style there, where they are others than the old ones."""
     bits = glyph_bits(number, codes, blank_space)
     glyphs = postscript_glyphs(bits) if cff else true_type_glyphs(bits)
     names = [".notdef"] + sorted(name for name in glyphs if name != ".notdef")
@@ -119,7 +121,10 @@ def build(family, number, codes=ALL, style="Regular", symbol=False, cff=False, b
                             "fullName": f"{family} {style}", "psName": post_script_name,
                             "uniqueFontIdentifier": f"{family} {style}", "version": "1.0"},
                            mac=False)
-    builder.setupOS2(version=4, usWeightClass=700 if bold else 400, usWinAscent=ASCENT,
+    for name_id, name in zip((16, 17), typographic or ()):
+        builder.font["name"].setName(name, name_id, 3, 1, 0x409)
+    builder.setupOS2(version=4, usWeightClass=weight or (700 if bold else 400), usWidthClass=width,
+                     usWinAscent=ASCENT,
                      usWinDescent=DESCENT, sTypoAscender=ASCENT, sTypoDescender=-DESCENT,
                      sTypoLineGap=0, usFirstCharIndex=0xF020 if symbol else 0x20,
                      usLastCharIndex=0xF0FF if symbol else 0xFFFF,
@@ -148,11 +153,36 @@ def save_collection(builders, file_name):
 
 
 def save_variable(file_name):
-    builder = build("Zt Variable", 16, PLAIN)
-    builder.setupFvar([("wght", 400, 400, 700, "Weight")],
-                      [{"location": {"wght": 400}, "stylename": "Regular"},
+    """The light style is the font as it stands and gives it its old name. In the regular style the
+    cell of its number in the fourth row is one to the right, which doubles the number, and in the
+    bold one two."""
+    builder = build("Zt Variable Light", 16, PLAIN, typographic=("Zt Variable", "Light"),
+                    weight=300)
+    builder.setupFvar([("wght", 300, 300, 700, "Weight")],
+                      [{"location": {"wght": 300}, "stylename": "Light"},
+                       {"location": {"wght": 400}, "stylename": "Regular"},
                        {"location": {"wght": 700}, "stylename": "Bold"}])
-    builder.setupGvar({})
+    # A composite glyph varies by the offsets of its components; four more points are its metrics.
+    last = len(builder.font["glyf"]["c41"].components) - 1
+    builder.setupGvar({"c41": [
+        TupleVariation({"wght": peak}, [(PITCH * far if place == last else 0, 0)
+                                        for place in range(last + 5)])
+        for peak, far in (((0, 0.25, 1), 1), ((0.25, 1, 1), 2))]})
+    save(builder, file_name)
+
+
+def save_vast(file_name):
+    """One glyph reaches 29 ems to the right."""
+    builder = build("Zt Vast", 30, PLAIN)
+    builder.font["glyf"]["c7E"].components[0].x = 30000
+    save(builder, file_name)
+
+
+def save_for_macintosh(file_name):
+    """Old names for Windows, and for the Macintosh the names that it groups by."""
+    builder = build("Zt Old Light", 28, PLAIN, weight=300)
+    for name_id, name in ((1, "Zt Old"), (2, "Light")):
+        builder.font["name"].setName(name, name_id, 1, 0, 0)
     save(builder, file_name)
 
 
@@ -209,5 +239,17 @@ save_collection([build("Zt First", 17, PLAIN), build("Zt Second", 18, PLAIN)], "
 save(build("Zt Cyrillic", 21, range(256), character_of=lambda code: 0x400 + code),
      "cyrillic.ttf")
 save(build("Zt Twin", 22, PLAIN, japanese="Zt \u53cc\u5b50"), "twin.ttf")
+save(build("Zt Wide", 23, PLAIN), "wide.ttf")
+save(build("Zt Wide Condensed", 24, PLAIN, typographic=("Zt Wide", "Condensed"), width=3),
+     "wide-condensed.ttf")
+save(build("Zt Wide Condensed", 25, PLAIN, style="Bold",
+           typographic=("Zt Wide", "Condensed Bold"), width=3), "wide-condensedbold.ttf")
+save(build("Zt Wide Light", 26, PLAIN, typographic=("Zt Wide", "Light"), weight=300),
+     "wide-light.ttf")
+save(build("Zt Wide Light", 29, PLAIN, style="Bold", typographic=("Zt Wide", "Medium"),
+           weight=500), "wide-lightbold.ttf")
+save(build("Zt Wide", 27, PLAIN, style="Extra Light", weight=200), "wide-extralight.ttf")
+save_vast("vast.ttf")
+save_for_macintosh("macintosh.ttf")
 whole = (HERE / "latin.ttf").read_bytes()
 (HERE / "damaged.ttf").write_bytes(whole[:200])

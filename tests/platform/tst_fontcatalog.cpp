@@ -12,23 +12,47 @@
 
 namespace {
 
-/// A character painted as a text control would. `cell` as for readGlyph.
-GlyphPicture shown(QFont font, QChar character, int cell = 7)
+constexpr QPoint origin(8, 48);
+
+/// A character painted as a text control would.
+QImage painted(QFont font, QChar character, int pixels)
 {
-    constexpr QPoint origin(8, 48);
-    font.setPixelSize(cell == 7 ? 32 : 16);
+    font.setPixelSize(pixels);
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setFont(font);
     painter.drawText(origin, QString(character));
     painter.end();
-    return readGlyph(image, origin, cell);
+    return image;
+}
+
+/// `cell` as for readGlyph.
+GlyphPicture shown(const QFont &font, QChar character, int cell = 7)
+{
+    return readGlyph(painted(font, character, cell == 7 ? 32 : 16), origin, cell);
 }
 
 QFont fontOf(const QString &family)
 {
     return FontCatalog::current().font(family);
+}
+
+QFont fontOf(const QString &family, bool bold, bool italic)
+{
+    QFont font = fontOf(family);
+    font.setBold(bold);
+    font.setItalic(italic);
+    return font;
+}
+
+/// A name as TrueType fonts hold it.
+QByteArray utf16(const QByteArray &latin)
+{
+    QByteArray wide;
+    for (const char letter : latin)
+        wide.append('\0').append(letter);
+    return wide;
 }
 
 } // namespace
@@ -42,6 +66,11 @@ private slots:
     void shows_data();
     void shows();
     void styles();
+    void facesBeyondFourStyles_data();
+    void facesBeyondFourStyles();
+    void traits();
+    void cannotBeDrawn_data();
+    void cannotBeDrawn();
     void everyCodeOfASymbolFont();
     void borrowsNoGlyphs();
 };
@@ -55,10 +84,13 @@ void TestFontCatalog::lists()
         listed += QString("%1 %2").arg(family.name).arg(family.fontType);
     listed.sort();
     QCOMPARE(listed.join(", "),
-             QString("Arial 4, Zt \"One\", Two 4, Zt Bitmap 1, Zt Bold Only 4, Zt Cyrillic 4, "
-                     "Zt First 4, Zt Four 4, Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, "
-                     "Zt Latin 4, Zt Liar 4, Zt Maker [Foundry] 4, Zt Mixed 2, Zt Outline 2, "
-                     "Zt Second 4, Zt Symbol 4, Zt Test 24 4, Zt Twin 4, Zt Variable 4, torn 4"));
+             QString("Arial 4, Zt \"One\", Two 4, Zt Absurd 1, Zt Bitmap 1, Zt Blend 2, "
+                     "Zt Bold Only 4, Zt Cyrillic 4, Zt Dense 1, Zt First 4, Zt Four 4, "
+                     "Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, Zt Latin 4, Zt Liar 4, "
+                     "Zt Maker [Foundry] 4, Zt Mixed 2, Zt Old Light 4, Zt Outline 2, "
+                     "Zt Second 4, Zt Symbol 4, Zt Tall 1, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
+                     "Zt Variable Light 4, Zt Vast 4, Zt Wide 4, Zt Wide Condensed 4, "
+                     "Zt Wide Extra Light 4, Zt Wide Light 4, torn 4"));
     QVERIFY(FontCatalog::current().contains("ZT LATIN"));
 }
 
@@ -75,13 +107,13 @@ void TestFontCatalog::shows_data()
                                        {"Zt Liar", 12},
                                        {"Zt Maker [Foundry]", 14},
                                        {"Zt \"One\", Two", 15},
-                                       {"Zt Variable", 16},
+                                       {"Zt Variable", 32},
                                        {"Zt First", 17},
                                        {"Zt Second", 18},
                                        {"Zt Mixed", 19},
+                                       {"Zt Absurd", 20},
                                        {"Zt Twin", 22},
                                        {"Arial", 1},
-                                       {"Zt Gone 24", 1},
                                        {"Not There", 1}})
         QTest::newRow(family) << font;
 }
@@ -90,16 +122,15 @@ void TestFontCatalog::shows()
 {
     QFETCH(int, font);
     const QString family = QTest::currentDataTag();
-    const GlyphPicture glyph = shown(fontOf(family), u'A', family == "Zt Bitmap" ? 4 : 7);
+    const GlyphPicture glyph =
+        shown(fontOf(family), u'A', family == "Zt Bitmap" || family == "Zt Absurd" ? 4 : 7);
     QCOMPARE(glyph, (GlyphPicture{.code = font ? 'A' : 0, .font = font}));
 }
 
 void TestFontCatalog::styles()
 {
     for (const int style : {0, 1, 2, 3}) {
-        QFont font = fontOf("Zt Four");
-        font.setBold(style & 1);
-        font.setItalic(style & 2);
+        const QFont font = fontOf("Zt Four", style & 1, style & 2);
         QCOMPARE(shown(font, u'A'), (GlyphPicture{.code = 'A', .font = 8 + style}));
     }
     const FontCatalog &catalog = FontCatalog::current();
@@ -107,6 +138,75 @@ void TestFontCatalog::styles()
         QCOMPARE(catalog.builtInBold(family.name), family.name == "Zt Bold Only");
         QCOMPARE(catalog.builtInItalic(family.name), family.name == "Zt Italic Only");
     }
+}
+
+void TestFontCatalog::facesBeyondFourStyles_data()
+{
+    QTest::addColumn<int>("regular"); // numbers in make_fonts.py; the variable font's are made
+    QTest::addColumn<int>("bold");    // of its 16
+    QTest::newRow("Zt Wide") << 23 << 23;
+    QTest::newRow("Zt Wide Condensed") << 24 << 25;
+    QTest::newRow("Zt Wide Light") << 26 << 29;
+    QTest::newRow("Zt Wide Extra Light") << 27 << 27;
+    QTest::newRow("Zt Variable") << 32 << 64;
+    QTest::newRow("Zt Variable Light") << 16 << 16;
+    QTest::newRow("Zt Old Light") << 28 << 28;
+}
+
+void TestFontCatalog::facesBeyondFourStyles()
+{
+    QFETCH(int, regular);
+    QFETCH(int, bold);
+    // First one that could lend its faces to all others.
+    fontOf("Zt Wide Condensed");
+    const QString family = QTest::currentDataTag();
+    QCOMPARE(shown(fontOf(family), u'A'), (GlyphPicture{.code = 'A', .font = regular}));
+    QCOMPARE(shown(fontOf(family, true, false), u'A').font, bold);
+}
+
+void TestFontCatalog::traits()
+{
+    const FontCatalog &catalog = FontCatalog::current();
+    QStringList told;
+    for (std::size_t i = 0; i < catalog.families().size(); ++i) {
+        const FontTraits traits = catalog.traits(static_cast<int>(i));
+        const QString &name = catalog.families()[i].name;
+        if (traits.weight != 400 || traits.italic || traits.symbol)
+            told += QString("%1: %2 %3%4")
+                        .arg(name)
+                        .arg(traits.weight)
+                        .arg(traits.italic ? "italic" : "", traits.symbol ? "symbol" : "");
+    }
+    told.sort();
+    QCOMPARE(told.join(", "), QString("Zt Bold Only: 700 , Zt Italic Only: 400 italic, Zt Liar: "
+                                      "400 symbol, Zt Old Light: 300 , "
+                                      "Zt Symbol: 400 symbol, Zt Variable Light: 300 , "
+                                      "Zt Wide Extra Light: 200 , Zt Wide Light: 300 "));
+}
+
+void TestFontCatalog::cannotBeDrawn_data()
+{
+    QTest::addColumn<QString>("family");
+    for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
+        QTest::newRow(family) << QString(family);
+}
+
+/// One and the same box for every code, whatever the size and style: no other font's glyphs.
+void TestFontCatalog::cannotBeDrawn()
+{
+    QFETCH(QString, family);
+    for (const int pixels : {11, 16, 32})
+        for (const int style : {0, 1, 2, 3}) {
+            const QFont font = fontOf(family, style & 1, style & 2);
+            const QImage box = painted(font, u'A', pixels);
+            QImage empty(box.size(), box.format());
+            empty.fill(Qt::white);
+            QVERIFY(box != empty);
+            for (int code = 33; code < 256; ++code)
+                QVERIFY2(code == 0xAD ||
+                             painted(font, CodePage::toUnicode(quint8(code)), pixels) == box,
+                         qPrintable(QString("code %1, %2 pixels").arg(code).arg(pixels)));
+        }
 }
 
 void TestFontCatalog::everyCodeOfASymbolFont()
@@ -139,9 +239,23 @@ int main(int argc, char *argv[])
     // length, is gone once the catalog was read.
     const QByteArray whole = contentOf(fonts.filePath("latin.ttf"));
     writeFile(folder.filePath("torn.ttf"), whole.first(whole.size() / 2));
-    QByteArray renamed = contentOf(fonts.filePath("digits.ttf"));
-    renamed.replace(QByteArray("\0T\0e\0s\0t", 8), QByteArray("\0G\0o\0n\0e", 8));
-    const QString gone = writeFile(folder.filePath("gone.ttf"), renamed);
+    const auto renamed = [&](const char *file, const QByteArray &from, const QByteArray &to) {
+        return contentOf(fonts.filePath(file)).replace(utf16(from), utf16(to)).replace(from, to);
+    };
+    const QString gone =
+        writeFile(folder.filePath("gone.ttf"), renamed("digits.ttf", "Test", "Gone"));
+    // A family in two formats, as "Zt Mixed" is, read in the other order.
+    writeFile(folder.filePath("blend-1.otf"), renamed("mixed.otf", "Mixed", "Blend"));
+    writeFile(folder.filePath("blend-2.bdf"), renamed("mixed.bdf", "Mixed", "Blend"));
+    // Eight bits a pixel; a glyph too high; and properties that contradict the glyphs.
+    writeFile(folder.filePath("dense.bdf"),
+              renamed("mixed.bdf", "Mixed", "Dense").replace("SIZE 16", "SIZE 0 16"));
+    writeFile(folder.filePath("tall.bdf"),
+              renamed("mixed.bdf", "Mixed", "Tall").replace("BBX 16 16", "BBX 16 300"));
+    writeFile(folder.filePath("absurd.bdf"),
+              renamed("mixed.bdf", "Mixed", "Absurd")
+                  .replace("FONTBOUNDINGBOX 16 16", "FONTBOUNDINGBOX 32767 32767")
+                  .replace("STARTPROPERTIES 7", "STARTPROPERTIES 8\nPIXEL_SIZE 0"));
 
     const TestFonts testFonts(folder.path());
     FontCatalog catalog;

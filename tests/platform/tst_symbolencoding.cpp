@@ -6,6 +6,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 #include <QtEndian>
+#include <ft2build.h>
+#include FT_FREETYPE_H
 
 namespace {
 
@@ -35,6 +37,26 @@ QByteArray bombOf(QByteArray font)
     return font;
 }
 
+/// What a reader of fonts finds for a character.
+FT_UInt glyphOf(const QByteArray &font, FT_ULong character)
+{
+    FT_Library library = nullptr;
+    FT_Face face = nullptr;
+    FT_UInt glyph = 0;
+    if (FT_Init_FreeType(&library) == 0 &&
+        FT_New_Memory_Face(library, reinterpret_cast<const FT_Byte *>(font.data()),
+                           static_cast<FT_Long>(font.size()), 0, &face) == 0 &&
+        FT_Select_Charmap(face, FT_ENCODING_UNICODE) == 0)
+        glyph = FT_Get_Char_Index(face, character);
+    FT_Done_FreeType(library);
+    return glyph;
+}
+
+void putShort(QByteArray &font, qsizetype at, quint16 number)
+{
+    qToBigEndian(number, font.data() + at);
+}
+
 } // namespace
 
 class TestSymbolEncoding : public QObject
@@ -43,6 +65,7 @@ class TestSymbolEncoding : public QObject
 
 private slots:
     void refuses();
+    void segments();
     void truncatedAnywhere();
     void mutated();
 
@@ -63,6 +86,42 @@ void TestSymbolEncoding::refuses()
         const QByteArray changed = QByteArray(Symbol).replace(at, qstrlen(bytes), bytes);
         QVERIFY2(!symbolFontAsUnicode(changed, 0), qPrintable(QString::number(at)));
     }
+}
+
+/// A copy has a list of glyphs for each of its segments, so it is what is changed here.
+void TestSymbolEncoding::segments()
+{
+    const QByteArray copy = symbolFontAsUnicode(Symbol, 0).value_or(QByteArray());
+    const FT_UInt glyphA = glyphOf(copy, 'A');
+    QVERIFY(glyphA > 0);
+    const qsizetype subtable = mapAt(copy) + 20;
+    const auto numberAt = [&](qsizetype at) { return qFromBigEndian<quint16>(copy.data() + at); };
+    const qsizetype twice = numberAt(subtable + 6), ends = subtable + 14;
+    qsizetype place = 0; // of the segment of U+F020 to U+F0FF
+    while (place < twice && numberAt(ends + place) != 0xF0FF)
+        place += 2;
+    QVERIFY(place < twice);
+    const qsizetype delta = ends + 2 + 2 * twice + place, offset = delta + twice;
+
+    // An offset of FFFF stands for no glyphs: the plain codes are taken.
+    QByteArray changed = copy;
+    putShort(changed, offset, 0xFFFF);
+    auto again = symbolFontAsUnicode(changed, 0);
+    QVERIFY(again);
+    QCOMPARE(glyphOf(*again, 0xF041), glyphA);
+
+    // A glyph of 0 stays 0, whatever is added to the others.
+    changed = copy;
+    putShort(changed, delta, 1);
+    putShort(changed, offset + numberAt(offset) + 2 * ('A' - ' '), 0);
+    qsizetype plain = 0; // and of the plain letters
+    while (numberAt(ends + plain) < 'A')
+        plain += 2;
+    putShort(changed, ends + 2 + 3 * twice + plain, 0xFFFF);
+    again = symbolFontAsUnicode(changed, 0);
+    QVERIFY(again);
+    QCOMPARE(glyphOf(*again, 0xF041), 0U);
+    QCOMPARE(glyphOf(*again, 0xF042), glyphOf(copy, 'B') + 1);
 }
 
 void TestSymbolEncoding::truncatedAnywhere()
