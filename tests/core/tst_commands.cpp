@@ -2,17 +2,9 @@
 // at no other time, the commands that only one of the two has, and the menus under the right
 // button.
 #include "tests/support/MainWindow.h"
-#include "tests/support/Person.h"
 
-#include "platform/controls/Toolbar.h"
-#include "textboard/FindBox.h"
-#include "textboard/TextBoard.h"
-
-#include <QAction>
-#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QMenu>
 #include <QWindow>
 
 namespace {
@@ -30,7 +22,7 @@ void rightClick(const Zendova *window, const QWidget *control)
 
 } // namespace
 
-class TestCommands : public QObject
+class TestCommands : public WindowTest
 {
     Q_OBJECT
 
@@ -41,16 +33,14 @@ private slots:
             {"FileSave", "Save"},        {"EditCut", "Cut"},        {"EditCopy", "Copy"},
             {"ToolsCopy", "CopyButton"}, {"ToolsCut", "CutButton"}, {"ToolsClear", "ClearButton"},
         };
-        Desktop desktop;
-        Zendova *window = desktop.start();
-        const auto openMenus = [window] {
+        const auto openMenus = [this] {
             for (const char *menu : {"ItemFile", "ItemEdit", "ItemTools"})
                 lookAtMenu(window, menu);
         };
         const auto expect = [&](bool inMenu, bool onBar) {
-            for (const auto &[item, button] : commands) {
+            for (const auto &[item, key] : commands) {
                 QVERIFY2(menuItem(window, item)->isEnabled() == inMenu, item);
-                QVERIFY2(window->findChild<QToolButton *>(button)->isEnabled() == onBar, button);
+                QVERIFY2(button(key)->isEnabled() == onBar, key);
             }
         };
         openMenus();
@@ -70,17 +60,15 @@ private slots:
 
     void sideOfTheViews()
     {
-        Desktop desktop;
-        Zendova *window = desktop.start();
         // The marks of the two items, and whether the views are on the right.
-        const auto state = [window] {
+        const auto state = [this] {
             return QList{window->VCOnL->isChecked(), window->VCOnR->isChecked(),
                          window->ViewsContainer->x() > window->TextBoard->x()};
         };
         lookAtMenu(window, "ItemDisplay");
         QCOMPARE(state(), QList({true, false, false}));
         window->VCOnR->trigger();
-        QVERIFY(window->ViewsContainer->ViewsTB->button("VCRight")->isChecked());
+        QVERIFY(button("VCRight")->isChecked());
         // The marks are from before; an item that bears one does nothing.
         QCOMPARE(state(), QList({true, true, true}));
         window->VCOnL->trigger();
@@ -89,13 +77,11 @@ private slots:
         QCOMPARE(state(), QList({false, true, true}));
         window->VCOnL->trigger();
         QCOMPARE(state(), QList({true, true, false}));
-        QVERIFY(window->ViewsContainer->ViewsTB->button("VCLeft")->isChecked());
+        QVERIFY(button("VCLeft")->isChecked());
     }
 
     void boardOffersItsCommands()
     {
-        Desktop desktop;
-        Zendova *window = desktop.start();
         auto *menu = window->findChild<QMenu *>("ItemEdit");
         QTest::keyClicks(window->TextBoard, "ba");
         selectLastLetter(window);
@@ -118,11 +104,9 @@ private slots:
 
     void findBoxOffersItsOwn()
     {
-        Desktop desktop;
-        Zendova *window = desktop.start();
         QTest::keyClicks(window->TextBoard, "a");
         lookAtMenu(window, "ItemEdit"); // its Cut and Copy are off, and so are their keys
-        QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
+        press("Find");
         rightClick(window, window->FindFrame->FindString);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu && menu->objectName() != "ItemEdit");
@@ -137,9 +121,6 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    return runWindowTest<TestCommands>(argc, argv);
-}
+ZENDOVA_WINDOW_TEST(TestCommands)
 
 #include "tst_commands.moc"

@@ -129,7 +129,7 @@ private slots:
         desktop.alterSettings(QString("INSERT INTO settings VALUES('%1', 'TBFColorIndex', 4, 3), "
                                       "('%1', 'FMFColorIndex', 4, 3)")
                                   .arg(SettingsPath(u"Temp")));
-        Complete = desktop.settingsBytes();
+        Complete = contentOf(desktop.settingsFile());
     }
 
     void refusesNarrowScreen()
@@ -211,7 +211,7 @@ private slots:
         QFETCH(bool, asks);
         Desktop desktop({1280, 1024}, 96, Complete);
         desktop.alterSettings(sql);
-        const QByteArray before = desktop.settingsBytes();
+        const QByteArray before = contentOf(desktop.settingsFile());
         if (asks) {
             desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "No");
             desktop.Dialogs.message(RepairTitle, RepairQuestion, "No");
@@ -220,7 +220,7 @@ private slots:
             QVERIFY_THROWS_NO_EXCEPTION(desktop.startAsItIs());
         }
         QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(desktop.settingsBytes(), before);
+        QCOMPARE(contentOf(desktop.settingsFile()), before);
     }
 
     void repairKeepsRecentFiles()
@@ -307,7 +307,7 @@ private slots:
               std::pair("Views", "ZoomSize"), std::pair("Options", "ToolTips")}) {
             Desktop desktop({1280, 1024}, 96, Complete);
             desktop.alterSettings(setValueSql(key, name, 1, "'large'"));
-            const QByteArray before = desktop.settingsBytes();
+            const QByteArray before = contentOf(desktop.settingsFile());
             QString failure;
             try {
                 desktop.startAsItIs();
@@ -316,7 +316,7 @@ private slots:
             }
             QCOMPARE(failure, QString("%1 %2 large").arg(key, name));
             QVERIFY(desktop.Dialogs.allCame());
-            QCOMPARE(desktop.settingsBytes(), before);
+            QCOMPARE(contentOf(desktop.settingsFile()), before);
         }
     }
 
@@ -471,13 +471,13 @@ private slots:
         Zendova *window = desktop.startAsItIs();
         QTest::keyClicks(window->TextBoard, "abc");
         window->FMapContainer->sldSetFMapSize->setValue(3);
-        const QByteArray before = desktop.settingsBytes();
+        const QByteArray before = contentOf(desktop.settingsFile());
         desktop.Dialogs.message(ExitTitle, ExitQuestion, "No");
         desktop.Dialogs.message("Zendova" + ScreenTitle, ScreenText, "Ok");
         const SysInfo::Screen narrow{{799, 600}, {}, 96};
         QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop.Screen->pretend(narrow));
         QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(desktop.settingsBytes(), before); // the unload was cancelled
+        QCOMPARE(contentOf(desktop.settingsFile()), before); // the unload was cancelled
     }
 };
 

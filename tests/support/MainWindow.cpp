@@ -1,17 +1,12 @@
 // Starts the window as main() does, and presses the buttons of its dialogs.
 #include "tests/support/MainWindow.h"
 
-#include "core/GlobalDeclarations.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QCheckBox>
-#include <QFile>
-#include <QLabel>
+#include <QPointer>
 #include <QSettings>
-#include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <sqlite3.h>
@@ -42,16 +37,6 @@ QString columnText(sqlite3_stmt *statement, int column)
         reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
 }
 
-QString beforeFirstStart(const QString &path, const QByteArray &content)
-{
-    if (!content.isEmpty()) {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("The settings file can't be prepared.");
-    }
-    return path;
-}
-
 } // namespace
 
 Answers::Answers()
@@ -62,6 +47,13 @@ Answers::Answers()
 Answers::~Answers()
 {
     qApp->removeEventFilter(this);
+}
+
+void Answers::message(const ExpectedMessage &said, const QString &button, const QString &what,
+                      bool dontRepeat)
+{
+    message("Zendova" + QString(said.Title), QString(said.Text).replace("%1", what), button,
+            dontRepeat);
 }
 
 void Answers::message(const QString &title, const QString &text, const QString &button,
@@ -126,7 +118,8 @@ void Answers::answer(QDialog *dialog)
 
 Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
     : Screen(std::make_unique<SysInfo>())
-    , Settings(std::make_unique<SettingsTree>(beforeFirstStart(settingsFile(), settings)))
+    , Settings(std::make_unique<SettingsTree>(
+          settings.isEmpty() ? settingsFile() : writeFile(settingsFile(), settings)))
     , Started(!settings.isEmpty())
 {
     // The file dialogs are the toolkit's, whose buttons can be pressed, and keep what they remember
@@ -147,12 +140,6 @@ Desktop::~Desktop()
 QString Desktop::settingsFile() const
 {
     return Folder.filePath("settings.sqlite");
-}
-
-QByteArray Desktop::settingsBytes() const
-{
-    QFile file(settingsFile());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 std::vector<StoredSetting> Desktop::settings() const
@@ -186,11 +173,18 @@ void Desktop::alterSettings(const QString &sql)
         qFatal("The settings file can't be altered: %s", qPrintable(sql));
 }
 
+void Desktop::store(const QString &key, const QString &name, const QVariant &value)
+{
+    alterSettings(QString("UPDATE settings SET kind = %1, value = '%2' WHERE key = '%3' AND name = "
+                          "'%4'")
+                      .arg(value.typeId() == QMetaType::QString ? REG_SZ : REG_DWORD)
+                      .arg(value.toString(), SettingsPath(key), name));
+}
+
 Zendova *Desktop::start(const QString &commandTail)
 {
     if (!Started)
-        Dialogs.message("Zendova Init Information", "Are you running Zendova for the first time?",
-                        "Yes");
+        Dialogs.message(Says::FirstRun, "Yes");
     return startAsItIs(commandTail);
 }
 
@@ -212,4 +206,31 @@ Zendova *Desktop::startAsItIs(const QString &commandTail)
 bool Desktop::close()
 {
     return Window->close();
+}
+
+void WindowTest::cleanup()
+{
+    QVERIFY(desktop->Dialogs.allCame());
+}
+
+void WindowTest::useDesktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
+{
+    if (desktop)
+        QVERIFY(desktop->Dialogs.allCame());
+    window = nullptr;
+    desktop.reset(); // the new one takes over what is there once only
+    desktop = std::make_unique<Desktop>(pixels, dotsPerInch, settings);
+}
+
+void WindowTest::begin(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
+{
+    useDesktop(pixels, dotsPerInch, settings);
+    restart();
+}
+
+QToolButton *WindowTest::button(const char *key) const
+{
+    auto *found = window->findChild<QToolButton *>(key);
+    Q_ASSERT(found);
+    return found;
 }

@@ -2,6 +2,7 @@
 // alone, a screen that is not there, and somebody who answers the dialogs that come up.
 #pragma once
 
+#include "core/GlobalDeclarations.h"
 #include "core/LockPanels.h"
 #include "core/Zendova.h"
 #include "fontmap/FontMap.h"
@@ -9,17 +10,29 @@
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
+#include "platform/controls/BandBar.h"
+#include "platform/controls/CharCells.h"
+#include "platform/controls/FontCombo.h"
+#include "platform/controls/NumberSlider.h"
 #include "platform/controls/SplitBar.h"
+#include "platform/controls/Toolbar.h"
+#include "tests/support/Files.h"
+#include "tests/support/Messages.h"
+#include "tests/support/Person.h"
 #include "tests/support/TestFonts.h"
 #include "textboard/FillBar.h"
 #include "textboard/FindBar.h"
+#include "textboard/FindBox.h"
+#include "textboard/TextBoard.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
-#include <QObject>
-#include <QPointer>
+#include <QLabel>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -37,9 +50,12 @@ public:
     Answers();
     ~Answers() override;
 
-    /// The next dialog is a message with this title whose text, blanks folded, contains `text`; a
-    /// text with carriage returns is compared whole. `button` is the caption to press.
+    /// The next dialog is this message, about `what`: its text, blanks folded, contains the words;
+    /// a text with carriage returns is compared whole. `button` is the caption to press.
     /// `dontRepeat` ticks the box first.
+    void message(const ExpectedMessage &said, const QString &button = "Ok",
+                 const QString &what = {}, bool dontRepeat = false);
+    /// The same for a message by its whole title and its text.
     void message(const QString &title, const QString &text, const QString &button,
                  bool dontRepeat = false);
     /// The next dialog has this title; `use` works it and must close it. One that a failed check
@@ -97,14 +113,14 @@ public:
     bool close();
 
     QString settingsFile() const;
-    /// The bytes of the settings file; null if there is none.
-    QByteArray settingsBytes() const;
     /// All values, sorted, as another program reads them from the file.
     std::vector<StoredSetting> settings() const;
     /// One value of them as text; null if it is not there.
     QString setting(const QString &key, const QString &name) const;
     /// Changes the file (tables `keys` and `settings`) as another program would.
     void alterSettings(const QString &sql);
+    /// The same for a value that is there: a number or a text.
+    void store(const QString &key, const QString &name, const QVariant &value);
 
     QTemporaryDir Folder;
     Answers Dialogs;
@@ -112,6 +128,39 @@ public:
     std::unique_ptr<SettingsTree> Settings;
     std::unique_ptr<Zendova> Window;
     bool Started = false;
+};
+
+/// A test of the main window: each of its functions, and each data row, finds a desktop and a
+/// window started on it, and fails if a dialog came that it did not expect, or none that it did.
+class WindowTest : public QObject
+{
+    Q_OBJECT
+
+protected slots:
+    virtual void init() { begin(); }
+    virtual void cleanup();
+
+protected:
+    /// Another desktop instead of the one that is there, without a window; arguments as for it.
+    void useDesktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
+                    const QByteArray &settings = {});
+    /// The same, and a window on it.
+    void begin(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
+               const QByteArray &settings = {});
+    /// Another window on the desktop that is there.
+    void restart(const QString &commandTail = {}) { window = desktop->start(commandTail); }
+    /// The next dialog is this message; arguments as for Answers.
+    void expect(const ExpectedMessage &said, const QString &button = "Ok", const QString &what = {},
+                bool dontRepeat = false)
+    {
+        desktop->Dialogs.message(said, button, what, dontRepeat);
+    }
+    /// The button of this key, on whatever bar of the window it is.
+    QToolButton *button(const char *key) const;
+    void press(const char *key) const { QTest::mouseClick(button(key), Qt::LeftButton); }
+
+    std::unique_ptr<Desktop> desktop;
+    Zendova *window = nullptr;
 };
 
 /// What main() of a test of windows does: runs the test on the small fonts alone.
@@ -124,3 +173,9 @@ int runWindowTest(int argc, char *argv[])
     Test test;
     return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
 }
+
+#define ZENDOVA_WINDOW_TEST(Test)                                                                  \
+    int main(int argc, char *argv[])                                                               \
+    {                                                                                              \
+        return runWindowTest<Test>(argc, argv);                                                    \
+    }
