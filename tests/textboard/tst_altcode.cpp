@@ -3,14 +3,12 @@
 #include "platform/controls/AltCode.h"
 #include "textboard/TextBoard.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
 
 class tst_AltCode : public QObject
 {
@@ -20,11 +18,8 @@ private slots:
     void init()
     {
         Window = std::make_unique<QMainWindow>();
-        auto *content = new QWidget;
-        auto *column = new QVBoxLayout(content);
-        column->addWidget(Board = new TextBoard);
-        column->addWidget(Line = new QLineEdit);
-        Window->setCentralWidget(content);
+        Window->setCentralWidget(Board = new TextBoard);
+        Window->menuBar()->setCornerWidget(Line = new QLineEdit);
         Window->menuBar()->addMenu("&File")->addAction("&Open");
         Filter = std::make_unique<AltCode>(
             [](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
@@ -61,19 +56,13 @@ private slots:
         QCOMPARE(Board->Text(), QString("\u00E9\u00EF"));
     }
 
-    void otherTextBoxes()
+    void fullTextBox()
     {
         Line->setMaxLength(1);
         Line->setFocus();
         code("0065");
         code("0066");
         QCOMPARE(Line->text(), QString("A"));
-        QComboBox combo(Window.get());
-        combo.setEditable(true);
-        combo.show();
-        combo.setFocus();
-        code("0065");
-        QCOMPARE(combo.currentText(), QString("A"));
     }
 
     void cancelled()
