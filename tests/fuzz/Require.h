@@ -1,14 +1,9 @@
-// The one check of the fuzzed programs: a condition that doesn't hold is a finding.
+// The one check of the fuzzed programs.
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
+#include <QtGlobal>
 
-/// Ends the program with the line of the check, so that the fuzzer keeps the input.
+/// Ends the program with the line of the check that doesn't hold, so that the fuzzer keeps the
+/// input.
 #define REQUIRE(condition)                                                                         \
-    do {                                                                                           \
-        if (!(condition)) {                                                                        \
-            std::fprintf(stderr, "%s:%d: does not hold: %s\n", __FILE__, __LINE__, #condition);    \
-            std::abort();                                                                          \
-        }                                                                                          \
-    } while (false)
+    ((condition) ? void() : qFatal("%s:%d: does not hold: %s", __FILE__, __LINE__, #condition))

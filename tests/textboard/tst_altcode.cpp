@@ -3,16 +3,12 @@
 #include "platform/controls/AltCode.h"
 #include "textboard/TextBoard.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 class TestAltCode : public QObject
 {
@@ -22,14 +18,9 @@ private slots:
     void init()
     {
         Window = std::make_unique<QMainWindow>();
-        auto *content = new QWidget;
-        auto *column = new QVBoxLayout(content);
-        column->addWidget(Board = new TextBoard);
-        column->addWidget(Line = new QLineEdit);
-        column->addWidget(Combo = new QComboBox);
-        Combo->setEditable(true);
-        Window->setCentralWidget(content);
-        Window->menuBar()->addMenu(u"&File"_s)->addAction(u"&Open"_s);
+        Window->setCentralWidget(Board = new TextBoard);
+        Window->menuBar()->setCornerWidget(Line = new QLineEdit);
+        Window->menuBar()->addMenu("&File")->addAction("&Open");
         Filter = std::make_unique<AltCode>(
             [](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
         qApp->installEventFilter(Filter.get());
@@ -46,75 +37,66 @@ private slots:
 
     void codes()
     {
-        const std::pair<QString, QString> rows[] = {
-            {u"0032"_s, u" "_s},      {u"0255"_s, u"\u00FF"_s}, {u"0128"_s, u"\u20AC"_s},
-            {u"0129"_s, u"\u0081"_s}, {u"0031"_s, QString()},   {u"0256"_s, QString()},
-            {u"1065"_s, QString()},   {u"065"_s, QString()},    {u"00065"_s, QString()},
-        };
+        const std::pair<const char *, QString> rows[] = {
+            {"0032", " "}, {"0255", "\u00FF"}, {"0128", "\u20AC"}, {"0129", "\u0081"}, {"0031", ""},
+            {"0256", ""},  {"1065", ""},       {"065", ""},        {"00065", ""}};
         for (const auto &[digits, text] : rows) {
-            Board->setText(QString());
+            Board->setText({});
             code(digits);
-            QVERIFY2(Board->Text() == text, qPrintable(digits));
+            QVERIFY2(Board->Text() == text, digits);
         }
         // The digits above the letters, and the pad without Num Lock: 0, 2, 3, 9.
-        Board->setText(QString());
-        code(u"0233"_s, Qt::NoModifier);
+        Board->setText("abc");
+        Board->selectAll();
+        code("0233", Qt::NoModifier);
         key(true, Qt::Key_Alt, Qt::NoModifier);
         for (const int pad : {Qt::Key_Insert, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_PageUp})
             key(true, pad, Qt::AltModifier | Qt::KeypadModifier);
         key(false, Qt::Key_Alt, Qt::AltModifier);
-        QCOMPARE(Board->Text(), u"\u00E9\u00EF"_s);
+        QCOMPARE(Board->Text(), QString("\u00E9\u00EF"));
     }
 
-    void everyTextBox()
+    void fullTextBox()
     {
-        Board->setText(u"abc"_s);
-        Board->setSelStart(1);
-        Board->setSelLength(1);
-        code(u"0233"_s);
-        QCOMPARE(Board->Text(), u"a\u00E9c"_s);
         Line->setMaxLength(1);
         Line->setFocus();
-        code(u"0065"_s);
-        code(u"0066"_s);
-        QCOMPARE(Line->text(), u"A"_s);
-        Combo->setFocus();
-        code(u"0065"_s);
-        QCOMPARE(Combo->currentText(), u"A"_s);
+        code("0065");
+        code("0066");
+        QCOMPARE(Line->text(), QString("A"));
     }
 
     void cancelled()
     {
         key(true, Qt::Key_Alt, Qt::NoModifier);
-        digits(u"006"_s);
+        digits("006");
         key(true, Qt::Key_Right, Qt::AltModifier);
-        digits(u"5"_s);
+        digits("5");
         key(false, Qt::Key_Alt, Qt::AltModifier);
         QCOMPARE(Board->Text(), QString());
 
         key(true, Qt::Key_Alt, Qt::NoModifier);
-        digits(u"0065"_s);
+        digits("0065");
         Line->setFocus();
         Board->setFocus();
         key(false, Qt::Key_Alt, Qt::AltModifier);
         QCOMPARE(Board->Text() + Line->text(), QString());
-        code(u"0065"_s);
-        QCOMPARE(Board->Text(), u"A"_s);
+        code("0065");
+        QCOMPARE(Board->Text(), QString("A"));
     }
 
     void shortcutsAndMenuBarStayQuiet()
     {
-        const QShortcut shortcut(QKeySequence(u"Alt+0"_s), Window.get());
+        const QShortcut shortcut(QKeySequence("Alt+0"), Window.get());
         const QSignalSpy fired(&shortcut, &QShortcut::activated);
-        code(u"0065"_s);
+        code("0065");
         QCOMPARE(fired.size(), 0);
         QVERIFY(Board->hasFocus());
         // Alt alone still goes to the menu bar, and a box that takes no text leaves it the digits.
-        code(QString());
+        code({});
         QVERIFY(!Board->hasFocus());
         Line->setFocus();
         Line->setReadOnly(true);
-        code(u"0"_s, Qt::NoModifier);
+        code("0", Qt::NoModifier);
         QCOMPARE(fired.size(), 1);
     }
 
@@ -140,7 +122,6 @@ private:
     std::unique_ptr<AltCode> Filter;
     TextBoard *Board = nullptr;
     QLineEdit *Line = nullptr;
-    QComboBox *Combo = nullptr;
 };
 
 QTEST_MAIN(TestAltCode)
