@@ -9,6 +9,7 @@
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/SplitBar.h"
 #include "tests/support/TestFonts.h"
 #include "textboard/FillBar.h"
@@ -121,6 +122,7 @@ int runWindowTest(int argc, char *argv[])
     const TestFonts fonts;
     FontCatalog catalog;
     QApplication application(argc, argv);
+    QApplication::setStyle(new Look);
     Test test;
     return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
 }
