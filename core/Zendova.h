@@ -149,6 +149,7 @@ public:
     // ---- core/Menus.cpp: the menus
 
     void CreateMenus();
+    void WearDesktopFonts();
     // Run as each menu opens; nothing else brings the items in step.
     void ItemFile_Click();
     void ItemEdit_Click();

@@ -36,6 +36,9 @@ public:
     /// is selected, so that the open list shows it.
     void setJumpKeys(int first, int last);
 
+    /// Gives the open list the desktop's font as it is now; the box keeps its form's.
+    void wearDesktopFont();
+
 signals:
     /// The user selected a row, or pressed a jump key, whether or not a row begins with it.
     void Click();
