@@ -8,7 +8,7 @@
 #include "platform/SysInfo.h"
 #include "platform/controls/AltCode.h"
 #include "platform/controls/Icons.h"
-#include "platform/controls/TwipForm.h"
+#include "platform/controls/Look.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -73,7 +73,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName("Zendova");
     QApplication::setDesktopFileName("zendova");
     QApplication::setWindowIcon(Icons::application());
-    QApplication::setFont(TwipForm::font());
+    QApplication::setStyle(new Look);
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
     // All that stands behind the program's name is one path, blanks and all.

@@ -37,11 +37,10 @@ constexpr ControlRow Rows[] = {
     {"FontLabel", "TBFContainer", {45, 45, 960, 240}},
     {"FontNameCombo", "TBFContainer", {1035, 0, 5010, 330}, "", "Select a Font"},
     {"FSZContainer", "CoolBarCM", InBand, "", "Font size"},
-    {"FontSizeLabel", "FSZContainer", {45, 15, 840, 240}},
-    {"FontSizeNumber", "FSZContainer", {900, 15, 240, 240}, "Font Size (Click to Change)"},
-    // A pixel lower than its middle over the number's: above the container it would be cut off.
-    {"FontSizeEdit", "FSZContainer", {900, 0, 270, 285}, "Enter font size"},
-    {"FontSizeSlider", "FSZContainer", {1170, 0, 945, 270}},
+    {"FontSizeLabel", "FSZContainer", {45, 45, 840, 240}},
+    {"FontSizeNumber", "FSZContainer", {900, 45, 240, 240}, "Font Size (Click to Change)"},
+    {"FontSizeEdit", "FSZContainer", {900, 15, 270, 300}, "Enter font size"},
+    {"FontSizeSlider", "FSZContainer", {1170, 30, 945, 270}},
     {"ZndvDefTB", "CoolBarCM", InBand, "", "Tools"},
     {"CoolBarTB", "Client", {2145, 375, 9375, 390}, "", "TextBoard bar"},
     {"TBOperationsTB", "CoolBarTB", InBand, "", "TextBoard"},
@@ -76,6 +75,10 @@ Zendova::Zendova(QString commandTail)
 {
     setObjectName("Zendova");
     setFont(TwipForm::font());
+    // The layout gives the size: there is nothing to maximise.
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint);
     setAcceptDrops(true);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     CreateControls();

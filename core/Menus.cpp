@@ -5,6 +5,7 @@
 
 #include "core/GlobalDeclarations.h"
 #include "fontmap/Views.h"
+#include "platform/controls/FontCombo.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/TextBoard.h"
 
@@ -275,6 +276,7 @@ void addSeparator(const MenuRow &row, QMenu &parent)
 
 void Zendova::CreateMenus()
 {
+    WearDesktopFonts();
     constexpr int Deepest = 3;
     std::array<QMenu *, Deepest> open{}; // by depth
     for (std::size_t i = 0; i < std::size(Rows); ++i) {
@@ -311,6 +313,13 @@ void Zendova::PrepareShortcut(const QKeyEvent &Key)
         if (opening && *row.Key && QKeySequence::listFromString(row.Key).contains(pressed))
             (this->*opening)();
     }
+}
+
+/// They are in the window but no part of the form.
+void Zendova::WearDesktopFonts()
+{
+    menuBar()->setFont(TwipForm::desktopFont("QMenuBar"));
+    FontNameCombo->wearDesktopFont();
 }
 
 void Zendova::CopyButtonStates(const char *Menu)

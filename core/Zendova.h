@@ -152,6 +152,7 @@ public:
     /// Runs the opening procedure of the menu in which an item has this key, so that the key acts
     /// on the state of now.
     void PrepareShortcut(const QKeyEvent &Key);
+    void WearDesktopFonts();
     // Run as each menu opens; nothing else brings the items in step.
     void ItemFile_Click();
     void ItemEdit_Click();

@@ -41,6 +41,7 @@ FillBar::FillBar(const TwipScale &scale, int limit, QWidget *parent)
     ProgressFore->setAutoFillBackground(true);
     ProgressFore->setAttribute(Qt::WA_TransparentForMouseEvents);
     ProgressFore->hide();
+    ProgressBack->raise(); // its frame stays whole
     PercFilled = Form.MakeLabel("PercFilled", "0%", Qt::AlignLeft);
     ProgressWidth = Form.width(ProgressBack);
 }

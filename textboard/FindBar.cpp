@@ -19,7 +19,7 @@ namespace {
 
 constexpr ControlRow Rows[] = {
     // As wide as some desktops' fonts need it.
-    {"FindStrLabel", "FindFrame", {60, 45, 480, 210}},
+    {"FindStrLabel", "FindFrame", {60, 60, 480, 225}},
     {"FindString", "FindFrame", {555, 0, 2730, 345}},
     {"FindNextButton", "FindFrame", {3375, 15, 990, 315}},
     {"ClearFindButton", "FindFrame", {4455, 15, 990, 315}},

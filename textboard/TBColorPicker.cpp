@@ -18,13 +18,13 @@ constexpr double Width = 5100; // twips
 constexpr double Height = 2370;
 
 constexpr ControlRow Rows[] = {
-    {"ColorContainer", "TBColorPicker", {15, 45, 5070, 1530}},
+    {"ColorContainer", "TBColorPicker", {15, 45, 5070, 1485}},
     {"Frame1", "TBColorPicker", {15, 1530, 3135, 420}},
     {"Frame2", "TBColorPicker", {3180, 1530, 1905, 420}},
     {"Label2", "Frame1", {135, 150, 1725, 210}},
     {"CurrentColorBlock", "Frame1", {1860, 150, 195, 195}},
     {"CurrentColorLabel", "Frame1", {2130, 150, 915, 210}},
-    {"ColorLabel", "Frame2", {30, 150, 1635, 240}},
+    {"ColorLabel", "Frame2", {30, 150, 1635, 210}},
     {"Button1", "TBColorPicker", {2430, 1995, 1290, 330}},
     {"Button2", "TBColorPicker", {3780, 1995, 1290, 330}},
 };
@@ -62,7 +62,8 @@ TBColorPicker::TBColorPicker(QWidget *parent)
             [this](int n) { ColorLabel->setText(ColorContainer->label(n)); });
     connect(ColorContainer, &ColorBlocks::Taken, this, &TBColorPicker::Button1_Click);
     ColorContainer->setChosenBlock(cell);
-    WearColorScheme({ColorContainer, Label2, CurrentColorLabel, ColorLabel});
+    WearColorScheme({ColorContainer, Form.Control("Frame1"), Form.Control("Frame2"), Label2,
+                     CurrentColorLabel, ColorLabel});
     ColorContainer->setFocus();
 }
 

@@ -12,6 +12,8 @@
 #include <functional>
 #include <vector>
 
+class DevicePixels;
+
 class CharCells : public QWidget
 {
     Q_OBJECT
@@ -98,7 +100,6 @@ private:
     };
     const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
     Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
-    class DevicePixels;
     void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
     void paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
                       const QColor &color);

@@ -3,7 +3,6 @@
 #include "platform/controls/CmnDlg.h"
 
 #include "platform/controls/HelpViewer.h"
-#include "platform/controls/TwipForm.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
@@ -21,7 +20,6 @@
 FontDialog::FontDialog(const FontOffer &offer, const ChosenFont &choice, QWidget *parent)
     : QDialog(parent), Offer(offer)
 {
-    setFont(TwipForm::font());
     setWindowTitle("Font");
     createControls(choice);
     selectFont(choice.Name);

@@ -8,9 +8,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QTreeView>
 #include <QUrl>
 
 namespace {
@@ -56,6 +59,35 @@ void openWhatIsTyped(QFileDialog &dialog)
     });
 }
 
+/// The endings of the offered kinds: none is appended to a name that is typed.
+QString nameHint(const QString &filter)
+{
+    QStringList endings;
+    const QStringList parts = filter.split('|');
+    for (qsizetype i = 1; i < parts.size(); i += 2)
+        endings += QString(parts[i]).remove('*');
+    return "File name, ending in " + endings.join(" or ");
+}
+
+/// The toolkit's own dialog cuts sizes and dates off.
+void showWholeTexts(QFileDialog &dialog, const FileOffer &offer)
+{
+    if (auto *name = dialog.findChild<QLineEdit *>("fileNameEdit"))
+        name->setPlaceholderText(nameHint(offer.Filter));
+    const auto *files = dialog.findChild<QTreeView *>("treeView");
+    if (!files)
+        return; // the desktop's dialog
+    QHeaderView *header = files->header();
+    header->setStretchLastSection(false);
+    for (int column = 0; column < header->count(); ++column)
+        header->setSectionResizeMode(column, column == 0 ? QHeaderView::Stretch
+                                                         : QHeaderView::ResizeToContents);
+    // What is left to the names.
+    constexpr QSize least(760, 480);
+    dialog.resize(
+        dialog.size().expandedTo(least).boundedTo(dialog.screen()->availableSize() * 9 / 10));
+}
+
 std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
 {
     dialog.setWindowTitle(offer.DialogTitle);
@@ -72,6 +104,7 @@ std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
     if (!offer.FileName.isEmpty())
         dialog.selectFile(QFileInfo(offer.FileName).fileName());
     dialog.setSupportedSchemes({"file"});
+    showWholeTexts(dialog, offer);
     while (dialog.exec() == QDialog::Accepted) {
         const QString chosen = dialog.selectedUrls().value(0).toLocalFile();
         if (!chosen.isEmpty())

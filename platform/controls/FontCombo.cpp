@@ -2,6 +2,7 @@
 #include "platform/controls/FontCombo.h"
 
 #include "platform/controls/Icons.h"
+#include "platform/controls/TwipForm.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
@@ -80,6 +81,7 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
     list->setUniformItemSizes(true);
     list->setLayoutMode(QListView::Batched);
     setView(list);
+    wearDesktopFont();
     setIconSize(QSize(16, 16));
     auto *below = new ListBelow;
     below->setParent(this);
@@ -128,6 +130,11 @@ void FontCombo::keyPressEvent(QKeyEvent *event)
         return;
     }
     QComboBox::keyPressEvent(event);
+}
+
+void FontCombo::wearDesktopFont()
+{
+    view()->setFont(TwipForm::desktopFont("QAbstractItemView"));
 }
 
 void FontCombo::setJumpKeys(int first, int last)

@@ -37,6 +37,8 @@ public:
     void setJumpKeys(int first, int last);
 
     void showPopup() override;
+    /// Gives the open list the desktop's font as it is now; the box keeps its form's.
+    void wearDesktopFont();
 
 signals:
     /// The user selected a row, or pressed a jump key, whether or not a row begins with it.

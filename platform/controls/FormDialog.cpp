@@ -9,6 +9,9 @@ FormDialog::FormDialog(const char *name, std::span<const ControlRow> rows, doubl
     : QDialog(parent), Form(rows, name, this, SysInfo::current().scale())
 {
     setObjectName(name);
+    // Its size is fixed: there is nothing to maximise.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     setFont(TwipForm::font());
     setFixedSize(Form.scale().across(width), Form.scale().down(height));
 }

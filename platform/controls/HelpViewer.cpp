@@ -4,7 +4,6 @@
 #include "platform/RegularFile.h"
 #include "platform/Shell.h"
 #include "platform/controls/Icons.h"
-#include "platform/controls/TwipForm.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -166,7 +165,6 @@ public:
 HelpViewer::HelpViewer(QWidget *parent) : QWidget(parent, Qt::Window)
 {
     setObjectName("HelpViewer");
-    setFont(TwipForm::font());
     setWindowTitle("Zendova Help");
     createControls();
     resize(QSize(700, 640).boundedTo(screen()->availableSize() * 9 / 10));
@@ -199,9 +197,6 @@ void HelpViewer::createControls()
     Page->setOpenLinks(false);
     Page->setFrameShape(QFrame::NoFrame);
     Page->document()->setDocumentMargin(16);
-    QFont reading = font();
-    reading.setPointSizeF(10);
-    Page->setFont(reading);
 
     Back = makeButton("Back", "Back", "Back");
     Forward = makeButton("Forward", "Forward", "Forward");
@@ -214,7 +209,10 @@ void HelpViewer::createControls()
     FindText->setPlaceholderText("Find in the help");
     FindText->setClearButtonEnabled(true);
     FindText->addAction(Icons::icon("Find"), QLineEdit::LeadingPosition);
-    FindText->setMaximumWidth(220);
+    constexpr int beside = 64; // pixels, of the picture, the clear button and the frame
+    FindText->setMinimumWidth(fontMetrics().horizontalAdvance(FindText->placeholderText()) +
+                              beside);
+    FindText->setMaximumWidth(std::max(220, FindText->minimumWidth()));
     Previous = makeButton("Previous", "Previous", {});
     Next = makeButton("Next", "Next", {});
     FindResult = new QLabel;

@@ -3,6 +3,8 @@
 // pixmap cache, nothing else.
 #include "platform/controls/Icons.h"
 
+#include "platform/controls/Tones.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -28,13 +30,6 @@ struct Tones
     QColor Bar;
 };
 
-QColor mix(const QColor &a, const QColor &b, float shareOfB)
-{
-    const auto channel = [shareOfB](float from, float to) { return from + (to - from) * shareOfB; };
-    return QColor::fromRgbF(channel(a.redF(), b.redF()), channel(a.greenF(), b.greenF()),
-                            channel(a.blueF(), b.blueF()));
-}
-
 // A warm accent, because menus and lists put a blue bar behind the picture that is chosen. A light
 // line tone tells a dark desktop, which needs the lighter of the two.
 QColor accentFor(const QColor &line)
@@ -51,13 +46,18 @@ Tones tonesFor(QIcon::Mode mode, const QColor &bar)
     if (mode == QIcon::Selected) {
         const QColor selected = palette.color(QPalette::Active, QPalette::HighlightedText);
         const QColor behind = palette.color(QPalette::Active, QPalette::Highlight);
-        return {selected, mix(selected, behind, 0.3F), bar};
+        // The second tone is softer, where it can still be told from the row.
+        constexpr double readable = 3;
+        const QColor soft = mix(selected, behind, 0.3F);
+        return {selected, contrast(soft, behind) < readable ? selected : soft, bar};
     }
     if (mode == QIcon::Disabled) {
         QColor faded = palette.color(QPalette::Disabled, QPalette::ButtonText);
-        // Some themes set one colour for all groups.
-        if (faded == line)
-            faded = mix(line, palette.color(QPalette::Active, QPalette::Button), 0.6F);
+        const QColor face = palette.color(QPalette::Active, QPalette::Button);
+        // Some themes set one colour for all groups, or one that can't be seen.
+        constexpr double visible = 1.5;
+        if (faded == line || contrast(faded, face) < visible)
+            faded = mix(line, face, 0.6F);
         return {faded, mix(faded, accent, 0.3F), mix(faded, bar, 0.4F)};
     }
     return {line, accent, bar};

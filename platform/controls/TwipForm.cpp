@@ -1,6 +1,7 @@
 // Keeps twips, gives the toolkit pixels.
 #include "platform/controls/TwipForm.h"
 
+#include <QApplication>
 #include <QFont>
 #include <QWidget>
 
@@ -21,6 +22,14 @@ QFont TwipForm::font()
     font.setPointSizeF(8.25);
     font.setBold(false);
     font.setItalic(false);
+    return font;
+}
+
+QFont TwipForm::desktopFont(const char *className)
+{
+    QFont font = QApplication::font(className);
+    // The toolkit takes what is not marked as chosen from the parent.
+    font.setResolveMask(QFont::AllPropertiesResolved);
     return font;
 }
 

@@ -17,9 +17,14 @@ class TwipForm
 public:
     explicit TwipForm(const TwipScale &scale) : Scale(scale) {}
 
-    /// The font that every window of the program sets on itself: the desktop's sans-serif at 8.25
-    /// points, for which the layouts are drawn. A larger font of the desktop's would be cut off.
+    /// The font that every window laid out in twips sets on itself: the desktop's sans-serif
+    /// at 8.25 points, for which the layouts are drawn. A larger font of the desktop's would be cut
+    /// off.
     static QFont font();
+
+    /// The desktop's font for the controls of a class of the toolkit. It holds within a window that
+    /// wears the form font too.
+    static QFont desktopFont(const char *className);
 
     const TwipScale &scale() const { return Scale; }
     /// Twips of one pixel; the number of those down is whole.

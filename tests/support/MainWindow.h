@@ -14,6 +14,7 @@
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
+#include "platform/controls/Look.h"
 #include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
 #include "tests/support/Files.h"
@@ -170,6 +171,7 @@ int runWindowTest(int argc, char *argv[])
     const TestFonts fonts;
     FontCatalog catalog;
     QApplication application(argc, argv);
+    QApplication::setStyle(new Look);
     Test test;
     return fonts.isValid() ? QTest::qExec(&test, argc, argv) : 1;
 }
