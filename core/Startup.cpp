@@ -32,6 +32,7 @@
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -213,6 +214,11 @@ bool Zendova::event(QEvent *event)
         StatBar->locks().refresh(); // another window may have had the keyboard
         // Later, as questions may be asked and this is still on its way to others.
         QMetaObject::invokeMethod(this, &Zendova::Form_Activate, Qt::QueuedConnection);
+        break;
+    case QEvent::Paint:
+        // What waits for it is done when this is on the screen.
+        if (std::exchange(FirstPaint, false))
+            QMetaObject::invokeMethod(this, &Zendova::SyncEditCommands, Qt::QueuedConnection);
         break;
     case QEvent::PaletteChange:
         // What is painted asks for its colours then; what keeps them takes the new ones.
