@@ -1,5 +1,6 @@
 // Starts the desktop layer and the main window, and is the last resort for a failure: what no
 // procedure catches is told in a dialog and ends the program with a status that is not 0.
+#include "core/CommandLine.h"
 #include "core/RegistryFunctions.h"
 #include "core/Zendova.h"
 #include "platform/CodePage.h"
@@ -13,8 +14,11 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -44,6 +48,45 @@ public:
     }
 };
 
+/// Holds the toolkit's messages back while it looks for a display. Where it finds none, it tells so
+/// in many lines and aborts: this tells it in one line, and the program ends as any that failed.
+class DisplaySearch
+{
+public:
+    DisplaySearch() { qInstallMessageHandler(&DisplaySearch::hold); }
+    ~DisplaySearch()
+    {
+        qInstallMessageHandler(nullptr);
+        for (const QString &message : std::as_const(Held))
+            std::fprintf(stderr, "%s\n", qPrintable(message));
+    }
+    Q_DISABLE_COPY_MOVE(DisplaySearch)
+
+private:
+    static void hold(QtMsgType type, const QMessageLogContext &context, const QString &message)
+    {
+        // The first that the part for the window system says is the cause, the rest what follows.
+        if (Cause.isEmpty() && QByteArrayView(context.category).startsWith("qt.qpa"))
+            Cause = message.simplified();
+        if (type == QtFatalMsg) {
+            const QString told = Cause.isEmpty() ? message.section('\n', 0, 0) : Cause;
+            std::fprintf(stderr, "zendova: no window can be shown: %s\n", qPrintable(told));
+            std::_Exit(EXIT_FAILURE);
+        }
+        Held += qFormatLogMessage(type, context, message);
+    }
+
+    static inline QString Cause;
+    static inline QStringList Held;
+};
+
+/// The status to end with.
+int print(const QByteArray &answer)
+{
+    const bool printed = std::fputs(answer.constData(), stdout) >= 0 && std::fflush(stdout) == 0;
+    return printed ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 int run(Application &application, const QString &commandTail)
 {
     SettingsTree settings(SettingsTree::defaultPath());
@@ -65,11 +108,16 @@ int run(Application &application, const QString &commandTail)
 
 int main(int argc, char *argv[])
 {
+    if (const std::optional<QByteArray> answer = CommandLine::Answer(argc, argv))
+        return print(*answer);
     // Under a limit for the size of files a write is to fail, which the store of the settings takes
-    // as any failure, and not to end the program.
-    std::signal(SIGXFSZ, SIG_IGN);
+    // as any failure, and not to end the program. A handler, as programs started from here would go
+    // on ignoring a signal that is ignored.
+    std::signal(SIGXFSZ, [](int) {});
     FontCatalog catalog; // the toolkit must find the lean configuration when it starts
-    Application application(argc, argv);
+    std::optional<DisplaySearch> search(std::in_place);
+    Application application(argc, argv); // takes the toolkit's own options out
+    search.reset();
     QApplication::setApplicationName("Zendova");
     QApplication::setDesktopFileName("zendova");
     QApplication::setWindowIcon(Icons::application());
@@ -77,5 +125,5 @@ int main(int argc, char *argv[])
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
     // All that stands behind the program's name is one path, blanks and all.
-    return run(application, QApplication::arguments().mid(1).join(' '));
+    return run(application, CommandLine::Path(argc, argv));
 }

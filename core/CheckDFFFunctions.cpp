@@ -1,16 +1,37 @@
 // The file system tests, asked anew at each call, and the notices that tell their outcome.
 #include "core/CheckDFFFunctions.h"
 
-#include <QFileInfo>
+#include "platform/FileName.h"
+
+#include <optional>
+#include <sys/stat.h>
+
+namespace {
+
+/// What kind of thing has this path; nothing if nothing has.
+std::optional<mode_t> kindOf(const QString &path)
+{
+    struct stat status
+    {
+    };
+    // The system would take what stands before a zero for the name.
+    if (path.contains(QChar::Null) || ::stat(FileName::toBytes(path).constData(), &status) != 0)
+        return std::nullopt;
+    return status.st_mode;
+}
+
+} // namespace
 
 bool CheckFile(const QString &Path)
 {
-    return QFileInfo(Path).exists() && !QFileInfo(Path).isDir();
+    const std::optional<mode_t> kind = kindOf(Path);
+    return kind && !S_ISDIR(*kind);
 }
 
 bool CheckFolder(const QString &Path)
 {
-    return QFileInfo(Path).isDir();
+    const std::optional<mode_t> kind = kindOf(Path);
+    return kind && S_ISDIR(*kind);
 }
 
 int CheckDrive(const QString &Drive)

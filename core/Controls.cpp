@@ -8,7 +8,6 @@
 #include "core/SettingsDefaults.h"
 #include "fontmap/FontMap.h"
 #include "fontmap/Views.h"
-#include "platform/ClipboardFormats.h"
 #include "platform/FontCatalog.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/BandBar.h"
@@ -173,7 +172,6 @@ void Zendova::ConnectBoard()
     connect(TextBoard, &::TextBoard::KeyUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::MouseUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::copyAvailable, this, &Zendova::SyncEditCommands);
-    ClipboardHasText = ClipboardFormats::hasText();
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             &Zendova::Clipboard_Change);
     // The control's own menu would go round the Edit commands and what they keep.

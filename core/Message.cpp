@@ -4,6 +4,7 @@
 
 #include "core/ColorScheme.h"
 #include "core/GlobalDeclarations.h"
+#include "platform/FileName.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -67,7 +68,8 @@ void ZndvMsg(const QString &MsgText, const QString &Buttons, const QString &Titl
     MsgResult = false;
     MsgDontRepeat = false;
     MsgOkMode = Buttons == "OK";
-    Message dialog(MsgText, Buttons, Title, ShowCheck, DefaultButton, windowInFront());
+    Message dialog(FileName::shown(MsgText), Buttons, Title, ShowCheck, DefaultButton,
+                   windowInFront());
     dialog.exec();
 }
 

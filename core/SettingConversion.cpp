@@ -29,6 +29,30 @@ std::optional<bool> parseTruthWord(QStringView text)
     return std::nullopt;
 }
 
+/// Fit to be shown in a line: the two ends of a long text, blanks for what can't be printed.
+QString inShort(QStringView text)
+{
+    constexpr qsizetype Most = 60;
+    constexpr qsizetype End = 20;
+    QString shown;
+    if (text.size() > Most) {
+        QStringView first = text.first(Most - End - 1);
+        QStringView last = text.last(End);
+        // No half of a character outside the first 65,536.
+        if (first.back().isHighSurrogate())
+            first.chop(1);
+        if (last.front().isLowSurrogate())
+            last = last.sliced(1);
+        shown = first.toString() + QChar(0x2026) + last.toString();
+    } else {
+        shown = text.toString();
+    }
+    for (QChar &c : shown)
+        if (c.isSpace() || (!c.isPrint() && !c.isSurrogate()))
+            c = u' ';
+    return shown;
+}
+
 } // namespace
 
 ConversionError::ConversionError(QStringView itsKey, QStringView itsName, QStringView itsText)
@@ -36,7 +60,7 @@ ConversionError::ConversionError(QStringView itsKey, QStringView itsName, QStrin
     , name(itsName.toString())
     , text(itsText.toString())
     , Reason(QStringLiteral("The setting %1\\%2 cannot be converted: \"%3\"")
-                 .arg(key, name, text)
+                 .arg(key, name, inShort(text))
                  .toUtf8())
 {
 }

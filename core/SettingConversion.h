@@ -22,7 +22,8 @@ public:
     const QString name;
     const QString text;
 
-    /// One line in English with key, name and text, in UTF-8.
+    /// One line in English with key, name and text, in UTF-8. A long text is shortened in the
+    /// middle, and what is no printable character in it is a blank.
     const char *what() const noexcept override { return Reason.constData(); }
 
 private:

@@ -32,6 +32,7 @@
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -216,6 +217,11 @@ bool Zendova::event(QEvent *event)
         break;
     case QEvent::ShortcutOverride:
         PrepareShortcut(static_cast<const QKeyEvent &>(*event));
+        break;
+    case QEvent::Paint:
+        // What waits for it is done when this is on the screen.
+        if (std::exchange(FirstPaint, false))
+            QMetaObject::invokeMethod(this, &Zendova::SyncEditCommands, Qt::QueuedConnection);
         break;
     case QEvent::PaletteChange:
         // What is painted asks for its colours then; what keeps them takes the new ones.

@@ -291,7 +291,8 @@ public:
     void CopyBoardToClipboard();
     /// Copies the whole text, or the selected one, into TextBoardRTF in the board's format.
     void PrepareRTFBuffer(bool Whole);
-    /// Asks the clipboard what it offers; until then the board goes by its last answer.
+    /// Asks the clipboard what it offers, once the window has been painted; until then the board
+    /// goes by its last answer.
     void Clipboard_Change();
     /// Takes font, size, styles, alignment and colour from the settings again.
     void RestoreTextBoardDefaults();
@@ -373,6 +374,8 @@ private:
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    bool FirstPaint = true;                        ///< is still to come
+    bool ClipboardDue = true;                      ///< to be asked what it offers
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size
     double LaidOutWidth = OuterWidth;              ///< twips, for which the areas stand
 };

@@ -19,10 +19,18 @@ bool ClipboardFormats::hasText()
     return data && data->hasFormat("text/plain");
 }
 
-QString ClipboardFormats::text()
+std::optional<QString> ClipboardFormats::text()
 {
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    return data && data->hasFormat("text/plain") ? data->text() : QString();
+    if (!data)
+        return std::nullopt;
+    // Each question may have to wait for the owner, and the toolkit's own text() asks several: here
+    // it is one for the formats and, where that was answered, one for the text.
+    const QStringList offered = data->formats();
+    for (const char *format : {"text/plain;charset=utf-8", "text/plain"})
+        if (offered.contains(QLatin1StringView(format)))
+            return QString::fromUtf8(data->data(QLatin1StringView(format)));
+    return std::nullopt;
 }
 
 void ClipboardFormats::setText(const QString &text, const QByteArray &richText)

@@ -2,8 +2,9 @@
 // stand beside the old one under a name while they are written.
 #include "platform/RegularFile.h"
 
+#include "platform/FileName.h"
+
 #include <QCryptographicHash>
-#include <QFile>
 #include <QLocale>
 #include <QScopeGuard>
 #include <array>
@@ -100,7 +101,7 @@ QByteArray encoded(const QString &path)
 {
     if (path.contains(QChar::Null)) // the system would take what stands before it for the name
         fail(EINVAL);
-    return QFile::encodeName(path);
+    return FileName::toBytes(path);
 }
 
 // Reading

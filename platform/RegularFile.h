@@ -1,6 +1,6 @@
 // Whole ordinary files of this computer: read at once, and written beside and put in place, so that
 // a name always stands for the whole of the old file or the whole of the new one. Folders, pipes
-// and devices are refused without being waited for.
+// and devices are refused without being waited for. Paths are texts as FileName makes them.
 #pragma once
 
 #include <QByteArray>

@@ -69,10 +69,16 @@ void Zendova::EditPaste_Click()
         return;
     }
     QString text;
-    if (!paste([&text] { text = ::TextBoard::Fitting(ClipboardFormats::text()); }))
+    const bool read = paste([&] {
+        const std::optional<QString> offered = ClipboardFormats::text();
+        // An owner that answers no more has told of no change. It isn't asked again.
+        ClipboardHasText = offered.has_value();
+        text = ::TextBoard::Fitting(offered.value_or(QString()));
+    });
+    if (!read)
         return;
     if (text.isEmpty()) {
-        Clipboard_Change(); // which was not told, where its owner answers no more
+        SyncEditCommands();
         return;
     }
     // Whether all of it fits is asked as if the selection stayed; how much fits is not.
@@ -120,7 +126,7 @@ void Zendova::EditFind_Click()
 
 void Zendova::Clipboard_Change()
 {
-    ClipboardHasText = ClipboardFormats::hasText();
+    ClipboardDue = true;
     SyncEditCommands();
 }
 

@@ -6,6 +6,7 @@
 #include "core/CheckDFFFunctions.h"
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "platform/FileName.h"
 #include "platform/controls/Toolbar.h"
 
 #include <QAction>
@@ -111,7 +112,9 @@ void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 
 void Zendova::AddFileToMRU(const QString &Path)
 {
-    AddToRecentList(TextList, Path);
+    // The settings file keeps texts: read back, such a name would lead to no file.
+    if (FileName::isText(Path))
+        AddToRecentList(TextList, Path);
 }
 
 void Zendova::AddMapToMRU(const QString &Path)

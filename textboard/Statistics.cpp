@@ -4,6 +4,7 @@
 
 #include "fontmap/FontMap.h"
 #include "fontmap/Views.h"
+#include "platform/ClipboardFormats.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
@@ -17,6 +18,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QSlider>
+#include <utility>
 
 namespace {
 
@@ -63,6 +65,9 @@ void Zendova::SyncEditCommands()
     TextEditTB->enableButton("Cut", selected);
     TextEditTB->enableButton("Copy", selected);
     EditDelete->setEnabled(selected);
+    // Its owner may take long to answer: the window is there first.
+    if (!FirstPaint && std::exchange(ClipboardDue, false))
+        ClipboardHasText = ClipboardFormats::hasText();
     TextEditTB->enableButton("Paste", ClipboardHasText);
 }
 

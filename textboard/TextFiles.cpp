@@ -8,6 +8,7 @@
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
 #include "core/SettingConversion.h"
+#include "platform/FileName.h"
 #include "platform/controls/CmnDlg.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
@@ -268,7 +269,7 @@ void Zendova::TakeFormatOfFile()
 
 void Zendova::ShowFileInTitle(bool partially)
 {
-    QString name = TextFile.LoadedFileTitle;
+    QString name = FileName::shown(TextFile.LoadedFileTitle);
     name.replace("[*]", "[*][*]"); // the toolkit's own mark in a title; twice it stands for itself
     setWindowTitle(ProductName + " :  " + name + (partially ? " (PARTIALLY LOADED!)" : ""));
 }

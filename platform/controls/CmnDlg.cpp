@@ -4,7 +4,7 @@
 
 #include "platform/controls/HelpViewer.h"
 
-#include <QAbstractItemModel>
+#include <QAbstractListModel>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -16,16 +16,73 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QSpinBox>
+#include <algorithm>
+#include <vector>
+
+/// Of a list those rows whose text has a part in it, in capitals or not. All at once: the toolkit's
+/// filter takes rows out run by run, which is slow where there are many runs.
+class FoundFonts : public QAbstractListModel
+{
+public:
+    FoundFonts(QAbstractItemModel *all, QObject *parent) : QAbstractListModel(parent), All(all)
+    {
+        find({});
+    }
+
+    void find(const QString &part)
+    {
+        beginResetModel();
+        Rows.clear();
+        for (int row = 0; row < All->rowCount(); ++row)
+            if (textOf(row).contains(part, Qt::CaseInsensitive))
+                Rows.push_back(row);
+        endResetModel();
+    }
+
+    /// The row to take for a part of a name: the font called that, else the first that begins so,
+    /// else the first. An index that isn't valid if there is none.
+    QModelIndex best(const QString &part) const
+    {
+        int beginsSo = -1;
+        for (int row = 0; row < rowCount(); ++row) {
+            const QString text = textOf(Rows[static_cast<std::size_t>(row)]);
+            if (text.compare(part, Qt::CaseInsensitive) == 0)
+                return index(row);
+            if (beginsSo < 0 && text.startsWith(part, Qt::CaseInsensitive))
+                beginsSo = row;
+        }
+        return index(std::max(beginsSo, 0));
+    }
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(Rows.size());
+    }
+
+    QVariant data(const QModelIndex &at, int role) const override
+    {
+        return at.isValid() ? All->index(Rows[static_cast<std::size_t>(at.row())], 0).data(role)
+                            : QVariant();
+    }
+
+private:
+    QString textOf(int row) const { return All->index(row, 0).data().toString(); }
+
+    QAbstractItemModel *All;
+    std::vector<int> Rows;
+};
 
 FontDialog::FontDialog(const FontOffer &offer, const ChosenFont &choice, QWidget *parent)
     : QDialog(parent), Offer(offer)
 {
     setWindowTitle("Font");
     createControls(choice);
-    selectFont(choice.Name);
+    LastName = choice.Name;
+    selectFont(LastName);
     connect(Names->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        LastName = this->choice().Name;
         if (!Name->hasFocus())
-            Name->setText(this->choice().Name);
+            Name->setText(LastName);
         showSample();
     });
     connect(Names, &QListView::doubleClicked, this, &QDialog::accept);
@@ -43,7 +100,8 @@ void FontDialog::createControls(const ChosenFont &choice)
 {
     Name = new QLineEdit(choice.Name);
     Names = new QListView;
-    Names->setModel(Offer.Fonts);
+    Found = new FoundFonts(Offer.Fonts, this);
+    Names->setModel(Found);
     Names->setUniformItemSizes(true);
     Names->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Size = new QSpinBox;
@@ -68,7 +126,7 @@ void FontDialog::createControls(const ChosenFont &choice)
     if (Color->findData(choice.Color) < 0)
         Color->addItem("Other", choice.Color);
     Color->setCurrentIndex(Color->findData(choice.Color));
-    Sample = new QLabel("AaBbYyZz 123");
+    Sample = new QLabel;
     Sample->setAlignment(Qt::AlignCenter);
     Sample->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     Sample->setFixedHeight(72);
@@ -77,6 +135,7 @@ void FontDialog::createControls(const ChosenFont &choice)
     Sample->setForegroundRole(QPalette::Text);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    Ok = buttons->button(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -104,9 +163,8 @@ void FontDialog::createControls(const ChosenFont &choice)
 
 void FontDialog::selectFont(const QString &name)
 {
-    const QModelIndexList found =
-        Offer.Fonts->match(Offer.Fonts->index(0, 0), Qt::DisplayRole, name, 1,
-                           Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const QModelIndexList found = Found->match(Found->index(0), Qt::DisplayRole, name, 1,
+                                               Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (!found.isEmpty())
         Names->setCurrentIndex(found.first());
     Names->scrollTo(Names->currentIndex(), QAbstractItemView::PositionAtCenter);
@@ -114,15 +172,26 @@ void FontDialog::selectFont(const QString &name)
 
 void FontDialog::search(const QString &text)
 {
-    const QModelIndexList found =
-        Offer.Fonts->match(Offer.Fonts->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchStartsWith);
-    if (!found.isEmpty())
-        Names->setCurrentIndex(found.first());
+    const QString last = LastName;
+    Found->find(text);
+    if (text.isEmpty())
+        selectFont(last);
+    else
+        Names->setCurrentIndex(Found->best(text));
+    showSample(); // also where no font is left, of which the list tells nothing
 }
 
 void FontDialog::showSample()
 {
+    const bool isThere = Names->currentIndex().isValid();
+    Ok->setEnabled(isThere);
+    Sample->setText(isThere ? "AaBbYyZz 123" : "No font has such a name.");
     const ChosenFont now = choice();
+    if (!isThere) {
+        Sample->setFont(this->font());
+        Sample->setPalette(palette());
+        return;
+    }
     QFont font = Offer.FontOf(now.Name);
     font.setPointSizeF(now.Size);
     font.setBold(now.Bold);

@@ -18,6 +18,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListView;
+class QPushButton;
 class QSpinBox;
 
 /// What the font dialog starts from and gives back.
@@ -48,8 +49,10 @@ struct FontOffer
     int MostSize;
 };
 
-/// Chooses font, style, size, effects and colour, with a sample. A font can be looked for by
-/// typing.
+class FoundFonts;
+
+/// Chooses font, style, size, effects and colour, with a sample. Typing any part of a name leaves
+/// the fonts that have it; where none has, nothing can be taken.
 class FontDialog : public QDialog
 {
     Q_OBJECT
@@ -65,6 +68,8 @@ private:
     void showSample();
 
     FontOffer Offer;
+    QString LastName; ///< the font that was current last, while the list may be empty
+    FoundFonts *Found = nullptr;
     QLineEdit *Name = nullptr;
     QListView *Names = nullptr;
     QSpinBox *Size = nullptr;
@@ -74,6 +79,7 @@ private:
     QCheckBox *Strikeout = nullptr;
     QComboBox *Color = nullptr;
     QLabel *Sample = nullptr;
+    QPushButton *Ok = nullptr;
 };
 
 /// What a file dialog starts from.

@@ -2,6 +2,7 @@
 // to the desktop's own. Touches no file.
 #include "platform/controls/CmnDlg.h"
 
+#include "platform/FileName.h"
 #include "platform/SysInfo.h"
 
 #include <QDialogButtonBox>
@@ -101,12 +102,18 @@ std::optional<ChosenFile> show(QFileDialog &dialog, const FileOffer &offer)
     dialog.setDirectory(folderFor(offer));
     // The kind before the name: it would change the ending of a name that is there already.
     dialog.selectNameFilter(filters.value(offer.FilterIndex - 1));
+    const QFileInfo offered(FileName::shown(offer.FileName));
     if (!offer.FileName.isEmpty())
-        dialog.selectFile(QFileInfo(offer.FileName).fileName());
+        dialog.selectFile(offered.fileName());
     dialog.setSupportedSchemes({"file"});
     showWholeTexts(dialog, offer);
     while (dialog.exec() == QDialog::Accepted) {
         const QString chosen = dialog.selectedUrls().value(0).toLocalFile();
+        // Dialogs know names that are texts only. What was offered in their place and left as it
+        // was stands for the file itself.
+        if (chosen == offered.filePath() && !FileName::isText(offer.FileName) && !offered.exists())
+            return ChosenFile{.FileName = offer.FileName,
+                              .FileTitle = QFileInfo(offer.FileName).fileName()};
         if (!chosen.isEmpty())
             return ChosenFile{.FileName = chosen, .FileTitle = QFileInfo(chosen).fileName()};
         // Not every desktop's dialog keeps to the scheme.
