@@ -170,6 +170,8 @@ void Zendova::ConnectBoard()
     connect(FontSizeSlider, &NumberSlider::Finished, this, toBoard);
     connect(TextBoard, &::TextBoard::Change, this, &Zendova::TextBoard_Change);
     connect(TextBoard, &::TextBoard::KeyUp, this, &Zendova::SyncEditCommands);
+    connect(TextBoard, &::TextBoard::SizeTurned, FontSizeSlider,
+            [this](int steps) { FontSizeSlider->setValue(FontSizeSlider->value() + steps); });
     connect(TextBoard, &::TextBoard::MouseUp, this, &Zendova::SyncEditCommands);
     connect(TextBoard, &::TextBoard::copyAvailable, this, &Zendova::SyncEditCommands);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,

@@ -6,6 +6,7 @@
 #include "fontmap/CharInfo.h"
 #include "fontmap/ColorRecord.h"
 #include "platform/controls/ControlTable.h"
+#include "platform/controls/WheelSteps.h"
 
 #include <QWidget>
 
@@ -92,6 +93,10 @@ signals:
     /// The number of the size was entered or left: the focus is free.
     void FocusFree();
 
+protected:
+    /// With Ctrl held the wheel sizes the map, where it can be sized.
+    void wheelEvent(QWheelEvent *event) override;
+
 private:
     void createControls(const TwipScale &scale);
     void connectControls();
@@ -100,4 +105,5 @@ private:
     CharCells &TextZoom;
     ControlTable Form;
     bool Sizable = true; ///< on this screen
+    WheelSteps Wheel;
 };

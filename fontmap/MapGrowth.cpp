@@ -78,6 +78,17 @@ void FontMap::FMSmaller_Click()
     sldSetFMapSize->setValue(sldSetFMapSize->value() - 1);
 }
 
+void FontMap::wheelEvent(QWheelEvent *event)
+{
+    if (!WheelSteps::isMeant(*event) || !pbxSetFMapSize->isEnabled()) {
+        event->ignore();
+        return;
+    }
+    if (const int steps = Wheel.take(*event))
+        sldSetFMapSize->setValue(sldSetFMapSize->value() + steps);
+    event->accept();
+}
+
 void FontMap::ComputeMaxMapSize()
 {
     MaxMapSize = MapSize::Largest(Display(), Form.TwipsX());

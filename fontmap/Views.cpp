@@ -223,3 +223,15 @@ void Views::contextMenuEvent(QContextMenuEvent *event)
     }
     emit MenuWanted(command, event->globalPos());
 }
+
+void Views::wheelEvent(QWheelEvent *event)
+{
+    const QPoint at = TextZoom->mapFrom(this, event->position().toPoint());
+    if (!WheelSteps::isMeant(*event) || !ViewZoom->isChecked() || !TextZoom->rect().contains(at)) {
+        event->ignore();
+        return;
+    }
+    if (const int steps = Wheel.take(*event))
+        ZoomSizeSlider->setValue(ZoomSizeSlider->value() + steps);
+    event->accept();
+}

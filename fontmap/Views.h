@@ -5,6 +5,7 @@
 
 #include "fontmap/CharInfo.h"
 #include "platform/controls/ControlTable.h"
+#include "platform/controls/WheelSteps.h"
 
 #include <QWidget>
 
@@ -61,10 +62,13 @@ signals:
 protected:
     /// Offers the switch of the view that was clicked, or that the focus is in.
     void contextMenuEvent(QContextMenuEvent *event) override;
+    /// With Ctrl held the wheel sizes the character over which it is turned, while that is shown.
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     void createControls(const TwipScale &scale);
     void connectControls();
 
     ControlTable Form;
+    WheelSteps Wheel;
 };

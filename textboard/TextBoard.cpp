@@ -273,6 +273,17 @@ void TextBoard::mouseReleaseEvent(QMouseEvent *event)
     emit MouseUp();
 }
 
+void TextBoard::wheelEvent(QWheelEvent *event)
+{
+    if (!WheelSteps::isMeant(*event)) {
+        QPlainTextEdit::wheelEvent(event);
+        return;
+    }
+    if (const int steps = Wheel.take(*event))
+        emit SizeTurned(steps);
+    event->accept();
+}
+
 void TextBoard::inputMethodEvent(QInputMethodEvent *event)
 {
     const QString whole = fitted(event->commitString());

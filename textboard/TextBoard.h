@@ -3,6 +3,8 @@
 // font stands for is asked from the function that its owner hands in.
 #pragma once
 
+#include "platform/controls/WheelSteps.h"
+
 #include <QFont>
 #include <QPlainTextEdit>
 #include <functional>
@@ -106,6 +108,8 @@ signals:
     void Change();
     void KeyUp();
     void MouseUp();
+    /// The wheel was turned so many steps with Ctrl held: up, above 0, is for a larger font.
+    void SizeTurned(int steps);
 
 protected:
     bool event(QEvent *event) override;
@@ -113,6 +117,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -147,4 +152,5 @@ private:
     bool Silent = false;  ///< what the document reports now is no change of the text
     bool Changed = false; ///< the document reported a change that `Change` has yet to tell
     bool DropWasCut = false;
+    WheelSteps Wheel;
 };
