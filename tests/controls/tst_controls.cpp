@@ -167,54 +167,27 @@ private slots:
 
 void TestControls::movesInGrids()
 {
-    struct Grid
+    using enum Qt::Key;
+    const struct
     {
-        int Count;
-        int Columns;
-        std::vector<std::tuple<Qt::Key, int, int>> Moves;
-    };
-    const Grid grids[] = {
-        {16,
-         8,
-         {{Qt::Key_Home, 13, 1},
-          {Qt::Key_End, 2, 16},
-          {Qt::Key_Left, 1, 16},
-          {Qt::Key_Left, 9, 8},
-          {Qt::Key_Right, 16, 1},
-          {Qt::Key_Right, 8, 9},
-          {Qt::Key_Up, 1, 16},
-          {Qt::Key_Up, 2, 9},
-          {Qt::Key_Up, 8, 15},
-          {Qt::Key_Up, 9, 1},
-          {Qt::Key_Down, 8, 16},
-          {Qt::Key_Down, 9, 2},
-          {Qt::Key_Down, 16, 1},
-          {Qt::Key_Space, 9, 9}}},
-        {48, 8, {{Qt::Key_Up, 2, 41}, {Qt::Key_Down, 41, 2}, {Qt::Key_Down, 40, 48}}},
-        {40, 8, {{Qt::Key_Up, 8, 39}, {Qt::Key_Down, 33, 2}, {Qt::Key_Down, 40, 1}}},
-        // A last row of one place.
-        {25,
-         8,
-         {{Qt::Key_Up, 1, 25},
-          {Qt::Key_Up, 2, 17},
-          {Qt::Key_Up, 8, 23},
-          {Qt::Key_Up, 25, 17},
-          {Qt::Key_Down, 17, 25},
-          {Qt::Key_Down, 18, 3},
-          {Qt::Key_Down, 24, 9},
-          {Qt::Key_Down, 25, 1}}},
-        {224,
-         28,
-         {{Qt::Key_Up, 1, 224},
-          {Qt::Key_Up, 2, 197},
-          {Qt::Key_Up, 29, 1},
-          {Qt::Key_Down, 28, 56},
-          {Qt::Key_Down, 196, 224},
-          {Qt::Key_Down, 197, 2}}},
-    };
-    for (const auto &[count, columns, moves] : grids)
-        for (const auto &[key, from, to] : moves)
-            QCOMPARE(MoveInGrid(from, key, count, columns), to);
+        int Count, Columns; // with 25, a last row of one place
+        Qt::Key Key;
+        int From, To;
+    } rows[] = {
+        {16, 8, Key_Home, 13, 1},   {16, 8, Key_End, 2, 16},     {16, 8, Key_Left, 1, 16},
+        {16, 8, Key_Left, 9, 8},    {16, 8, Key_Right, 16, 1},   {16, 8, Key_Right, 8, 9},
+        {16, 8, Key_Up, 1, 16},     {16, 8, Key_Up, 2, 9},       {16, 8, Key_Up, 8, 15},
+        {16, 8, Key_Up, 9, 1},      {16, 8, Key_Down, 8, 16},    {16, 8, Key_Down, 9, 2},
+        {16, 8, Key_Down, 16, 1},   {16, 8, Key_Space, 9, 9},    {48, 8, Key_Up, 2, 41},
+        {48, 8, Key_Down, 41, 2},   {48, 8, Key_Down, 40, 48},   {40, 8, Key_Up, 8, 39},
+        {40, 8, Key_Down, 33, 2},   {40, 8, Key_Down, 40, 1},    {25, 8, Key_Up, 1, 25},
+        {25, 8, Key_Up, 2, 17},     {25, 8, Key_Up, 8, 23},      {25, 8, Key_Up, 25, 17},
+        {25, 8, Key_Down, 17, 25},  {25, 8, Key_Down, 18, 3},    {25, 8, Key_Down, 24, 9},
+        {25, 8, Key_Down, 25, 1},   {224, 28, Key_Up, 1, 224},   {224, 28, Key_Up, 2, 197},
+        {224, 28, Key_Up, 29, 1},   {224, 28, Key_Down, 28, 56}, {224, 28, Key_Down, 196, 224},
+        {224, 28, Key_Down, 197, 2}};
+    for (const auto &[count, columns, key, from, to] : rows)
+        QCOMPARE(MoveInGrid(from, key, count, columns), to);
 }
 
 void TestControls::numbers()

@@ -1,30 +1,17 @@
-// The Help menu as a person uses it: the About window and how it goes away, what the desktop is
-// asked to open, the help window with good and bad files, and which menu items have which picture.
-#include "tests/support/Files.h"
+// The Help menu as a person uses it: the About window, what the desktop is asked to open, the help
+// window with good and bad files, and which menu items have which picture.
 #include "tests/support/MainWindow.h"
-#include "tests/support/Person.h"
 
-#include "core/About.h"
-#include "platform/FontCatalog.h"
 #include "platform/controls/HelpViewer.h"
 #include "platform/controls/Icons.h"
-#include "textboard/TextBoard.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QDesktopServices>
-#include <QDir>
-#include <QFrame>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QScrollBar>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QToolButton>
 
 namespace {
 
@@ -57,7 +44,7 @@ QString itemsWithPictures(const Zendova *window)
 
 } // namespace
 
-class TestHelp : public QObject
+class TestHelp : public WindowTest
 {
     Q_OBJECT
 
@@ -66,8 +53,7 @@ public slots:
 
 private slots:
     void initTestCase();
-    void init();
-    void cleanup() { QVERIFY(Place->Dialogs.allCame()); }
+    void init() override; // a window that has a help file
 
     void about();
     void addresses();
@@ -83,10 +69,9 @@ private slots:
 private:
     /// Chooses the contents from the menu, with this help file.
     HelpViewer *show(const QByteArray &content);
+    HelpViewer *viewer() const { return window->findChild<HelpViewer *>(); }
 
-    std::unique_ptr<Desktop> Place; ///< its folder is the current one
-    Zendova *Window = nullptr;      ///< started with a help file
-    QList<QUrl> Opened;             ///< what the desktop was asked for
+    QList<QUrl> Opened; ///< what the desktop was asked for
 };
 
 void TestHelp::initTestCase()
@@ -98,61 +83,31 @@ void TestHelp::initTestCase()
 void TestHelp::init()
 {
     Opened.clear();
-    Place.reset();
-    Place = std::make_unique<Desktop>();
-    QVERIFY(QDir::setCurrent(Place->Folder.path()));
+    useDesktop();
+    QVERIFY(QDir::setCurrent(desktop->Folder.path()));
     writeFile(HelpFile, "<h1>First</h1>");
-    Window = Place->start();
+    restart();
 }
 
 void TestHelp::about()
 {
-    struct Row
-    {
-        bool Closes;
-        void (*Use)(About &);
-    };
-    constexpr Row rows[] = {
-        {true, [](About &about) { QTest::keyClick(&about, Qt::Key_Tab); }},
-        {false, [](About &about) { QTest::keyClick(&about, Qt::Key_Alt); }}, // on the way to Tab
-        {false,
-         [](About &about) {
-             QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-             QApplication::sendEvent(&about, &held);
-         }},
-        {true,
-         [](About &about) { // on what is under the mouse
-             const QPoint logo = about.ZendovaLogo->geometry().center();
-             QTest::mouseClick(about.childAt(logo), Qt::LeftButton);
-         }},
-        {false, [](About &about) { QTest::mouseClick(about.Background, Qt::RightButton); }},
-        {false, [](About &about) { QTest::mouseRelease(about.Background, Qt::LeftButton); }},
-        {false,
-         [](About &about) {
-             QTest::mousePress(about.Background, Qt::LeftButton, {}, {3, 3});
-             QTest::mouseRelease(about.Background, Qt::LeftButton, {}, {-5, -5});
-         }},
-    };
-    for (const Row &row : rows) {
-        Place->Dialogs.dialog("About Zendova", [&row](QDialog *dialog) {
-            // All of its labels.
-            QCOMPARE(dialog->accessibleDescription(),
-                     QString("Zendova Version 3.0.0 RC2 © Zendova Works: made with patience and a "
-                             "love of letters and dedicated to the passion, commitment and "
-                             "generosity of all the freeware coders I am indebted to and have "
-                             "learnt from. Press any key or click on box to continue..."));
-            row.Use(*qobject_cast<About *>(dialog));
-            QCOMPARE(dialog->isVisible(), !row.Closes);
-            dialog->reject();
-        });
-        menuItem(Window, "HelpAbout")->trigger();
-    }
+    desktop->Dialogs.dialog("About Zendova", [](QDialog *dialog) {
+        // All of its labels.
+        QCOMPARE(dialog->accessibleDescription(),
+                 QString("Zendova Version 3.0.0 RC2 © Zendova Works: made with patience and a love "
+                         "of letters and dedicated to the passion, commitment and generosity of "
+                         "all the freeware coders I am indebted to and have learnt from. Press any "
+                         "key or click on box to continue..."));
+        QTest::keyClick(dialog, Qt::Key_Tab);
+        QVERIFY(!dialog->isVisible());
+    });
+    menuItem(window, "HelpAbout")->trigger();
 }
 
 void TestHelp::addresses()
 {
     for (const char *command : {"HelpReadme", "HelpCheckUpd", "HelpVisit", "HelpFeedback"})
-        menuItem(Window, command)->trigger();
+        menuItem(window, command)->trigger();
     QCOMPARE(Opened,
              (QList{QUrl::fromLocalFile(qApp->applicationDirPath() + "/Readme.doc"),
                     QUrl("https://zendova.example/updates"), QUrl("https://zendova.example/"),
@@ -164,29 +119,28 @@ void TestHelp::pictures()
     const QString always = "FileTF FileCFM EditCut EditCopy EditPaste EditFind FormatTB FormatFM "
                            "ToolsCopy ToolsCut ToolsFS ToolsPrint ToolsClear ToolsFB ToolsKB "
                            "ToolsOpt ";
-    QCOMPARE(itemsWithPictures(Window), always + "HelpContents HelpReadme HelpCheckUpd HelpVisit "
+    QCOMPARE(itemsWithPictures(window), always + "HelpContents HelpReadme HelpCheckUpd HelpVisit "
                                                  "HelpFeedback HelpAbout");
-    QVERIFY(menuItem(Window, "HelpContents")->isVisible());
+    QVERIFY(menuItem(window, "HelpContents")->isVisible());
     // A folder is no help file. The last positions count the hidden item too, so that the pictures
     // move down by one.
     QVERIFY(QFile::remove(HelpFile) && QDir().mkdir(HelpFile));
-    Window = Place->start();
-    QCOMPARE(itemsWithPictures(Window), always + "- HelpReadme HelpVisit HelpFeedback - -");
-    QVERIFY(!menuItem(Window, "HelpContents")->isVisible());
+    restart();
+    QCOMPARE(itemsWithPictures(window), always + "- HelpReadme HelpVisit HelpFeedback - -");
+    QVERIFY(!menuItem(window, "HelpContents")->isVisible());
 }
 
 HelpViewer *TestHelp::show(const QByteArray &content)
 {
     writeFile(HelpFile, content);
-    menuItem(Window, "HelpContents")->trigger();
-    auto *viewer = Window->findChild<HelpViewer *>();
-    return viewer && QTest::qWaitForWindowExposed(viewer) ? viewer : nullptr;
+    menuItem(window, "HelpContents")->trigger();
+    return viewer() && QTest::qWaitForWindowExposed(viewer()) ? viewer() : nullptr;
 }
 
 void TestHelp::contentsAndKey()
 {
-    QTest::keyClick(Window, Qt::Key_F1);
-    auto *viewer = Window->findChild<HelpViewer *>();
+    QTest::keyClick(window, Qt::Key_F1);
+    auto *viewer = this->viewer();
     QVERIFY(viewer && viewer->isVisible() && !viewer->isModal());
     QCOMPARE(viewer->windowTitle(), QString("Zendova Help"));
     QCOMPARE(viewer->Page->toPlainText(), QString("First"));
@@ -194,26 +148,26 @@ void TestHelp::contentsAndKey()
     QCOMPARE(show("<h1>Second</h1>"), viewer);
     QCOMPARE(viewer->Page->toPlainText(), QString("Second"));
     QTest::keyClick(viewer->Page, Qt::Key_Escape);
-    QVERIFY(!viewer->isVisible() && Window->isVisible());
+    QVERIFY(!viewer->isVisible() && window->isVisible());
 
     QVERIFY(QFile::remove(HelpFile));
-    menuItem(Window, "HelpContents")->trigger();
+    menuItem(window, "HelpContents")->trigger();
     QVERIFY(viewer->Page->toPlainText().contains("not there any more"));
 
-    Window = Place->start();
-    QTest::keyClick(Window, Qt::Key_F1);
-    auto *menu = Window->findChild<QMenu *>("ItemView");
+    restart();
+    QTest::keyClick(window, Qt::Key_F1);
+    auto *menu = window->findChild<QMenu *>("ItemView");
     menu->popup({});
     QTest::keyClick(menu, Qt::Key_F1);
     QCOMPARE(QApplication::activePopupWidget(), menu);
     menu->close();
-    QVERIFY(!Window->findChild<HelpViewer *>());
+    QVERIFY(!this->viewer());
 }
 
 void TestHelp::menuTopics()
 {
     writeFile(HelpFile, ourHelp());
-    QTest::keyClicks(Window->TextBoard, "a"); // only what is enabled is highlighted
+    QTest::keyClicks(window->TextBoard, "a"); // only what is enabled is highlighted
     for (const auto &[name, item, topic] :
          {std::tuple("ItemView", "ViewCode", "The views: zoom, code, keystroke"),
           {"ItemTools", "ToolsCopy", "Cut, copy and paste"},
@@ -221,13 +175,13 @@ void TestHelp::menuTopics()
           {"ItemTools", "ToolsCut", "Zendova Help"},
           {"FileTF", "FileLoad", "Zendova Help"}}) {
         if (name == QString("FileTF")) // a menu within a menu
-            Window->findChild<QMenu *>("ItemFile")->popup({});
-        auto *menu = Window->findChild<QMenu *>(name);
+            window->findChild<QMenu *>("ItemFile")->popup({});
+        auto *menu = window->findChild<QMenu *>(name);
         menu->popup({});
-        menu->setActiveAction(menuItem(Window, item));
+        menu->setActiveAction(menuItem(window, item));
         QTest::keyClick(menu, Qt::Key_F1);
         QVERIFY2(!QApplication::activePopupWidget(), item);
-        const auto *viewer = Window->findChild<HelpViewer *>();
+        const auto *viewer = this->viewer();
         QVERIFY(viewer && viewer->isVisible() && !viewer->Back->isEnabled());
         QCOMPARE(viewer->Page->textCursor().block().text().trimmed(), QString(topic));
         QVERIFY2(qAbs(viewer->Page->cursorRect().top()) <= 40, item);
@@ -238,7 +192,7 @@ void TestHelp::ourHelpHangsTogether()
 {
     QStringList anchors = captures(ourHelp(), "<a name=\"([^\"]*)\">");
     QStringList targets = captures(ourHelp(), "href=\"#([^\"]*)\"");
-    for (const QAction *item : Window->menuBar()->findChildren<QAction *>())
+    for (const QAction *item : window->menuBar()->findChildren<QAction *>())
         if (const int topic = item->property("HelpId").toInt())
             targets += HelpViewer::AnchorOf(topic);
     targets.removeDuplicates();
@@ -337,9 +291,6 @@ void TestHelp::findsInPage()
     QCOMPARE(place(), 12);
 }
 
-int main(int argc, char *argv[])
-{
-    return runWindowTest<TestHelp>(argc, argv);
-}
+ZENDOVA_WINDOW_TEST(TestHelp)
 
 #include "tst_help.moc"

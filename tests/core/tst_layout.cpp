@@ -2,27 +2,10 @@
 // densities of the screen: nothing outside, nothing on top of another, nothing cut; and the split
 // bar under the mouse.
 #include "tests/support/MainWindow.h"
-#include "tests/support/Person.h"
 
-#include "platform/FontCatalog.h"
-#include "platform/controls/BandBar.h"
-#include "platform/controls/CharCells.h"
-#include "platform/controls/FontCombo.h"
-#include "platform/controls/NumberSlider.h"
-#include "platform/controls/Toolbar.h"
-#include "textboard/TextBoard.h"
-
-#include <QAbstractButton>
 #include <QAbstractScrollArea>
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
-#include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
-#include <QTest>
-#include <QToolButton>
 #include <set>
 
 namespace {
@@ -86,15 +69,6 @@ void checkControls(const QWidget *parent)
     }
 }
 
-/// The mouse with a button held, at so many pixels below the upper edge of the split bar.
-void holdAt(const Zendova *window, int down, Qt::MouseButton button = Qt::LeftButton)
-{
-    const QPointF at(50, down);
-    QMouseEvent move(QEvent::MouseMove, at, window->SplitBar->mapToGlobal(at), Qt::NoButton, button,
-                     Qt::NoModifier);
-    QApplication::sendEvent(window->SplitBar, &move);
-}
-
 /// The toolkit's test library leaves the last release of a double click out.
 void doubleClick(const Zendova *window)
 {
@@ -115,7 +89,7 @@ QList<int> edgesOf(const Zendova *window, int moved = 0)
 
 } // namespace
 
-class TestLayout : public QObject
+class TestLayout : public WindowTest
 {
     Q_OBJECT
 
@@ -127,40 +101,34 @@ private slots:
     void menuKeys();
     void staysOnTheScreen();
     void storedWidth();
-
     void splitBar();
-    void splitGrip();
 };
 
 void TestLayout::controls_data()
 {
-    QTest::addColumn<int>("mapSize");
     QTest::addColumn<QString>("side");
-    QTest::newRow("smallest") << 1 << "R";
-    QTest::newRow("between") << 9 << "L";
-    QTest::newRow("largest") << 24 << "R";
+    QTest::newRow("1") << "R";
+    QTest::newRow("9") << "L";
+    QTest::newRow("24") << "R";
 }
 
 void TestLayout::controls()
 {
-    QFETCH(int, mapSize);
     QFETCH(QString, side);
-    Desktop desktop({1440, 1200});
-    desktop.start();
-    QVERIFY(desktop.close());
-    desktop.alterSettings("UPDATE settings SET value = '" + side + "' WHERE name = 'VCPosition'");
-    desktop.alterSettings(
-        QString("UPDATE settings SET value = %1 WHERE name = 'SizeIndex'").arg(mapSize));
-    Zendova *window = desktop.start();
+    const int mapSize = QByteArray(QTest::currentDataTag()).toInt();
+    begin({1440, 1200});
+    QVERIFY(desktop->close());
+    desktop->store("Options", "VCPosition", side);
+    desktop->store("FontMap", "SizeIndex", mapSize);
+    restart();
     QCOMPARE(window->FMapContainer->SizeIndex, mapSize);
     checkControls(window->Client);
     // The longest texts that the labels get.
     window->TextBoard->setText(QString(::TextBoard::MaxLength(), 'x'));
-    QTest::mouseClick(window->TextEditTB->button("Find"), Qt::LeftButton);
+    press("Find");
     QVERIFY(window->FindFrame->isVisible());
     for (const int code : {32, 255}) {
-        QTest::mouseMove(window->FMapContainer->CharButton,
-                         window->FMapContainer->CharButton->pixels(code - FirstCode).center());
+        hover(window, cellOf(code));
         checkControls(window->Client);
     }
     QCOMPARE(window->TBPContainer->PercFilled->text(), QString("100%"));
@@ -173,34 +141,36 @@ void TestLayout::controls()
 void TestLayout::areasLeaveNoGaps()
 {
     for (const double dotsPerInch : {96.0, 120.0}) {
-        Desktop desktop({1280, 1024}, dotsPerInch);
-        Zendova *window = desktop.start();
+        begin({1280, 1024}, dotsPerInch);
         const QWidget *column[] = {window->TextBoard, window->SplitBar, window->FMapContainer,
                                    window->LLVContainer};
+        const Views *views = window->ViewsContainer;
         for (const int mapSize : {8, 1, 10}) {
             window->FMapContainer->sldSetFMapSize->setValue(mapSize);
             for (std::size_t i = 1; i < std::size(column); ++i)
                 QVERIFY(column[i]->y() <= column[i - 1]->geometry().bottom() + 1);
-            QTest::mouseClick(window->ViewsContainer->ViewsTB->button("VCRight"), Qt::LeftButton);
-            QVERIFY(window->ViewsContainer->ViewsTB->button("VCRight")->isChecked());
-            QVERIFY(!window->ViewsContainer->ViewsTB->button("VCLeft")->isChecked());
+            press("VCRight");
+            QVERIFY(button("VCRight")->isChecked() && !button("VCLeft")->isChecked());
             const QRect board = window->TextBoard->geometry();
             QCOMPARE(board.x(), 7);
-            QCOMPARE(window->ViewsContainer->x(), board.right() + 3);
-            QTest::mouseClick(window->ViewsContainer->ViewsTB->button("VCLeft"), Qt::LeftButton);
+            QCOMPARE(views->x(), board.right() + 3);
+            // The bars end together near the right edge, whatever the density.
+            const int right = window->CoolBarCM->geometry().right();
+            QVERIFY(right < window->Client->width() && right > window->Client->width() - 12);
+            QCOMPARE(window->StatBar->geometry().right(), right);
+            QVERIFY(qAbs(views->geometry().right() - right) <= 2);
+            press("VCLeft");
             QCOMPARE(window->TextBoard->geometry(), board.translated(136, 0));
-            QCOMPARE(window->ViewsContainer->x(), 7);
+            QCOMPARE(views->x(), 7);
         }
     }
 }
 
 void TestLayout::toolTips()
 {
-    Desktop desktop;
-    Zendova *window = desktop.start();
     window->TextBoard->setText(QString(::TextBoard::MaxLength(), 'x'));
     // The texts on a panel leave the mouse to it.
-    const auto toolTipOver = [window](const char *name) {
+    const auto toolTipOver = [this](const char *name) {
         const QWidget *text = window->findChild<QLabel *>(name);
         const QPoint middle = text->mapTo(window->Client, text->rect().center());
         return window->Client->childAt(middle)->toolTip();
@@ -210,17 +180,18 @@ void TestLayout::toolTips()
             QVERIFY2(!button->icon().isNull(), qPrintable(button->accessibleName()));
             QVERIFY2(button->toolTip().isEmpty() != on, qPrintable(button->accessibleName()));
         }
-        QCOMPARE(toolTipOver("BinCode"), QString(on ? "Code View Area" : ""));
-        QCOMPARE(toolTipOver("KS"), QString(on ? "Keystroke View Area" : ""));
-        QCOMPARE(toolTipOver("ProgressFore"), QString(on ? "Percentage of TextBoard Filled" : ""));
+        for (const auto &[name, text] : {std::pair("BinCode", "Code View Area"),
+                                         {"KS", "Keystroke View Area"},
+                                         {"ProgressFore", "Percentage of TextBoard Filled"}})
+            QCOMPARE(toolTipOver(name), QString(on ? text : ""));
+        QCOMPARE(button("Color")->toolTip(),
+                 QString(on ? "Set TextBoard Font Color (Currently Black)" : ""));
         window->DisplayTT->trigger();
     }
 }
 
 void TestLayout::menuKeys()
 {
-    Desktop desktop;
-    const Zendova *window = desktop.start();
     std::set<QString> shortcuts;
     const auto check = [&shortcuts](const QWidget *menu) {
         QString accessKeys;
@@ -244,8 +215,6 @@ void TestLayout::menuKeys()
 void TestLayout::staysOnTheScreen()
 {
     const QPoint corner(1280 - 976, 1024 - 648); // the window of size 8 is wholly in view there
-    Desktop desktop;
-    Zendova *window = desktop.start();
     QCOMPARE(QSizeF(window->FormWidth(), window->FormHeight()), QSizeF(976, 648) * 15);
     window->move(corner);
     pullSplitBar(window, 100);
@@ -265,16 +234,13 @@ void TestLayout::staysOnTheScreen()
 
 void TestLayout::storedWidth()
 {
-    Desktop desktop;
-    Zendova *window = desktop.start();
     doubleClick(window);
     const double height = window->FormHeight();
-    QVERIFY(desktop.close());
+    QVERIFY(desktop->close());
     // As stored, but neither narrower than the map nor wider than the screen.
     for (const auto &[stored, width] : {std::pair(0, 976), {15000, 1000}, {40000, 1280}}) {
-        desktop.alterSettings(
-            QString("UPDATE settings SET value = %1 WHERE name = 'FormWidth'").arg(stored));
-        window = desktop.start();
+        desktop->store("Last", "FormWidth", stored);
+        restart();
         QCOMPARE(QSizeF(window->FormWidth(), window->FormHeight()), QSizeF(width * 15, height));
         // Realigned, the window is the map's again, with all areas in it.
         menuItem(window, "FMRealign")->trigger();
@@ -285,27 +251,26 @@ void TestLayout::storedWidth()
 
 void TestLayout::splitBar()
 {
-    Desktop desktop({1280, 800});
-    Zendova *window = desktop.start();
+    begin({1280, 800});
     const QList<int> top = edgesOf(window);
     const int room = 800 - window->FMapContainer->height() - 72 - window->SplitBar->y();
-    // Where the mouse goes, and how far the bar is moved then: it is held at its pixel 2, follows
-    // from the third pixel on, and stays between its first place and the screen's end.
-    const std::pair<int, int> steps[] = {
-        {-20, 0},          {0, 0},     {4, 0},  {5, 3},   {4, 3},
-        {-1, 0},           {42, 40},   {2, 40}, {-8, 30}, {room - 27, 30},
-        {room - 28, room}, {12, room},
+    const auto grip = [this](int below) {
+        QWidget *under = window->childAt(window->SplitBar->mapTo(window, QPoint(300, below)));
+        return under && under->cursor().shape() == Qt::SplitVCursor ? under : nullptr;
     };
-    QTest::mousePress(window->SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
-    for (const auto &[mouse, moved] : steps) {
-        holdAt(window, mouse);
+    QVERIFY(grip(-3) && grip(4) && !grip(-4) && !grip(5));
+    QCOMPARE(grip(-3)->toolTip(), QString("Pull FontMap Up/Down"));
+    // How far it is pulled, and how far it goes: between its first place and the screen's end.
+    for (const auto &[pixels, moved] : {std::pair(-20, 0), {40, 40}, {room, room}}) {
+        window->FontNameCombo->setFocus();
+        pullSplitBar(window, pixels);
         QCOMPARE(edgesOf(window, moved), top);
+        QVERIFY(window->TextBoard->hasFocus());
+        pullSplitBar(window, room + 5 - moved);
+        QCOMPARE(edgesOf(window, moved), top);
+        press("RAFMap");
+        QCOMPARE(edgesOf(window), top);
     }
-    window->FontNameCombo->setFocus();
-    QTest::mouseRelease(window->SplitBar, Qt::LeftButton, {}, QPoint(50, 1));
-    QVERIFY(window->TextBoard->hasFocus());
-    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
-    QCOMPARE(edgesOf(window), top);
     for (const int moved : {room, 0, room, 0}) {
         window->FontNameCombo->setFocus();
         doubleClick(window);
@@ -313,51 +278,9 @@ void TestLayout::splitBar()
         QCOMPARE(window->FMapContainer->FMLarger->isEnabled(), moved == 0);
         QVERIFY(window->TextBoard->hasFocus());
     }
-    // Without the left button the mouse only passes.
-    holdAt(window, 42, Qt::RightButton);
-    holdAt(window, 42, Qt::NoButton);
-    QCOMPARE(edgesOf(window), top);
-}
-
-void TestLayout::splitGrip()
-{
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    const auto at = [window](int below) {
-        return window->SplitBar->mapTo(window, QPoint(300, below));
-    };
-    const auto under = [&](int below) { return window->childAt(at(below)); };
-    const auto canPull = [&](int below) {
-        return under(below) && under(below)->cursor().shape() == Qt::SplitVCursor;
-    };
-    QWindow *mouse = window->windowHandle();
-    const QList<int> top = edgesOf(window);
-    for (const int edge : {-3, 4}) {
-        QVERIFY(canPull(edge));
-        QCOMPARE(under(edge)->toolTip(), QString("Pull FontMap Up/Down"));
-        // Taken there the bar does not jump, and follows the mouse.
-        QTest::mousePress(mouse, Qt::LeftButton, {}, at(edge));
-        QTest::mouseMove(mouse, at(edge + 1));
-        QCOMPARE(edgesOf(window), top);
-        const QPoint lower = at(edge + 50);
-        QTest::mouseMove(mouse, lower);
-        // Another button on the way neither ends the drag nor moves the hold.
-        QTest::mousePress(mouse, Qt::RightButton, {}, lower);
-        QTest::mouseRelease(mouse, Qt::RightButton, {}, lower);
-        QTest::mouseMove(mouse, lower + QPoint(0, 1));
-        const int moved = window->SplitBar->y() - top[0];
-        QVERIFY2(qAbs(moved - 50) <= 2, qPrintable(QString::number(moved)));
-        QTest::mouseRelease(mouse, Qt::LeftButton, {}, lower);
-        QVERIFY(canPull(edge)); // it went along
-        QTest::mouseDClick(mouse, Qt::LeftButton, {}, at(edge));
-        QCOMPARE(edgesOf(window), top);
-    }
-    QVERIFY(!canPull(-4) && !canPull(5));
-    window->DisplayTT->trigger();
-    QCOMPARE(under(-3)->toolTip(), QString());
     // Where the map can't be sized there is nothing to pull.
-    desktop.Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
-    QVERIFY(!canPull(0));
+    desktop->Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
+    QVERIFY(!grip(0));
 }
 
 int main(int argc, char *argv[])

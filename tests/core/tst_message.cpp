@@ -1,15 +1,10 @@
 // The message dialog, worked as a person works it: its buttons, keys, close box and check box, the
-// first focus, its places, and the colours it wears.
+// first focus and its places.
 #include "tests/support/MainWindow.h"
 
-#include "core/GlobalDeclarations.h"
 #include "core/Message.h"
-#include "platform/controls/CharCells.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -37,10 +32,13 @@ Use held(Qt::Key key)
 }
 
 /// Shows a message, works it, and waits until it is closed.
-void show(Desktop &desktop, const QString &buttons, const Use &use, bool showCheck = false,
-          int defaultButton = 1, const QString &text = "\r\rText")
+void show(const QString &buttons, const Use &use, bool showCheck = false, int defaultButton = 1,
+          const QString &text = "\r\rText")
 {
-    desktop.Dialogs.dialog("Zendova Title", [&](QDialog *dialog) {
+    SysInfo screen;
+    screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
+    Answers answers;
+    answers.dialog("Zendova Title", [&](QDialog *dialog) {
         auto *message = qobject_cast<Message *>(dialog);
         QVERIFY(message);
         QVERIFY(message->isModal());
@@ -49,7 +47,7 @@ void show(Desktop &desktop, const QString &buttons, const Use &use, bool showChe
             message->done(QDialog::Rejected);
     });
     ZndvMsg(text, buttons, "Zendova Title", showCheck, defaultButton);
-    QVERIFY(desktop.Dialogs.allCame());
+    QVERIFY(answers.allCame());
 }
 
 } // namespace
@@ -97,9 +95,8 @@ private slots:
         QFETCH(QString, buttons);
         QFETCH(Use, use);
         QFETCH(bool, closes);
-        Desktop desktop;
         MsgResult = true;
-        show(desktop, buttons, [&](Message &dialog) {
+        show(buttons, [&](Message &dialog) {
             use(dialog);
             QCOMPARE(dialog.isVisible(), !closes);
         });
@@ -108,7 +105,6 @@ private slots:
 
     void dontRepeat()
     {
-        Desktop desktop;
         for (const int clicks : {1, 0, 2}) { // each call begins anew
             const auto use = [=](Message &dialog) {
                 QVERIFY(dialog.DisplayAgainCheck->isVisible());
@@ -119,16 +115,14 @@ private slots:
                 QVERIFY(dialog.isVisible());
                 click(dialog.Button2);
             };
-            show(desktop, "YN", use, true);
+            show("YN", use, true);
             QCOMPARE(MsgDontRepeat, clicks == 1);
         }
-        show(desktop, "YN",
-             [](Message &dialog) { QVERIFY(!dialog.DisplayAgainCheck->isVisible()); });
+        show("YN", [](Message &dialog) { QVERIFY(!dialog.DisplayAgainCheck->isVisible()); });
     }
 
     void firstFocus()
     {
-        Desktop desktop;
         for (const int defaultButton : {1, 2}) {
             const auto use = [=](Message &dialog) {
                 QApplication::setActiveWindow(&dialog);
@@ -139,14 +133,13 @@ private slots:
                     QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
                 }
             };
-            show(desktop, "YN", use, false, defaultButton);
+            show("YN", use, false, defaultButton);
         }
     }
 
     void places()
     {
-        Desktop desktop;
-        show(desktop, "OK", [](Message &dialog) {
+        show("OK", [](Message &dialog) {
             QCOMPARE(dialog.Button1->text(), QString("Ok"));
             QCOMPARE(dialog.Button1->pos() * 15, QPoint(4140, 1950));
             QVERIFY(!dialog.Button2->isVisible());
@@ -167,36 +160,11 @@ private slots:
                 QCOMPARE(dialog.Button1->pos() * 15, QPoint(2790, 1950));
                 QCOMPARE(dialog.Button2->pos() * 15, QPoint(4140, 1950));
             };
-            show(desktop, "YN", use, false, 1, text);
-        }
-    }
-
-    void colors()
-    {
-        Desktop desktop;
-        Zendova *window = desktop.start();
-        window->FMapContainer->Fore.Color = RGBValue(250, 240, 10);
-        window->FMapContainer->Back.Color = RGBValue(0, 0, 200);
-        window->FMapContainer->ApplyFontMapColors(true, window->FMapContainer->Fore.Color, true,
-                                                  window->FMapContainer->Back.Color);
-        for (const bool scheme : {true, false}) {
-            QCOMPARE(window->DisplayCS->isChecked(), scheme);
-            show(desktop, "OK", [=](Message &dialog) {
-                const QPalette palette = dialog.MessageArea->palette();
-                QCOMPARE(palette.color(QPalette::WindowText) == QColor(250, 240, 10), scheme);
-                const QImage picture = dialog.grab().toImage();
-                QCOMPARE(picture.pixelColor(20, 115) == QColor(0, 0, 200), scheme);
-                // The buttons keep their own.
-                QVERIFY(picture.pixelColor(200, 140) != QColor(0, 0, 200));
-            });
-            window->DisplayCS->trigger();
+            show("YN", use, false, 1, text);
         }
     }
 };
 
-int main(int argc, char *argv[])
-{
-    return runWindowTest<TestMessage>(argc, argv);
-}
+ZENDOVA_WINDOW_TEST(TestMessage)
 
 #include "tst_message.moc"

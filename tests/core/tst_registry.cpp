@@ -3,11 +3,11 @@
 #include "core/GlobalDeclarations.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 #include <memory>
-#include <sqlite3.h>
 
 Q_DECLARE_METATYPE(SettingValue)
 
@@ -34,12 +34,9 @@ private:
 
     void store(const QByteArray &kindAndValue)
     {
-        sqlite3 *database = nullptr;
-        sqlite3_open(qPrintable(Folder->filePath("s.sqlite")), &database);
-        const QByteArray sql =
-            "INSERT INTO settings VALUES('Software\\Zendova\\Options', 'a', " + kindAndValue + ")";
-        QCOMPARE(sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(database);
+        QVERIFY(OtherProgram(Folder->filePath("s.sqlite"))
+                    .run("INSERT INTO settings VALUES('Software\\Zendova\\Options', 'a', " +
+                         kindAndValue + ")"));
     }
 
 private slots:

@@ -2,40 +2,12 @@
 // settings that are missing or unfit, the start-up file, the exit warning, what is kept, and a
 // change of the display.
 #include "tests/support/MainWindow.h"
-#include "tests/support/Person.h"
 
 #include "core/SettingConversion.h"
 #include "core/SettingsDefaults.h"
 #include "core/SettingsTable.h"
-#include "platform/controls/BandBar.h"
-#include "platform/controls/CharCells.h"
-#include "platform/controls/NumberSlider.h"
-#include "platform/controls/Toolbar.h"
-#include "textboard/TextBoard.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QFile>
-#include <QLabel>
 
 namespace {
-
-const QString FirstRunTitle = "Zendova Init Information";
-const QString FirstRunQuestion = "\r\r\r\rAre you running Zendova for the first time?";
-const QString RepairTitle = "Zendova Registry Initialization Error";
-const QString RepairQuestion =
-    "\rZendova registry entries seem to be incorrect.  \r\rContinue Loading?\r\r"
-    "\u2022 Press Yes to repair registry and continue loading.\r"
-    "(all settings will be reset to default values)      \r"
-    "\u2022 Press No to terminate loading.";
-const QString ScreenTitle = " Resource Initilalization Error";
-const QString ScreenText = "\rYour screen and/or font size is not adequate to run Zendova.\r\r"
-                           "To run properly, Zendova needs at least 800x600 resolution\r"
-                           " with Small Fonts or 1024x768 resolution with Large Fonts.\r\r"
-                           "Please change your screen resolution and/or\r"
-                           "font size accordingly and try again.";
-const QString ExitTitle = "Zendova Exit Warning";
-const QString ExitQuestion = "\r\r\r\rDiscard text on the TextBoard and Exit?";
 
 QString mapSize(const Zendova &window)
 {
@@ -59,16 +31,6 @@ QList<bool> sizing(const Zendova &window)
     return {window.FMapContainer->FMSmaller->isEnabled(),
             window.FMapContainer->tlbCFMapFmt->button("FMap-")->isEnabled(),
             window.FMapContainer->pbxSetFMapSize->isEnabled(), window.SplitBar->isVisible()};
-}
-
-/// As the settings file shows a value.
-QString stored(const WrittenValue &value)
-{
-    if (const auto *text = std::get_if<QString>(&value))
-        return *text;
-    if (const auto *truth = std::get_if<bool>(&value))
-        return *truth ? "True" : "False";
-    return QString::number(static_cast<quint32>(std::get<qint32>(value)));
 }
 
 /// A value that only this row of the table of settings has. Of those that know two values only, the
@@ -96,14 +58,7 @@ WrittenValue ownValue(int row, const Setting &setting, int round)
     }
 }
 
-QString setValueSql(const QString &key, const QString &name, int kind, const QString &literal)
-{
-    return QString("UPDATE settings SET kind = %1, value = %2 WHERE key = '%3' AND name = '%4'")
-        .arg(kind)
-        .arg(literal, SettingsPath(key), name);
-}
-
-QString deleteValueSql(const QString &key, const QString &name)
+QString deleteSql(const QString &key, const QString &name)
 {
     return QString("DELETE FROM settings WHERE key = '%1' AND name = '%2'")
         .arg(SettingsPath(key), name);
@@ -111,81 +66,88 @@ QString deleteValueSql(const QString &key, const QString &name)
 
 } // namespace
 
-class TestStartup : public QObject
+class TestStartup : public WindowTest
 {
     Q_OBJECT
 
 private:
     QByteArray Complete; ///< settings of a first run, with full lists of recent files
 
+    void start(const QString &commandTail = {}) { window = desktop->startAsItIs(commandTail); }
+    void endsAtStart()
+    {
+        QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop->startAsItIs());
+        QVERIFY(!desktop->Window->isVisible());
+        QVERIFY(desktop->Dialogs.allCame());
+    }
+    QByteArray settingsFile() const { return contentOf(desktop->settingsFile()); }
+
 private slots:
     void initTestCase()
     {
-        Desktop desktop;
-        desktop.start();
-        QVERIFY(desktop.close());
-        desktop.alterSettings("UPDATE settings SET value = '/files/' || name || '.txt' "
-                              "WHERE key LIKE '%MRU'");
-        desktop.alterSettings(QString("INSERT INTO settings VALUES('%1', 'TBFColorIndex', 4, 3), "
-                                      "('%1', 'FMFColorIndex', 4, 3)")
-                                  .arg(SettingsPath(u"Temp")));
-        Complete = contentOf(desktop.settingsFile());
+        begin();
+        QVERIFY(desktop->close());
+        desktop->alterSettings("UPDATE settings SET value = '/files/' || name || '.txt' "
+                               "WHERE key LIKE '%MRU'");
+        desktop->alterSettings(QString("INSERT INTO settings VALUES('%1', 'TBFColorIndex', 4, 3), "
+                                       "('%1', 'FMFColorIndex', 4, 3)")
+                                   .arg(SettingsPath(u"Temp")));
+        Complete = settingsFile();
     }
+    void init() override { useDesktop({1280, 1024}, 96, Complete); }
 
     void refusesNarrowScreen()
     {
         for (const bool settingsExist : {true, false}) {
-            Desktop desktop({799, 600}, 96, settingsExist ? Complete : QByteArray());
-            desktop.Dialogs.message("Ze" + ScreenTitle, ScreenText, "Ok");
-            QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop.startAsItIs());
-            QVERIFY(desktop.Dialogs.allCame());
-            QVERIFY(!desktop.Window->isVisible());
-            QCOMPARE(desktop.settings().empty(), !settingsExist);
+            useDesktop({799, 600}, 96, settingsExist ? Complete : QByteArray());
+            // The program's name has not come further yet.
+            desktop->Dialogs.message("Ze" + QString(Says::ScreenTooSmall.Title),
+                                     Says::ScreenTooSmall.Text, "Ok");
+            endsAtStart();
+            QCOMPARE(desktop->settings().empty(), !settingsExist);
             // The end of a run saves what the window holds, and that is its design.
-            QCOMPARE(desktop.setting("Last", "FormWidth"), QString(settingsExist ? "11700" : ""));
-            QCOMPARE(desktop.setting("MRU", "1"), QString());
+            QCOMPARE(desktop->setting("Last", "FormWidth"), QString(settingsExist ? "11700" : ""));
+            QCOMPARE(desktop->setting("MRU", "1"), QString());
         }
     }
 
     void leastScreenHasNoRoomToSizeTheMap()
     {
-        Desktop desktop({800, 480});
-        const Zendova *window = desktop.start();
-        QVERIFY(desktop.Dialogs.allCame());
+        begin({800, 480});
         QCOMPARE(mapSize(*window), QString("1"));
         QCOMPARE(sizing(*window), QList<bool>(4, false));
     }
 
     void firstRunGivenUp()
     {
-        Desktop desktop;
-        desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "No");
-        desktop.Dialogs.message(RepairTitle, RepairQuestion, "No");
-        QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop.startAsItIs());
-        QVERIFY(desktop.Dialogs.allCame());
-        QVERIFY(!QFile::exists(desktop.settingsFile()));
+        useDesktop();
+        expect(Says::FirstRun, "No");
+        expect(Says::Repair, "No");
+        endsAtStart();
+        QVERIFY(!QFile::exists(desktop->settingsFile()));
     }
 
     void firstRun()
     {
-        Desktop desktop({1902, 1200});
-        desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "Yes");
-        const Zendova *window = desktop.startAsItIs();
-        QVERIFY(desktop.Dialogs.allCame());
+        useDesktop({1902, 1200});
+        expect(Says::FirstRun, "Yes");
+        start();
         QCOMPARE(window->windowTitle(), QString("Zendova Version 3.0.0 RC2"));
         for (const Setting &row : SettingsTable())
             if (const WrittenValue value = row.standard(); value.index() != 0)
-                QCOMPARE(desktop.setting(row.Key.toString(), row.Name.toString()), stored(value));
+                QCOMPARE(desktop->setting(row.Key.toString(), row.Name.toString()), stored(value));
         for (const char *name : {"LFLoadPath", "LFSavePath", "LMLoadPath", "LMSavePath"})
-            QCOMPARE(desktop.setting("Last", name), SysInfo::documentsFolder());
-        for (int start = 1; start <= 2; ++start) {
+            QCOMPARE(desktop->setting("Last", name), SysInfo::documentsFolder());
+        for (int run = 1; run <= 2; ++run) {
             QCOMPARE(mapSize(*window), QString("24"));
             QCOMPARE(window->FontSizeSlider->number()->text(), QString("34"));
             QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 27 + 24);
             QCOMPARE(outerSize(*window), outerSize(24));
-            QVERIFY(desktop.close());
-            window = desktop.startAsItIs(); // asks nothing
-            QVERIFY(desktop.Dialogs.allCame());
+            // In the middle, as if the smallest map were one step smaller yet.
+            const QSizeF around = QSizeF(1902, 1200) - outerSize(25);
+            QCOMPARE(window->pos(), QPointF(around.width() / 2, around.height() / 2).toPoint());
+            QVERIFY(desktop->close());
+            start(); // asks nothing
         }
     }
 
@@ -193,73 +155,66 @@ private slots:
     {
         QTest::addColumn<QString>("sql");
         QTest::addColumn<bool>("asks");
-        const Desktop desktop({1280, 1024}, 96, Complete);
-        for (const auto &[key, name, kind, value] : desktop.settings())
+        useDesktop({1280, 1024}, 96, Complete);
+        for (const auto &[key, name, kind, value] : desktop->settings())
             QTest::addRow("%s\\%s", qPrintable(key), qPrintable(name))
-                << deleteValueSql(key, name) << !(key.isEmpty() || key == "Temp");
-        for (const char *name : {"FontName", "FontColorName", "FontColorIndex", "ForeColorName",
-                                 "ForeColorIndex", "ForePaletteRef", "BackPaletteRef"})
+                << deleteSql(key, name) << !(key.isEmpty() || key == "Temp");
+        for (const char *name :
+             {"FontName", "FontColorName", "FontColorIndex", "ForeColorName", "ForeColorIndex",
+              "ForePaletteRef", "BackPaletteRef", "LFLoadPath"})
             QTest::addRow("%s empty", name)
                 << QString("UPDATE settings SET kind = 1, value = '' WHERE name = '%1'").arg(name)
-                << true;
-        QTest::newRow("folder empty") << setValueSql("Last", "LFLoadPath", 1, "''") << false;
+                << (name != QString("LFLoadPath"));
     }
 
     void missingSetting()
     {
         QFETCH(QString, sql);
         QFETCH(bool, asks);
-        Desktop desktop({1280, 1024}, 96, Complete);
-        desktop.alterSettings(sql);
-        const QByteArray before = contentOf(desktop.settingsFile());
+        desktop->alterSettings(sql);
+        const QByteArray before = settingsFile();
         if (asks) {
-            desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "No");
-            desktop.Dialogs.message(RepairTitle, RepairQuestion, "No");
-            QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop.startAsItIs());
+            expect(Says::FirstRun, "No");
+            expect(Says::Repair, "No");
+            endsAtStart();
         } else {
-            QVERIFY_THROWS_NO_EXCEPTION(desktop.startAsItIs());
+            QVERIFY_THROWS_NO_EXCEPTION(start());
         }
-        QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(contentOf(desktop.settingsFile()), before);
+        QCOMPARE(settingsFile(), before);
     }
 
     void repairKeepsRecentFiles()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        desktop.alterSettings(deleteValueSql("Options", "ToolTips"));
-        desktop.alterSettings(setValueSql("FontMap", "ForeColor", 4, "255"));
-        desktop.alterSettings(setValueSql("TextBoard", "FontSize", 4, "30"));
-        desktop.Dialogs.message(FirstRunTitle, FirstRunQuestion, "No");
-        desktop.Dialogs.message(RepairTitle, RepairQuestion, "Yes");
-        const Zendova *window = desktop.startAsItIs();
-        QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(desktop.setting("Options", "ToolTips"), QString("True"));
-        QCOMPARE(desktop.setting("FontMap", "ForeColor"), QString("2147483656"));
-        QCOMPARE(desktop.setting("MRU", "9"), QString("/files/9.txt"));
-        QCOMPARE(desktop.setting("CFMRU", "1"), QString("/files/1.txt"));
-        QCOMPARE(desktop.setting("Temp", "TBFColorIndex"), QString("3"));
+        desktop->alterSettings(deleteSql("Options", "ToolTips"));
+        desktop->store("FontMap", "ForeColor", 255);
+        desktop->store("FontMap", "Hilite", true);
+        desktop->store("TextBoard", "FontSize", 30);
+        expect(Says::FirstRun, "No");
+        expect(Says::Repair, "Yes");
+        start();
+        QCOMPARE(desktop->setting("Options", "ToolTips"), QString("True"));
+        QCOMPARE(desktop->setting("FontMap", "ForeColor"), QString("2147483656"));
+        QCOMPARE(desktop->setting("MRU", "9"), QString("/files/9.txt"));
+        QCOMPARE(desktop->setting("CFMRU", "1"), QString("/files/1.txt"));
+        QCOMPARE(desktop->setting("Temp", "TBFColorIndex"), QString("3"));
         // The window shows what was written.
         QCOMPARE(window->FontSizeSlider->value(), 18);
         QCOMPARE(window->FMapContainer->CharButton->ForeColor(100), SystemColorValue(8));
+        QVERIFY(!button("FMapH")->isChecked());
     }
 
     void everySettingHasItsPlace()
     {
         // What the start itself changes, or gives out in other words.
         const QSet<QString> passing{"FormHeight", "FormWidth", "FMBand3Wdth"};
-        Desktop desktop({1280, 1024}, 96, Complete);
         for (int round = 0; round < 6; ++round) {
             int number = 0;
-            for (const Setting &row : SettingsTable()) {
-                const WrittenValue value = ownValue(++number, row, round);
-                desktop.alterSettings(setValueSql(row.Key.toString(), row.Name.toString(),
-                                                  int(row.storedKind()),
-                                                  '\'' + stored(value) + '\''));
-            }
-            if (desktop.setting("FontMap", "InitMap") == "True") // and its path is no file
-                desktop.Dialogs.message("Zendova Startup File Load Error", "", "Ok");
-            const Zendova *window = desktop.startAsItIs();
-            QVERIFY(desktop.Dialogs.allCame());
+            for (const Setting &row : SettingsTable())
+                desktop->store(row.Key.toString(), row.Name.toString(),
+                               ownValue(++number, row, round), int(row.storedKind()));
+            if (desktop->setting("FontMap", "InitMap") == "True") // and its path is no file
+                expect(Says::StartupFile);
+            start();
             QCOMPARE(window->SavedFormHeight, qreal(7000 + 15 * 14));
             QCOMPARE(window->SavedFormWidth, qreal(7000 + 15 * 15));
             number = 0;
@@ -274,18 +229,16 @@ private slots:
 
     void writtenByOthers()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        desktop.alterSettings(setValueSql("TextBoard", "FontSize", 1, "' +13.5 '"));
-        desktop.alterSettings(setValueSql("TextBoard", "FontColorName", 4, "7"));
-        desktop.alterSettings(setValueSql("Views", "ZoomSize", 4, "500"));
-        desktop.alterSettings(setValueSql("Options", "ToolTips", 4, "0"));
-        desktop.alterSettings(setValueSql("Options", "ExitWarning", 1, "'false'"));
-        desktop.alterSettings(setValueSql("FontMap", "SizeIndex", 4, "0"));
-        desktop.alterSettings(setValueSql("FontMap", "Borders", 1, "'True'"));
+        desktop->store("TextBoard", "FontSize", " +13.5 ");
+        desktop->store("TextBoard", "FontColorName", 7);
+        desktop->store("Views", "ZoomSize", 500);
+        desktop->store("Options", "ToolTips", 0);
+        desktop->store("Options", "ExitWarning", "false");
+        desktop->store("FontMap", "SizeIndex", 0);
+        desktop->store("FontMap", "Borders", "True");
         // A reference to a colour has its high bit set, and is a negative number in the program.
-        desktop.alterSettings(setValueSql("FontMap", "ForeColor", 4, "2147483662"));
-        Zendova *window = desktop.startAsItIs();
-        QVERIFY(desktop.Dialogs.allCame());
+        desktop->store("FontMap", "ForeColor", SystemColorValue(14));
+        start();
         QCOMPARE(window->FontSizeSlider->number()->text(), QString("14"));
         QCOMPARE(window->Format.TBColorName, QString("7"));
         QCOMPARE(window->ViewsContainer->ZoomSizeSlider->number()->text(), QString("72"));
@@ -296,140 +249,117 @@ private slots:
         QCOMPARE(window->FMapContainer->CharButton->BorderStyle(50), 1);
         QCOMPARE(window->FMapContainer->CharButton->ForeColor(223), SystemColorValue(14));
         window->WriteDefaultSettings();
-        QCOMPARE(desktop.setting("FontMap", "ForeColor"), QString("2147483662"));
+        QCOMPARE(desktop->setting("FontMap", "ForeColor"), QString("2147483662"));
     }
 
     void unfitText()
     {
         for (const auto &[key, name] :
              {std::pair("TextBoard", "FontSize"), std::pair("Last", "FormTop"),
-              std::pair("Bars", "TBBand5Wdth"), std::pair("FontMap", "SizeIndex"),
-              std::pair("Views", "ZoomSize"), std::pair("Options", "ToolTips")}) {
-            Desktop desktop({1280, 1024}, 96, Complete);
-            desktop.alterSettings(setValueSql(key, name, 1, "'large'"));
-            const QByteArray before = contentOf(desktop.settingsFile());
+              std::pair("Bars", "TBBand5Wdth"), std::pair("Options", "ToolTips")}) {
+            init();
+            desktop->store(key, name, "large");
+            const QByteArray before = settingsFile();
             QString failure;
             try {
-                desktop.startAsItIs();
+                desktop->startAsItIs();
             } catch (const ConversionError &error) {
                 failure = error.key + ' ' + error.name + ' ' + error.text;
             }
             QCOMPARE(failure, QString("%1 %2 large").arg(key, name));
-            QVERIFY(desktop.Dialogs.allCame());
-            QCOMPARE(contentOf(desktop.settingsFile()), before);
+            QCOMPARE(settingsFile(), before);
         }
     }
 
     void storedMapTooLarge()
     {
-        Desktop desktop({1024, 768}, 96, Complete);
-        desktop.alterSettings(setValueSql("FontMap", "SizeIndex", 4, "24"));
-        desktop.Dialogs.message("Zendova FontMap Size Error",
-                                "\rYour screen resolution may have changed\r"
-                                "from the last time Zendova was run.\r\r"
-                                "The last used FontMap size cannot be\r"
-                                "accommodated in the current screen size.\r\r"
-                                "Zendova will adjust it to suit the current screen size.",
-                                "Ok");
-        const Zendova *window = desktop.startAsItIs();
-        QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(mapSize(*window), QString("9"));
-        QCOMPARE(outerSize(*window), outerSize(9));
-        QVERIFY(!window->FMapContainer->FMLarger->isEnabled());
-        QCOMPARE(sizing(*window), QList<bool>(4, true));
-        QVERIFY(desktop.close());
-        QCOMPARE(desktop.setting("FontMap", "SizeIndex"), QString("9"));
-    }
-
-    void startupFile_data()
-    {
-        QTest::addColumn<QString>("tail"); // % is the folder
-        QTest::addColumn<QString>("notice");
-        const auto row = [](const char *label, const char *tail, const char *notice) {
-            QTest::newRow(label) << tail << notice;
-        };
-        row("blanks", "%/two words.txt", "");
-        row("quotes", "\"%/two words.txt\"", "");
-        row("quotes alone", "\"\"", "");
-        row("bare name", "a.txt", "\r\r\r\rDrive  does not exist.");
-        row("folder is not there", "%/sub/a.txt", "\r\rFolder\r\r%/sub/\r\rdoes not exist.");
-        row("file is not there", "%/b.txt", "\r\rFile 'b.txt'\r\rdoes not exist in\r\r%/");
-        row("other type", "%/a.doc",
-            "\r\r\rFiles with extension 'DOC' are not valid Zendova files.\r\r"
-            "Only valid extensions are TXT, ZUF and ZCM.");
-        row("start map", "", "\r\rFile 'gone.zcm'\r\rdoes not exist in\r\r%/");
+        // With the height of a split bar that was pulled down, which is of no use then.
+        for (const int height : {0, 1100 * 15}) {
+            useDesktop({1024, 1200}, 96, Complete);
+            desktop->store("FontMap", "SizeIndex", 24);
+            desktop->store("Last", "FormHeight", height);
+            expect(Says::MapTooLarge);
+            start();
+            QCOMPARE(mapSize(*window), QString("9"));
+            QCOMPARE(outerSize(*window), outerSize(9));
+            QVERIFY(!window->SplitIsDown());
+            QVERIFY(!window->FMapContainer->FMLarger->isEnabled());
+            QCOMPARE(sizing(*window), QList<bool>(4, true));
+            QVERIFY(desktop->close());
+            QCOMPARE(desktop->setting("FontMap", "SizeIndex"), QString("9"));
+        }
     }
 
     void startupFile()
     {
-        QFETCH(QString, tail);
-        QFETCH(QString, notice);
-        Desktop desktop({1280, 1024}, 96, Complete);
-        for (const char *name : {"two words.txt", "a.doc"}) {
-            QFile file(desktop.Folder.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("abc");
+        const QString folder = desktop->Folder.path();
+        for (const char *name : {"two words.txt", "a.doc"})
+            writeFile(folder + '/' + name, "abc");
+        // Looked for where no file is named.
+        desktop->store("FontMap", "InitMap", "True");
+        desktop->store("FontMap", "InitMapPath", folder + "/gone.zcm");
+        const QString noMap = "\r\rFile 'gone.zcm'\r\rdoes not exist in\r\r" + folder + '/';
+        const QString otherType = "\r\r\rFiles with extension 'DOC' are not valid Zendova files."
+                                  "\r\rOnly valid extensions are TXT, ZUF and ZCM.";
+        for (const auto &[tail, notice] : {std::pair("%/two words.txt", QString()),
+                                           {"\"%/two words.txt\"", QString()},
+                                           {"\"\"", QString()},
+                                           {"a.txt", "\r\r\r\rDrive  does not exist."},
+                                           {"%/a.doc", otherType},
+                                           {"", noMap}}) {
+            if (!notice.isEmpty())
+                expect(Says::StartupFile, "Ok", notice);
+            start(QString(tail).replace('%', folder));
+            QVERIFY(desktop->Dialogs.allCame());
+            QVERIFY(window->isVisible());
+            QCOMPARE(window->TextBoard->Text(), QString(strstr(tail, "words") ? "abc" : ""));
         }
-        QString map = "'%/gone.zcm'"; // looked for where no file is named
-        for (QString *text : {&tail, &notice, &map})
-            text->replace('%', desktop.Folder.path());
-        desktop.alterSettings(setValueSql("FontMap", "InitMap", 1, "'True'"));
-        desktop.alterSettings(setValueSql("FontMap", "InitMapPath", 1, map));
-        if (!notice.isEmpty())
-            desktop.Dialogs.message("Zendova Startup File Load Error", notice, "Ok");
-        const Zendova *window = desktop.startAsItIs(tail);
-        QVERIFY(desktop.Dialogs.allCame());
-        QVERIFY(window->isVisible());
-        QCOMPARE(window->TextBoard->Text(), QString(tail.contains("two words") ? "abc" : ""));
     }
 
     void exitWarning()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        Zendova *window = desktop.startAsItIs();
+        start();
         QTest::keyClicks(window->TextBoard, "abc");
         window->showMinimized(); // comes back before it asks
-        desktop.Dialogs.message(ExitTitle, ExitQuestion, "No");
-        QVERIFY(!desktop.close());
+        expect(Says::Exit, "No");
+        QVERIFY(!desktop->close());
         QVERIFY(window->isVisible() && !window->isMinimized());
         QCOMPARE(window->TextBoard->Text(), QString("abc"));
         QVERIFY(window->DisplayEW->isChecked());
-        desktop.Dialogs.message(ExitTitle, ExitQuestion, "Yes");
-        QVERIFY(desktop.close());
+        expect(Says::Exit, "Yes");
+        QVERIFY(desktop->close());
         QVERIFY(!window->isVisible());
 
-        window = desktop.startAsItIs();
+        start();
         QTest::keyClicks(window->TextBoard, "abc");
-        desktop.Dialogs.message(ExitTitle, ExitQuestion, "No", true);
+        expect(Says::Exit, "No", {}, true);
         menuItem(window, "FileExit")->trigger();
-        QVERIFY(desktop.Dialogs.allCame());
+        QVERIFY(desktop->Dialogs.allCame());
         QVERIFY(window->isVisible());
         QVERIFY(!window->DisplayEW->isChecked());
         menuItem(window, "FileExit")->trigger();
         QVERIFY(!window->isVisible());
-        QCOMPARE(desktop.setting("Options", "ExitWarning"), QString("True")); // asks again
-        QVERIFY(desktop.Dialogs.allCame());
+        QCOMPARE(desktop->setting("Options", "ExitWarning"), QString("True")); // asks again
     }
 
     void savedAtExit()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        Zendova *window = desktop.startAsItIs();
+        start();
         window->DisplayTT->trigger();
         window->FontSizeSlider->setValue(30);
         window->FMapContainer->sldSetFMapSize->setValue(5);
         window->CoolBarCM->setBandWidth(1, 7000);
         window->Folders.LFSavePath = "/somewhere/";
         window->move(7, 11);
-        QVERIFY(desktop.close());
-        QVERIFY(desktop.setting("Temp", "FMFColorIndex").isNull());
-        window = desktop.startAsItIs();
+        QVERIFY(desktop->close());
+        QVERIFY(desktop->setting("Temp", "FMFColorIndex").isNull());
+        start();
         QCOMPARE(window->pos(), QPoint(7, 11));
         QCOMPARE(mapSize(*window), QString("5"));
         QCOMPARE(outerSize(*window), outerSize(5));
         QCOMPARE(window->CoolBarCM->bandWidth(1), 7000.0);
         QCOMPARE(window->Folders.LFSavePath, QString("/somewhere/"));
-        QCOMPARE(desktop.setting("MRU", "9"), QString("/files/9.txt"));
+        QCOMPARE(desktop->setting("MRU", "9"), QString("/files/9.txt"));
         // How things look is kept with the default options only.
         QVERIFY(window->DisplayTT->isChecked());
         QCOMPARE(window->FontSizeSlider->value(), 18);
@@ -438,18 +368,17 @@ private slots:
         window->move(3, 5);
         window->FMapContainer->sldSetFMapSize->setValue(2);
         window->showMinimized();
-        QVERIFY(desktop.close());
-        QCOMPARE(desktop.setting("Last", "FormLeft"), QString::number(15 * 7));
-        QCOMPARE(desktop.setting("Last", "FormWidth"), QString::number(15 * (780 + 28)));
+        QVERIFY(desktop->close());
+        QCOMPARE(desktop->setting("Last", "FormLeft"), QString::number(15 * 7));
+        QCOMPARE(desktop->setting("Last", "FormWidth"), QString::number(15 * (780 + 28)));
     }
 
     void displayChange()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        Zendova *window = desktop.startAsItIs();
+        start();
         window->FMapContainer->sldSetFMapSize->setValue(18);
         const auto change = [&](const QSize &pixels, int expectedSize) {
-            desktop.Screen->pretend(SysInfo::Screen{pixels, {}, 96});
+            desktop->Screen->pretend(SysInfo::Screen{pixels, {}, 96});
             QCOMPARE(mapSize(*window), QString::number(expectedSize));
             QCOMPARE(outerSize(*window), outerSize(expectedSize));
             const QSizeF around = QSizeF(pixels) - outerSize(expectedSize);
@@ -462,28 +391,22 @@ private slots:
         change({1024, 768}, 9); // a map that no longer fits shrinks to what does
         QVERIFY(!window->FMapContainer->FMLarger->isEnabled());
         change({800, 768}, 1);
-        QVERIFY(desktop.Dialogs.allCame());
     }
 
     void displayTooNarrow()
     {
-        Desktop desktop({1280, 1024}, 96, Complete);
-        Zendova *window = desktop.startAsItIs();
+        start();
         QTest::keyClicks(window->TextBoard, "abc");
         window->FMapContainer->sldSetFMapSize->setValue(3);
-        const QByteArray before = contentOf(desktop.settingsFile());
-        desktop.Dialogs.message(ExitTitle, ExitQuestion, "No");
-        desktop.Dialogs.message("Zendova" + ScreenTitle, ScreenText, "Ok");
+        const QByteArray before = settingsFile();
+        expect(Says::Exit, "No");
+        expect(Says::ScreenTooSmall);
         const SysInfo::Screen narrow{{799, 600}, {}, 96};
-        QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop.Screen->pretend(narrow));
-        QVERIFY(desktop.Dialogs.allCame());
-        QCOMPARE(contentOf(desktop.settingsFile()), before); // the unload was cancelled
+        QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop->Screen->pretend(narrow));
+        QCOMPARE(settingsFile(), before); // the unload was cancelled
     }
 };
 
-int main(int argc, char *argv[])
-{
-    return runWindowTest<TestStartup>(argc, argv);
-}
+ZENDOVA_WINDOW_TEST(TestStartup)
 
 #include "tst_startup.moc"

@@ -1,23 +1,9 @@
-// The map and the views as a person meets them: which sizes a screen allows, the grid at every
-// size, the ways to change it, clicks, the mouse passing over, and which glyph is really drawn in a
-// cell.
+// The map and the views in the window as a person meets them: the grid at every size, the ways to
+// change it, clicks, the mouse passing over, and which glyph is really drawn in a cell.
 #include "tests/support/MainWindow.h"
-#include "tests/support/Person.h"
 
-#include "fontmap/MapSize.h"
-#include "platform/FontCatalog.h"
-#include "platform/controls/FontCombo.h"
-#include "platform/controls/NumberSlider.h"
-#include "platform/controls/Toolbar.h"
-#include "textboard/TextBoard.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QSlider>
-#include <QTest>
+#include <QWindow>
 
 namespace {
 
@@ -33,17 +19,17 @@ void leaveTheMap(Zendova *window)
 QString sizingOf(const Zendova *window)
 {
     QStringList on;
-    const auto look = [&](const char *command, const char *key, const QAction *item) {
-        const bool button = window->FMapContainer->tlbCFMapFmt->button(key)->isEnabled();
+    const FontMap &map = *window->FMapContainer;
+    for (const auto &[command, key, item] : {std::tuple("larger", "FMap+", map.FMLarger),
+                                             {"smaller", "FMap-", map.FMSmaller},
+                                             {"realign", "RAFMap", map.FMRealign}}) {
+        const bool button = map.tlbCFMapFmt->button(key)->isEnabled();
         if (button != item->isEnabled())
             on += QString("half ") + command;
         else if (button)
             on += command;
-    };
-    look("larger", "FMap+", window->FMapContainer->FMLarger);
-    look("smaller", "FMap-", window->FMapContainer->FMSmaller);
-    look("realign", "RAFMap", window->FMapContainer->FMRealign);
-    if (window->FMapContainer->sldSetFMapSize->slider()->isEnabled())
+    }
+    if (map.sldSetFMapSize->slider()->isEnabled())
         on += "slider";
     if (window->SplitBar->isVisible())
         on += "split";
@@ -52,48 +38,39 @@ QString sizingOf(const Zendova *window)
 
 } // namespace
 
-class TestFontMap : public QObject
+class TestFontMap : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void sizesOfAScreen();
+    void init() override
+    {
+        begin({1024, 1600}); // high enough to pull the split bar down
+        map = window->FMapContainer;
+        views = window->ViewsContainer;
+    }
     void gridAtEverySize();
     void numberBoxes();
-    void thumbs();
     void sizeCommands();
     void clickInsertsTheCharacter();
     void hoverFeedsTheViews();
     void viewsSwitch();
-    void viewsOfferTheirCommand();
     void highlightAndGrid();
     void showsTheFontsOwnGlyphs();
-};
 
-void TestFontMap::sizesOfAScreen()
-{
-    using MapSize::Sizing;
-    const std::tuple<int, double, int, Sizing> rows[] = {
-        {800, 15, 1, Sizing::Off},     {801, 15, 1, Sizing::On},       {809, 15, 1, Sizing::On},
-        {810, 15, 2, Sizing::On},      {1920, 15, 41, Sizing::On},     {1024, 12, 2, Sizing::Off},
-        {1025, 12, 2, Sizing::AsItIs}, {1280, 12, 11, Sizing::AsItIs},
-    };
-    for (const auto &[width, twips, largest, allowed] : rows) {
-        QCOMPARE(MapSize::Largest(width, twips), largest);
-        QCOMPARE(MapSize::SizingFor(width, twips), allowed);
-    }
-}
+private:
+    FontMap *map = nullptr;
+    Views *views = nullptr;
+};
 
 void TestFontMap::gridAtEverySize()
 {
-    Desktop desktop(Wide1024);
-    Zendova *window = desktop.start();
-    const CharCells *cells = window->FMapContainer->CharButton;
+    const CharCells *cells = map->CharButton;
     for (const int size : {1, 9, 3, 4, 1}) {
-        window->FMapContainer->sldSetFMapSize->setValue(size);
+        map->sldSetFMapSize->setValue(size);
         const int steps = size - 1;
-        QCOMPARE(window->FMapContainer->SizeIndex, size);
-        QCOMPARE(window->FMapContainer->sldSetFMapSize->number()->text(), QString::number(size));
+        QCOMPARE(map->SizeIndex, size);
+        QCOMPARE(map->sldSetFMapSize->number()->text(), QString::number(size));
         const double pitch = 405 + 15 * steps;
         for (int cell = 0; cell < CellCount; ++cell) {
             // Neighbours share one line of pixels.
@@ -104,8 +81,8 @@ void TestFontMap::gridAtEverySize()
         }
         QCOMPARE(cells->pixels(0).size(), QSize(28 + steps, 28 + steps));
         QCOMPARE(window->Client->size(), QSize(772 + 28 * steps, 546 + 8 * steps));
-        QVERIFY(window->FMapContainer->rect().contains(cells->pixels(CellCount - 1)));
-        QVERIFY(window->Client->rect().contains(window->FMapContainer->geometry()));
+        QVERIFY(map->rect().contains(cells->pixels(CellCount - 1)));
+        QVERIFY(window->Client->rect().contains(map->geometry()));
     }
 }
 
@@ -119,85 +96,52 @@ void TestFontMap::numberBoxes()
         Qt::Key Key = Qt::Key_Return;
     };
     const Row rows[] = {
-        {"9", 9, 9, Qt::Key_Enter},
-        {"200", 9, 72},
-        {"-3", 1, 8},
-        {"abc", 1, 8},
-        {"", 1, 8},
-        {"7.6", 8, 8},
-        {" 30 ", 9, 30},
+        {"9", 9, 9, Qt::Key_Enter},   {"200", 9, 72}, {"-3", 1, 8}, {"abc", 1, 8}, {"7.6", 8, 8},
         {"7", 4, 40, Qt::Key_Escape},
     };
-    Desktop desktop(Wide1024);
-    Zendova *window = desktop.start();
-    NumberSlider *map = window->FMapContainer->sldSetFMapSize;
-    NumberSlider *zoom = window->ViewsContainer->ZoomSizeSlider;
+    NumberSlider *size = map->sldSetFMapSize;
+    NumberSlider *zoom = views->ZoomSizeSlider;
     for (const Row &row : rows) {
-        map->setValue(4);
-        QVERIFY2(fillNumberBox(map, row.Typed, row.Key), row.Typed);
-        QCOMPARE(map->number()->text(), QString::number(row.MapSize));
-        QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 27 + row.MapSize);
+        size->setValue(4);
+        QVERIFY2(fillNumberBox(size, row.Typed, row.Key), row.Typed);
+        QCOMPARE(size->number()->text(), QString::number(row.MapSize));
+        QCOMPARE(map->CharButton->pixels(0).width(), 27 + row.MapSize);
         QVERIFY(window->TextBoard->hasFocus());
         zoom->setValue(40);
         QVERIFY2(fillNumberBox(zoom, row.Typed, row.Key), row.Typed);
         QCOMPARE(zoom->number()->text(), QString::number(row.ZoomSize));
-        QCOMPARE(window->ViewsContainer->TextZoom->cellFont().pointSize(), row.ZoomSize);
+        QCOMPARE(views->TextZoom->cellFont().pointSize(), row.ZoomSize);
         QVERIFY(window->TextBoard->hasFocus());
     }
 }
 
-void TestFontMap::thumbs()
-{
-    Desktop desktop(Wide1024);
-    Zendova *window = desktop.start();
-    window->FMapContainer->sldSetFMapSize->setValue(4);
-    QSlider *map = window->FMapContainer->sldSetFMapSize->slider();
-    map->setSliderDown(true);
-    map->setSliderPosition(8); // only the number follows, until the thumb is let go
-    QCOMPARE(window->FMapContainer->sldSetFMapSize->number()->text(), QString("8"));
-    QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 31);
-    map->setSliderDown(false);
-    QCOMPARE(window->FMapContainer->CharButton->pixels(0).width(), 35);
-    QVERIFY(window->TextBoard->hasFocus());
-    QSlider *zoom = window->ViewsContainer->ZoomSizeSlider->slider();
-    zoom->setFocus();
-    zoom->setSliderDown(true);
-    zoom->setSliderPosition(30); // the zoom follows at once
-    QCOMPARE(window->ViewsContainer->TextZoom->cellFont().pointSize(), 30);
-    QVERIFY(window->TextBoard->hasFocus());
-}
-
 void TestFontMap::sizeCommands()
 {
-    Desktop desktop(Wide1024);
-    Zendova *window = desktop.start();
-    const int top = window->FMapContainer->y();
+    const int top = map->y();
     const std::pair<int, QString> rows[] = {
         {1, "larger slider split"},
         {4, "larger smaller slider split"},
         {9, "smaller slider split"},
     };
     for (const auto &[size, aligned] : rows) {
-        window->FMapContainer->sldSetFMapSize->setValue(size);
+        map->sldSetFMapSize->setValue(size);
         QCOMPARE(sizingOf(window), aligned);
         pullSplitBar(window, 100);
-        QCOMPARE(window->FMapContainer->y(), top + 100);
+        QCOMPARE(map->y(), top + 100);
         QCOMPARE(sizingOf(window), QString("realign split"));
-        QVERIFY(!fillNumberBox(window->FMapContainer->sldSetFMapSize, "5"));
-        QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("RAFMap"), Qt::LeftButton);
-        QCOMPARE(window->FMapContainer->y(), top);
+        QVERIFY(!fillNumberBox(map->sldSetFMapSize, "5"));
+        press("RAFMap");
+        QCOMPARE(map->y(), top);
         QCOMPARE(sizingOf(window), aligned);
     }
     chooseFromMenu(window, "FormatFM", "FMSmaller");
-    QCOMPARE(window->FMapContainer->SizeIndex, 8);
-    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMap+"), Qt::LeftButton);
-    QCOMPARE(window->FMapContainer->SizeIndex, 9);
+    QCOMPARE(map->SizeIndex, 8);
+    press("FMap+");
+    QCOMPARE(map->SizeIndex, 9);
 }
 
 void TestFontMap::clickInsertsTheCharacter()
 {
-    Desktop desktop;
-    Zendova *window = desktop.start();
     QTest::keyClicks(window->TextBoard, "ab");
     QTest::keyClick(window->TextBoard, Qt::Key_Left);
     window->FontNameCombo->setFocus();
@@ -210,9 +154,9 @@ void TestFontMap::clickInsertsTheCharacter()
     window->TextBoard->selectAll();
     clickCell(window, cellOf(' '));
     // A click in quick succession is one more character, not a double click.
-    const QPoint x = window->FMapContainer->CharButton->pixels(cellOf('x')).center();
-    QTest::mouseClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, x);
-    QTest::mouseDClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, x);
+    const QPoint x = map->CharButton->pixels(cellOf('x')).center();
+    QTest::mouseClick(map->CharButton, Qt::LeftButton, {}, x);
+    QTest::mouseDClick(map->CharButton, Qt::LeftButton, {}, x);
     QCOMPARE(window->TextBoard->Text(), QString(" xx"));
 
     clickCell(window, cellOf('A'), Qt::MiddleButton);
@@ -225,40 +169,28 @@ void TestFontMap::clickInsertsTheCharacter()
 
 void TestFontMap::hoverFeedsTheViews()
 {
-    const QStringList rows[] = {
-        {" ", "32", "20", "40", "100000", "Space Bar"},
-        {"<", "60", "3C", "74", "111100", "<"},
-        {"~", "126", "7E", "176", "1111110", "~"},
-        {"\u007F", "127", "7F", "177", "1111111", "Alt+0127"},
-        {"\u0081", "129", "81", "201", "10000001", "Alt+0129"},
-        {"\u00FF", "255", "FF", "377", "11111111", "Alt+0255"},
-    };
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    for (const QStringList &row : rows) {
-        hover(window, cellOf(row[1].toInt()));
-        leaveTheMap(window); // and the last cell is still told of
-        const QStringList shown{
-            window->ViewsContainer->TextZoom->Caption(0), window->ViewsContainer->AscCode->text(),
-            window->ViewsContainer->HexCode->text(),      window->ViewsContainer->OctCode->text(),
-            window->ViewsContainer->BinCode->text(),      window->ViewsContainer->KS->text()};
-        QCOMPARE(shown, row);
-    }
+    hover(window, cellOf('<'));
+    leaveTheMap(window); // and the last cell is still told of
+    QCOMPARE(QStringList({views->TextZoom->Caption(0), views->AscCode->text(),
+                          views->BinCode->text(), views->KS->text()}),
+             QStringList({"<", "60", "111100", "<"}));
+    QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
+                      views->KS->mapTo(window, QPoint(2, 2)));
+    QWidget *menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions(), QList<QAction *>{views->ViewKS});
+    QTest::keyClick(menu, Qt::Key_Escape);
 }
 
 void TestFontMap::viewsSwitch()
 {
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    const auto shown = [window] {
-        return QStringList{window->ViewsContainer->ZoomSizeSlider->number()->text(),
-                           window->ViewsContainer->BinCode->text(),
-                           window->ViewsContainer->KS->text(),
-                           window->ViewsContainer->TextZoom->Caption(0)};
+    const auto shown = [this] {
+        return QStringList{views->ZoomSizeSlider->number()->text(), views->BinCode->text(),
+                           views->KS->text(), views->TextZoom->Caption(0)};
     };
-    const auto allMarked = [window] {
+    const auto allMarked = [this] {
         lookAtMenu(window, "ItemView");
-        return window->ViewsContainer->ViewAll->isChecked();
+        return views->ViewAll->isChecked();
     };
     struct Row
     {
@@ -272,87 +204,58 @@ void TestFontMap::viewsSwitch()
         {"Code", "ViewCode", {"72", "Off", "A", "A"}, {"72", "On", "A", "A"}},
         {"KS", "ViewKS", {"72", "1000001", "Off", "A"}, {"72", "1000001", "On", "A"}},
     };
-    for (const auto &[button, command, off, on] : rows) {
-        QTest::mouseClick(window->ViewsContainer->ViewsTB->button(button), Qt::LeftButton);
+    for (const auto &[key, command, off, on] : rows) {
+        press(key);
         hover(window, cellOf('A'));
         QCOMPARE(shown(), off);
-        QTest::mouseClick(window->ViewsContainer->ZoomSizeSlider->number(), Qt::LeftButton);
-        QCOMPARE(window->ViewsContainer->ZoomSizeSlider->edit()->isVisible(), off[0] == "72");
+        QTest::mouseClick(views->ZoomSizeSlider->number(), Qt::LeftButton);
+        QCOMPARE(views->ZoomSizeSlider->edit()->isVisible(), off[0] == "72");
         QVERIFY(!allMarked());
         chooseFromMenu(window, "ItemView", command);
-        QVERIFY(window->ViewsContainer->ViewsTB->button(button)->isChecked());
+        QVERIFY(button(key)->isChecked());
         QCOMPARE(shown(), on);
     }
     QVERIFY(allMarked());
-    window->ViewsContainer->ViewAll->trigger();
+    views->ViewAll->trigger();
     QCOMPARE(shown(), QStringList({"Off", "Off", "Off", ""}));
-    window->ViewsContainer->ViewAll->trigger();
+    views->ViewAll->trigger();
     QCOMPARE(shown(), QStringList({"72", "On", "On", ""}));
-}
-
-void TestFontMap::viewsOfferTheirCommand()
-{
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    const Views &views = *window->ViewsContainer;
-    const std::pair<QWidget *, QAction *> rows[] = {
-        {views.TextZoom, views.ViewZoom},
-        {views.ZoomSizeSlider->number(), views.ViewZoom},
-        {views.findChild<QWidget *>("CVACover"), views.ViewCode},
-        {views.BinCode, views.ViewCode},
-        {views.findChild<QWidget *>("KVACover"), views.ViewKS},
-        {views.KS, views.ViewKS},
-    };
-    for (const auto &[control, command] : rows) {
-        const QPoint corner = control->mapTo(window, QPoint(2, 2));
-        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, corner);
-        QWidget *menu = QApplication::activePopupWidget();
-        QVERIFY2(menu, qPrintable(control->objectName()));
-        QCOMPARE(menu->actions(), QList<QAction *>{command});
-        QTest::keyClick(menu, Qt::Key_Escape);
-    }
-    const QPoint button = window->ViewsContainer->ViewsTB->mapTo(window, QPoint(10, 10));
-    QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, button);
-    QCOMPARE(QApplication::activePopupWidget(), nullptr);
 }
 
 void TestFontMap::highlightAndGrid()
 {
-    Desktop desktop;
-    Zendova *window = desktop.start();
-    const auto ground = [window](int cell) {
-        return pictureOf(window->FMapContainer->CharButton, cell).pixelColor(2, 2);
+    const auto ground = [this](int cell) {
+        return pictureOf(map->CharButton, cell).pixelColor(2, 2);
     };
     const QColor plain = ground(0);
-    const QColor text = ToColor(window->ViewsContainer->TextZoom->ForeColor(0), window->palette());
+    const QColor text = ToColor(views->TextZoom->ForeColor(0), window->palette());
     const int one = cellOf('A');
     const int other = cellOf('a');
     hover(window, one);
     QCOMPARE(ground(one), plain);
-    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMapH"), Qt::LeftButton);
-    QVERIFY(window->FMapContainer->FMHiLite->isChecked());
+    press("FMapH");
+    QVERIFY(map->FMHiLite->isChecked());
     QCOMPARE(ground(one), plain); // until the mouse moves
     hover(window, other);
     QCOMPARE(ground(other), text);
-    QCOMPARE(window->FMapContainer->CharButton->ForeColor(other),
-             window->ViewsContainer->TextZoom->BackColor(0));
+    QCOMPARE(map->CharButton->ForeColor(other), views->TextZoom->BackColor(0));
     hover(window, one);
     QCOMPARE(ground(other), plain);
     leaveTheMap(window);
     QCOMPARE(ground(one), text);
-    window->FMapContainer->FMHiLite->trigger();
-    QVERIFY(!window->FMapContainer->tlbCFMapFmt->button("FMapH")->isChecked());
+    map->FMHiLite->trigger();
+    QVERIFY(!button("FMapH")->isChecked());
     QCOMPARE(ground(one), plain);
 
     const auto lined = [&](int cell) {
-        return pictureOf(window->FMapContainer->CharButton, cell).pixelColor(0, 0) != ground(cell);
+        return pictureOf(map->CharButton, cell).pixelColor(0, 0) != ground(cell);
     };
     QVERIFY(lined(0) && lined(CellCount - 1));
-    QTest::mouseClick(window->FMapContainer->tlbCFMapFmt->button("FMapG"), Qt::LeftButton);
-    QVERIFY(!lined(0) && !lined(CellCount - 1) && !window->FMapContainer->FMBorders->isChecked());
-    window->FMapContainer->FMBorders->trigger();
+    press("FMapG");
+    QVERIFY(!lined(0) && !lined(CellCount - 1) && !map->FMBorders->isChecked());
+    map->FMBorders->trigger();
     QVERIFY(lined(0) && lined(CellCount - 1));
-    QVERIFY(window->FMapContainer->tlbCFMapFmt->button("FMapG")->isChecked());
+    QVERIFY(button("FMapG")->isChecked());
 }
 
 void TestFontMap::showsTheFontsOwnGlyphs()
@@ -365,13 +268,10 @@ void TestFontMap::showsTheFontsOwnGlyphs()
         QString Missing;
     };
     const Row rows[] = {{"Zt Gaps", 2, " ", "B\u00C8"}, {"Zt Symbol", 3, "", ""}};
-    Desktop desktop;
-    Zendova *window = desktop.start();
     makeGlyphsReadable(window);
     // Of the text font, whose measures all test fonts share.
-    const QPoint origin =
-        originOfFullRow(pictureOf(window->FMapContainer->CharButton, cellOf(FullRowCode)));
-    const QPoint middle = window->FMapContainer->CharButton->pixels(0).center();
+    const QPoint origin = originOfFullRow(pictureOf(map->CharButton, cellOf(FullRowCode)));
+    const QPoint middle = map->CharButton->pixels(0).center();
     QVERIFY(qAbs(origin.x() + 16 - middle.x()) <= 1); // an em is 32 pixels
     for (const auto &[font, number, empty, missing] : rows) {
         QVERIFY(chooseFont(window, font));
@@ -381,15 +281,11 @@ void TestFontMap::showsTheFontsOwnGlyphs()
                 expected = {.font = number, .missing = true};
             else if (empty.contains(CharacterOf(code)))
                 expected = {};
-            QCOMPARE(readGlyph(pictureOf(window->FMapContainer->CharButton, cellOf(code)), origin),
-                     expected);
+            QCOMPARE(readGlyph(pictureOf(map->CharButton, cellOf(code)), origin), expected);
         }
     }
 }
 
-int main(int argc, char *argv[])
-{
-    return runWindowTest<TestFontMap>(argc, argv);
-}
+ZENDOVA_WINDOW_TEST(TestFontMap)
 
 #include "tst_fontmap.moc"

@@ -2,6 +2,7 @@
 // unwritable or its writer breaks off. Works in a temporary folder, with SQLite as the second
 // opinion.
 #include "tests/support/Files.h"
+#include "tests/support/OtherProgram.h"
 
 #include "platform/SettingsTree.h"
 
@@ -12,7 +13,6 @@
 #include <QTest>
 #include <QThread>
 #include <linux/capability.h>
-#include <sqlite3.h>
 #include <stdexcept>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -21,23 +21,6 @@ namespace {
 
 constexpr QStringView Key = u"Software\\Zendova\\Options";
 constexpr int Filled = 100; // values of a filled tree, so many that damage can be in the middle
-
-/// Another program that has the file open.
-class OtherProgram
-{
-public:
-    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &Database); }
-    ~OtherProgram() { sqlite3_close(Database); }
-    Q_DISABLE_COPY_MOVE(OtherProgram)
-
-    bool run(const char *sql)
-    {
-        return sqlite3_exec(Database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-    }
-
-private:
-    sqlite3 *Database = nullptr;
-};
 
 /// Makes permissions bind even where the tests run as root.
 class NoOverride
@@ -65,11 +48,11 @@ QByteArray textOf(SettingsTree &tree, QStringView name, QStringView key = Key)
 }
 
 /// So many long values of one letter, in one batch.
-void fill(SettingsTree &tree, char letter, int count = Filled)
+void fill(SettingsTree &tree, char letter)
 {
     const SettingsTree::Batch batch(&tree);
     tree.createKey(Key);
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < Filled; ++i)
         tree.setText(Key, QString::number(i), QString(500, letter));
 }
 
@@ -136,17 +119,9 @@ private slots:
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
     }
 
-    void anEmptyFileIsAnEmptyTree()
-    {
-        writeFile(Path, {});
-        SettingsTree tree(Path);
-        QVERIFY(!tree.value(Key, u"a"));
-        QVERIFY(tree.createKey(Key));
-        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
-    }
-
     void operations()
     {
+        writeFile(Path, {}); // an empty file is an empty tree
         SettingsTree tree(Path);
         QVERIFY(!tree.setText(Key, u"Name", u"lost")); // the key is missing
         QVERIFY(tree.createKey(Key));
@@ -175,6 +150,7 @@ private slots:
         QVERIFY(!tree.setText(Key, u"a", u"2"));
         QVERIFY(tree.createKey(Key));
         QVERIFY2(!tree.value(Key, u"a"), "values outlived a key that another program deleted");
+        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
     }
 
     void ofTwoCopiesTheLastWinsValueByValue()
@@ -215,68 +191,47 @@ private slots:
         QVERIFY(isFilled(tree, 'n'));
     }
 
-    void aCrashInABatchLeavesNoneOfIt()
-    {
-        const QString image = Path + ".image"; // what the disk holds at the crash
-        SettingsTree tree(Path);
-        fill(tree, 'o');
-        {
-            const SettingsTree::Batch batch(&tree);
-            fill(tree, 'n', 10'000); // more than SQLite keeps back in memory
-            QVERIFY(QFile::copy(Path, image));
-            QVERIFY2(contentOf(image).contains(QByteArray(500, 'n')), "nothing was written yet");
-            QVERIFY(QFile::copy(Path + "-journal", image + "-journal"));
-        }
-        SettingsTree crashed(image);
-        QVERIFY(isFilled(crashed, 'o'));
-        QVERIFY(!crashed.value(Key, QString::number(Filled)));
-        QVERIFY(isFilled(tree, 'n'));
-    }
-
-    void damaged_data()
-    {
-        QTest::addColumn<Vandal>("vandal");
-        const auto row = [](const char *name, Vandal vandal) { QTest::newRow(name) << vandal; };
-        row("no database", [](const QString &path) {
-            writeFile(path, "[Options]\nToolTips=1\n");
-            writeFile(path + "-journal", "no journal");
-        });
-        row("truncated",
-            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); });
-        row("a page overwritten", [](const QString &path) {
-            writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
-        });
-        row("other tables", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
-        });
-        row("a folder", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(QDir().mkpath(path));
-            writeFile(path + "/precious", "precious");
-        });
-    }
-
     void damaged()
     {
-        QFETCH(Vandal, vandal);
-        for (int time = 1; time <= 2; ++time) {
+        constexpr Vandal vandals[] = {
+            [](const QString &path) { // no database
+                writeFile(path, "[Options]\nToolTips=1\n");
+                writeFile(path + "-journal", "no journal");
+            },
+            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); },
+            [](const QString &path) { // in the middle
+                writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
+            },
+            [](const QString &path) { // another program's
+                QFile::remove(path);
+                QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
+            },
+            [](const QString &path) {
+                QFile::remove(path);
+                writeFile(path + "/precious", "precious");
+            },
+        };
+        const auto remains = [](const QString &path) {
+            return QList{contentOf(path), contentOf(path + "-journal"),
+                         contentOf(path + "/precious")};
+        };
+        int time = 0;
+        for (const Vandal vandal : vandals) {
             fillFile();
             vandal(Path);
-            const auto remains = [](const QString &path) {
-                return QList{contentOf(path), contentOf(path + "-journal"),
-                             contentOf(path + "/precious")};
-            };
             const auto before = remains(Path);
-            const QString aside = QStringLiteral("%1.damaged-%2").arg(Path).arg(time);
+            const QString aside = QStringLiteral("%1.damaged-%2").arg(Path).arg(++time);
             QTest::ignoreMessage(QtWarningMsg,
                                  QRegularExpression("put aside as " + aside + QLatin1Char('$')));
-            SettingsTree tree(Path);
-            QVERIFY(!tree.value(Key, u"1"));
-            QVERIFY(tree.createKey(Key));
-            QVERIFY(tree.setText(Key, u"1", u"new"));
-            QCOMPARE(textOf(tree, u"1"), "new");
+            {
+                SettingsTree tree(Path);
+                QVERIFY(!tree.value(Key, u"1"));
+                QVERIFY(tree.createKey(Key));
+                QVERIFY(tree.setText(Key, u"1", u"new"));
+                QCOMPARE(textOf(tree, u"1"), "new");
+            }
             QCOMPARE(remains(aside), before);
+            QVERIFY(QFile::remove(Path));
         }
     }
 
@@ -340,43 +295,40 @@ private slots:
         QVERIFY(written);
     }
 
-    void unwritable_data()
-    {
-        QTest::addColumn<QString>("path"); // below the test's folder
-        QTest::addColumn<bool>("isFolderFixed");
-        QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("file") << "settings.sqlite" << false << false;
-        QTest::newRow("folder") << "settings.sqlite" << true << false;
-        QTest::newRow("no folder can be made") << "new/settings.sqlite" << true << false;
-        QTest::newRow("damage that can't be put aside") << "settings.sqlite" << true << true;
-    }
-
     void unwritable()
     {
-        QFETCH(QString, path);
-        QFETCH(bool, isFolderFixed);
-        QFETCH(bool, isDamaged);
-        const QString folder = QFileInfo(Path).path();
-        fillFile();
-        if (isDamaged)
-            writeFile(Path, "no database");
-        const QByteArray before = contentOf(Path);
-        const QString fixed = isFolderFixed ? folder : Path;
-        QVERIFY(QFile::setPermissions(fixed, QFile::ReadOwner | QFile::ExeOwner));
+        struct Row
         {
-            const NoOverride ordinaryUser;
-            SettingsTree tree(folder + "/" + path);
-            QCOMPARE(isFilled(tree, 'o'), path == "settings.sqlite" && !isDamaged);
-            QVERIFY(!tree.createKey(u"Software\\Other"));
-            QVERIFY(!tree.setText(Key, u"1", u"lost"));
-            const SettingsTree::Batch batch(&tree);
-            QVERIFY(!tree.setText(Key, u"1", u"lost"));
-            QVERIFY(!tree.deleteValue(Key, u"1"));
-            QVERIFY(!tree.deleteKey(Key));
+            const char *Name; // below the test's folder
+            bool IsFolderFixed;
+            bool IsDamaged;
+        };
+        for (const auto &[name, isFolderFixed, isDamaged] :
+             {Row{"settings.sqlite", false, false}, Row{"settings.sqlite", true, false},
+              Row{"new/settings.sqlite", true, false}, Row{"settings.sqlite", true, true}}) {
+            init();
+            const QString folder = QFileInfo(Path).path();
+            fillFile();
+            if (isDamaged)
+                writeFile(Path, "no database");
+            const QByteArray before = contentOf(Path);
+            const QString fixed = isFolderFixed ? folder : Path;
+            QVERIFY(QFile::setPermissions(fixed, QFile::ReadOwner | QFile::ExeOwner));
+            {
+                const NoOverride ordinaryUser;
+                SettingsTree tree(folder + "/" + name);
+                QCOMPARE(isFilled(tree, 'o'), name == QString("settings.sqlite") && !isDamaged);
+                QVERIFY(!tree.createKey(u"Software\\Other"));
+                QVERIFY(!tree.setText(Key, u"1", u"lost"));
+                const SettingsTree::Batch batch(&tree);
+                QVERIFY(!tree.setText(Key, u"1", u"lost"));
+                QVERIFY(!tree.deleteValue(Key, u"1"));
+                QVERIFY(!tree.deleteKey(Key));
+            }
+            QFile::setPermissions(fixed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            QCOMPARE(contentOf(Path), before);
+            QCOMPARE(files(), QStringList("settings.sqlite"));
         }
-        QFile::setPermissions(fixed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        QCOMPARE(contentOf(Path), before);
-        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };
 

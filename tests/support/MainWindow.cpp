@@ -1,43 +1,14 @@
 // Starts the window as main() does, and presses the buttons of its dialogs.
 #include "tests/support/MainWindow.h"
 
-#include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QCheckBox>
 #include <QPointer>
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
-#include <sqlite3.h>
-
-namespace {
-
-using Row = std::function<void(sqlite3_stmt *)>;
-
-/// Runs one statement over a connection of its own.
-bool runSql(const QString &file, const QString &sql, const Row &eachRow)
-{
-    sqlite3 *database = nullptr;
-    sqlite3_stmt *statement = nullptr;
-    int result = sqlite3_open(qPrintable(file), &database);
-    if (result == SQLITE_OK)
-        result = sqlite3_prepare_v2(database, sql.toUtf8(), -1, &statement, nullptr);
-    if (result == SQLITE_OK)
-        while ((result = sqlite3_step(statement)) == SQLITE_ROW)
-            eachRow(statement);
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return result == SQLITE_DONE;
-}
-
-QString columnText(sqlite3_stmt *statement, int column)
-{
-    return QString::fromUtf8(
-        reinterpret_cast<const char *>(sqlite3_column_text(statement, column)));
-}
-
-} // namespace
 
 Answers::Answers()
 {
@@ -116,6 +87,15 @@ void Answers::answer(QDialog *dialog)
         still->reject();
 }
 
+QString stored(const WrittenValue &value)
+{
+    if (const auto *text = std::get_if<QString>(&value))
+        return *text;
+    if (const auto *truth = std::get_if<bool>(&value))
+        return *truth ? "True" : "False";
+    return QString::number(static_cast<quint32>(std::get<qint32>(value)));
+}
+
 Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
     : Screen(std::make_unique<SysInfo>())
     , Settings(std::make_unique<SettingsTree>(
@@ -148,12 +128,13 @@ std::vector<StoredSetting> Desktop::settings() const
     if (!QFile::exists(settingsFile()))
         return rows;
     const qsizetype rootLength = SettingsRoot.size() + 1; // with the separator behind it
-    runSql(settingsFile(), "SELECT key, name, kind, value FROM settings", [&](sqlite3_stmt *row) {
-        rows.push_back({.Key = columnText(row, 0).mid(rootLength),
-                        .Name = columnText(row, 1),
-                        .Kind = sqlite3_column_int(row, 2),
-                        .Value = columnText(row, 3)});
-    });
+    OtherProgram(settingsFile())
+        .run("SELECT key, name, kind, value FROM settings", [&](char **values) {
+            rows.push_back({.Key = QString(values[0]).mid(rootLength),
+                            .Name = values[1],
+                            .Kind = atoi(values[2]),
+                            .Value = values[3]});
+        });
     std::sort(rows.begin(), rows.end());
     return rows;
 }
@@ -169,16 +150,20 @@ QString Desktop::setting(const QString &key, const QString &name) const
 
 void Desktop::alterSettings(const QString &sql)
 {
-    if (!runSql(settingsFile(), sql, [](sqlite3_stmt *) {}))
+    if (!OtherProgram(settingsFile()).run(sql))
         qFatal("The settings file can't be altered: %s", qPrintable(sql));
 }
 
-void Desktop::store(const QString &key, const QString &name, const QVariant &value)
+void Desktop::store(const QString &key, const QString &name, const WrittenValue &value, int kind)
 {
+    if (setting(key, name).isNull())
+        qFatal("There is no setting %s.", qPrintable(name));
+    if (kind == 0)
+        kind = std::holds_alternative<qint32>(value) ? REG_DWORD : REG_SZ;
     alterSettings(QString("UPDATE settings SET kind = %1, value = '%2' WHERE key = '%3' AND name = "
                           "'%4'")
-                      .arg(value.typeId() == QMetaType::QString ? REG_SZ : REG_DWORD)
-                      .arg(value.toString(), SettingsPath(key), name));
+                      .arg(kind)
+                      .arg(stored(value), SettingsPath(key), name));
 }
 
 Zendova *Desktop::start(const QString &commandTail)

@@ -4,6 +4,7 @@
 
 #include "core/GlobalDeclarations.h"
 #include "core/LockPanels.h"
+#include "core/RegistryFunctions.h"
 #include "core/Zendova.h"
 #include "fontmap/FontMap.h"
 #include "fontmap/Views.h"
@@ -95,6 +96,9 @@ struct StoredSetting
     }
 };
 
+/// As the settings file shows a value.
+QString stored(const WrittenValue &value);
+
 /// One desktop: a settings file and a screen. Windows can be started on it one after the other.
 class Desktop
 {
@@ -120,8 +124,8 @@ public:
     QString setting(const QString &key, const QString &name) const;
     /// Changes the file (tables `keys` and `settings`) as another program would.
     void alterSettings(const QString &sql);
-    /// The same for a value that is there: a number or a text.
-    void store(const QString &key, const QString &name, const QVariant &value);
+    /// The same for a value that is there, in the kind that its type asks for, or in this one.
+    void store(const QString &key, const QString &name, const WrittenValue &value, int kind = 0);
 
     QTemporaryDir Folder;
     Answers Dialogs;

@@ -12,67 +12,34 @@ namespace Says {
 
 // ---- Start and end of a run
 
-constexpr ExpectedMessage ScreenTooSmall{
-    " Resource Initilalization Error",
-    "\rYour screen and/or font size is not adequate to run Zendova.\r\r"
-    "To run properly, Zendova needs at least 800x600 resolution\r"
-    " with Small Fonts or 1024x768 resolution with Large Fonts.\r\r"
-    "Please change your screen resolution and/or\r"
-    "font size accordingly and try again."};
+constexpr ExpectedMessage ScreenTooSmall{" Resource Initilalization Error",
+                                         "needs at least 800x600 resolution with Small Fonts"};
 constexpr ExpectedMessage FirstRun{" Init Information",
                                    "\r\r\r\rAre you running Zendova for the first time?"};
-constexpr ExpectedMessage Repair{
-    " Registry Initialization Error",
-    "\rZendova registry entries seem to be incorrect.  \r\rContinue Loading?\r\r"
-    "• Press Yes to repair registry and continue loading.\r"
-    "(all settings will be reset to default values)      \r"
-    "• Press No to terminate loading."};
+constexpr ExpectedMessage Repair{" Registry Initialization Error",
+                                 "seem to be incorrect. Continue Loading?"};
 constexpr ExpectedMessage MapTooLarge{" FontMap Size Error",
-                                      "\rYour screen resolution may have changed\r"
-                                      "from the last time Zendova was run.\r\r"
-                                      "The last used FontMap size cannot be\r"
-                                      "accommodated in the current screen size.\r\r"
-                                      "Zendova will adjust it to suit the current screen size."};
-constexpr ExpectedMessage FontGone{
-    " Font Initialization Error",
-    "\r\rThe font last used by Zendova is unavailable.\r\rContinue Loading?\r\r"
-    "• Press Yes to load Zendova with a default font.\r"
-    "• Press No to terminate loading."};
+                                      "cannot be accommodated in the current screen size."};
+constexpr ExpectedMessage FontGone{" Font Initialization Error",
+                                   "The font last used by Zendova is unavailable."};
 constexpr ExpectedMessage StartupFile{" Startup File Load Error", "%1"};
 constexpr ExpectedMessage Exit{" Exit Warning", "\r\r\r\rDiscard text on the TextBoard and Exit?"};
 
 // ---- Clipboard, find and unloading
 
-constexpr ExpectedMessage BoardIsFull{" Paste Error",
-                                      "\r\r\r\rPaste operation cannot be completed successfully.\r"
-                                      "The TextBoard is already filled to it's capacity."};
-constexpr ExpectedMessage NoMemory{" Paste Error",
-                                   "\r\rPaste operation cannot be completed successfully\r"
-                                   "because of memory constraints.\r\r"
-                                   "You may try to reduce the size of the\r"
-                                   "string on Windows Clipboard and try again."};
-constexpr ExpectedMessage PasteTooLong{
-    " TextBoard Limit Warning", "\rLength of the text string you are trying to paste exceeds\r"
-                                "the maximum limit (61,440 characters) of the TextBoard.\r"
-                                "A partial paste upto the limit of the TextBoard is possible.\r\r"
-                                "Continue Paste?\r• Press Yes to paste partial string.\r"
-                                "• Press No to cancel paste."};
-constexpr ExpectedMessage Copied{
-    " Copy Successful", "\r\r\r\rTextBoard contents have been copied to Windows Clipboard."};
-constexpr ExpectedMessage WasCut{" Cut Successful",
-                                 "\r\r\r\rTextBoard contents have been cut to Windows Clipboard."};
-constexpr ExpectedMessage UnloadChanged{
-    " TextBoard Save Warning", "\r\rText on the TextBoard has been changed.\r"
-                               "You will lose these changes by unloading the TextBoard now.\r\r"
-                               "Continue Unloading?\r"
-                               "• Press Yes to continue unloading TextBoard.\r"
-                               "• Press No to cancel operation."};
+constexpr ExpectedMessage BoardIsFull{" Paste Error", "filled to it's capacity."};
+constexpr ExpectedMessage NoMemory{" Paste Error", "because of memory constraints."};
+constexpr ExpectedMessage PasteTooLong{" TextBoard Limit Warning",
+                                       "the text string you are trying to paste exceeds the "
+                                       "maximum limit (61,440 characters)"};
+constexpr ExpectedMessage Copied{" Copy Successful", "copied to Windows Clipboard."};
+constexpr ExpectedMessage WasCut{" Cut Successful", "cut to Windows Clipboard."};
+constexpr ExpectedMessage UnloadChanged{" TextBoard Save Warning",
+                                        "has been changed. You will lose these changes by "
+                                        "unloading the TextBoard now. Continue Unloading?"};
 constexpr ExpectedMessage Unload{" TextBoard Unload Warning",
-                                 "\r\rYou have text on the TextBoard.\r"
-                                 "You will lose this text by unloading the TextBoard now.\r\r"
-                                 "Continue Unloading?\r"
-                                 "• Press Yes to continue unloading TextBoard.\r"
-                                 "• Press No to cancel operation."};
+                                 "You have text on the TextBoard. You will lose this text by "
+                                 "unloading the TextBoard now. Continue Unloading?"};
 constexpr ExpectedMessage NotFound{" Find Error",
                                    "\r\r\r%1\r\rWord not found upto end of TextBoard."};
 constexpr ExpectedMessage NotInSelection{" Find Error",
