@@ -231,42 +231,36 @@ private slots:
         QCOMPARE(board()->TextLength(), 0);
     }
 
-    void unloadAsks_data()
-    {
-        QTest::addColumn<bool>("changed");
-        QTest::addColumn<bool>("warn"); // DisplayOW
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("changed, yes") << true << true << "Yes";
-        QTest::newRow("changed, warning off") << true << false << "No";
-        QTest::newRow("unchanged, yes") << false << true << "Yes";
-        QTest::newRow("unchanged, never again") << false << true << "No";
-        QTest::newRow("unchanged, warning off") << false << false << "";
-    }
     void unloadAsks()
     {
-        QFETCH(bool, changed);
-        QFETCH(bool, warn);
-        QFETCH(QString, answer);
-        QTest::keyClicks(board(), "ab");
-        window->TextFile.TextChanged = changed;
-        window->DisplayOW->setChecked(warn);
-        window->TextFile.LoadedFilePath = "/a/b.zuf";
-        window->setWindowTitle("Zendova :  b.zuf");
-        keys("Ctrl+F");
-        const bool unloaded = answer != "No";
-        if (changed || warn)
-            expect(changed ? UnloadChanged : Unload, answer, {}, !changed && !unloaded);
-        if (warn)
-            press("ClearButton");
-        else
-            chooseFromMenu(window, "ItemTools", "ToolsClear");
-        QCOMPARE(window->DisplayOW->isChecked(), warn && unloaded);
-        QCOMPARE(board()->Text(), QString(unloaded ? "" : "ab"));
-        QCOMPARE(window->TextFile.LoadedFilePath, QString(unloaded ? "" : "/a/b.zuf"));
-        QCOMPARE(window->windowTitle(),
-                 QString(unloaded ? "Zendova Version 3.0.0 RC2" : "Zendova :  b.zuf"));
-        QCOMPARE(window->FindFrame->isVisible(), !unloaded);
-        QCOMPARE(window->TextFile.TextChanged, changed || unloaded);
+        // Changed, warned about a text (DisplayOW), answered with; nothing if nothing is asked.
+        for (const auto &[changed, warn, answer] : {std::tuple(true, true, "Yes"),
+                                                    {true, false, "No"},
+                                                    {false, true, "Yes"},
+                                                    {false, true, "No"},
+                                                    {false, false, ""}}) {
+            begin();
+            QTest::keyClicks(board(), "ab");
+            window->TextFile.TextChanged = changed;
+            window->DisplayOW->setChecked(warn);
+            window->TextFile.LoadedFilePath = "/a/b.zuf";
+            window->setWindowTitle("Zendova :  b.zuf");
+            keys("Ctrl+F");
+            const bool unloaded = QString(answer) != "No";
+            if (changed || warn)
+                expect(changed ? UnloadChanged : Unload, answer, {}, !changed && !unloaded);
+            if (warn)
+                press("ClearButton");
+            else
+                chooseFromMenu(window, "ItemTools", "ToolsClear");
+            QCOMPARE(window->DisplayOW->isChecked(), warn && unloaded);
+            QCOMPARE(QStringList(
+                         {board()->Text(), window->TextFile.LoadedFilePath, window->windowTitle()}),
+                     unloaded ? QStringList({"", "", "Zendova Version 3.0.0 RC2"})
+                              : QStringList({"ab", "/a/b.zuf", "Zendova :  b.zuf"}));
+            QCOMPARE(window->FindFrame->isVisible(), !unloaded);
+            QCOMPARE(window->TextFile.TextChanged, changed || unloaded);
+        }
     }
 
     void unloadRestoresDefaults()

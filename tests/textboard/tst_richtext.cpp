@@ -119,6 +119,7 @@ private slots:
         row("UTF-8", "\\ansicpg65001 \\'c3\\'a9\xc3\xa9", "éé");
         font("two bytes", "{\\fonttbl{\\f0\\fcharset128", R"(\'82\'60\'82a\'83\\\'83\'5ca\'81\'41)",
              "AB??a?");
+        font("last first byte", "{\\fonttbl{\\f0\\fcharset134", R"(\'fe\'50a)", "?a");
         font("no second byte", "{\\fonttbl{\\f0\\fcharset128",
              R"(\'83\'0a\'83 a\'83\tab\'83\par b)", "?|? a?\t?|b");
         font("signs", "{\\fonttbl{\\f0\\fcharset2", R"(\'8e\u61623 ?\u-3937?\'81)", "Ž·Ÿ\u0081");
@@ -126,13 +127,15 @@ private slots:
             << QByteArray("\xef\xbb\xbf \r\n\t{\\rtf a}") << "a" << QString();
 
         constexpr const char *Plain = "Courier New 12 - #000000 left";
-        const auto format = [](const char *name, const QByteArray &body, const char *attributes,
-                               const char *text = "a") {
-            QTest::newRow(name) << "{\\rtf1\\deff1{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}"
-                                   "{\\f2 Arial;}}{\\colortbl;\\red255\\green128\\blue0;;\\red1;}" +
-                                       body + '}'
-                                << text << attributes;
-        };
+        const auto format =
+            [](const char *name, const QByteArray &body, const char *attributes,
+               const char *text = "a") {
+                QTest::newRow(name)
+                    << "{\\rtf1\\deff1{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}"
+                       "{\\f2 Arial;}}{\\colortbl;\\red999\\green128\\blue-9;;\\red1;}" +
+                           body + '}'
+                    << text << attributes;
+            };
         format("everything", R"(\pard\qr\f0\fs25\b\i\ul\strike\cf1 a\par)",
                "Arial 12.5 bius #ff8000 right");
         format("no text", R"(\qc\f0\fs25\b\i\cf1\par)", "Arial 12.5 bi #ff8000 centre", "");
