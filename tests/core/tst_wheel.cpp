@@ -7,16 +7,22 @@
 #include "textboard/TextBoard.h"
 
 #include <QScrollBar>
-#include <QWindow>
+#include <QWheelEvent>
 
 namespace {
 
+/// Only what comes from the desktop is handed on to the parents by the toolkit: here by hand.
 void turn(QWidget *over, int delta, Qt::KeyboardModifiers held = Qt::ControlModifier)
 {
-    // By the window, as only what comes from the desktop is handed on to the parents.
-    QWidget *window = over->window();
-    QTest::wheelEvent(window->windowHandle(), over->mapTo(window, over->rect().center()),
-                      {0, delta}, {}, held);
+    const QPoint middle = over->rect().center();
+    for (QWidget *at = over; at; at = at->parentWidget()) {
+        QWheelEvent event(over->mapTo(at, middle), over->mapToGlobal(middle), {}, {0, delta},
+                          Qt::NoButton, held, Qt::NoScrollPhase, false);
+        event.ignore();
+        QCoreApplication::sendEvent(at, &event);
+        if (event.isAccepted() || at->isWindow())
+            return;
+    }
 }
 
 /// Font size, map size, zoom size.

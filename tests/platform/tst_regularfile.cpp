@@ -67,18 +67,9 @@ int save(const QString &path, const QByteArray &bytes)
     return !reason ? Saved : reason->isEmpty() ? Silent : Told;
 }
 
-/// Root may write what nobody else may.
-void becomeOrdinaryUser()
-{
-    if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0)
-        qFatal("The user can't be changed.");
-}
-
 mode_t modeOf(const QString &path)
 {
-    struct stat status
-    {
-    };
+    struct stat status = {};
     return stat(QFile::encodeName(path), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
@@ -95,239 +86,218 @@ class TestRegularFile : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void reading();
-    void refused();
-    void newFilesLinksAndModes_data() { addBothWays(); }
-    void newFilesLinksAndModes();
-    void everyAmountOfRoom_data() { addBothWays(); }
-    void everyAmountOfRoom();
-    void failedCalls_data();
-    void failedCalls();
-    void savesAtOnce_data() { addBothWays(); }
-    void savesAtOnce();
-    void kills_data() { addBothWays(); }
-    void kills();
-
 private:
     QString path(const QString &name) const { return Folder->filePath(name); }
     QStringList files() const
     {
         return QDir(Folder->path())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                       QDir::Name);
     }
 
     std::unique_ptr<QTemporaryDir> Folder;
-};
 
-void TestRegularFile::init()
-{
-    Folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(Folder->isValid() && chmod(QFile::encodeName(Folder->path()), 0755) == 0);
-    QVERIFY(QDir(Folder->path()).mkdir("folder"));
-    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
-    QVERIFY(QFile::link("circle", path("circle")));
-}
-
-void TestRegularFile::reading()
-{
-    writeFile(path("ä\n☃"), QByteArray("\0\r\nx", 4));
-    writeFile(path("full"), QByteArray(1024, 'f'));
-    writeFile(path("large"), QByteArray(1025, 'l'));
-    writeFile(path("empty"), {});
-    for (const auto &[name, fault, reason, bytes] :
-         {std::tuple(QString("ä\n☃"), Fault::None, "", QByteArray("\0\r\nx", 4)),
-          {"full", Fault::None, "", QByteArray(1024, 'f')},
-          {"empty", Fault::None, "", {}},
-          {"large", Fault::TooLarge, "The file is larger than 1 kB", {}},
-          {"missing", Fault::NotThere, "No such file or directory", {}},
-          {QString("full").append(QChar::Null), Fault::NotReadable, "Invalid argument", {}},
-          {"folder", Fault::NotThere, "Is a directory", {}},
-          {"pipe", Fault::NotThere, "Not a regular file", {}},
-          {"/dev/zero", Fault::NotThere, "Not a regular file", {}},
-          {"circle", Fault::NotReadable, "Too many levels of symbolic links", {}}}) {
-        const auto file = RegularFile::read(QDir(Folder->path()).filePath(name), 1024);
-        QCOMPARE(file.Reason, reason);
-        QCOMPARE(file.Fault, fault);
-        QCOMPARE(file.Bytes, bytes);
+private slots:
+    void init()
+    {
+        Folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(Folder->isValid() && chmod(QFile::encodeName(Folder->path()), 0755) == 0);
+        QVERIFY(QDir(Folder->path()).mkdir("folder"));
+        QCOMPARE(mkfifo(QFile::encodeName(path("pipe")), 0600), 0);
+        QVERIFY(QFile::link("circle", path("circle")));
     }
-}
 
-void TestRegularFile::refused()
-{
-    QFile::setPermissions(writeFile(path("readonly"), "old"), QFile::ReadOwner | QFile::ReadOther);
-    writeFile(path("closed/document"), "old");
-    chmod(QFile::encodeName(path("closed/document")), 0666);
-    chmod(QFile::encodeName(path("closed")), 0555);
-    chmod(QFile::encodeName(Folder->path()), 0777);
-    const QStringList before = files();
-    for (const auto &[name, reason] :
-         {std::pair(QString("folder"), "Is a directory"),
-          {"pipe", "Not a regular file"},
-          {"/dev/null", "Not a regular file"},
-          {"missing/new", "No such file or directory"},
-          {"", "No such file or directory"},
-          {"circle", "Too many levels of symbolic links"},
-          {QString("readonly").append(QChar::Null), "Invalid argument"},
-          {"readonly", "Permission denied"},
-          {"closed/document", "Permission denied"},
-          {"closed/new", "Permission denied"}}) {
-        const QString file = name.isEmpty() ? name : QDir(Folder->path()).filePath(name);
-        const int end = endOf(start(false, [&file = file, &reason = reason] {
-            becomeOrdinaryUser();
-            const auto said = RegularFile::write(file, "new");
-            if (said != QString(reason))
-                qWarning() << file << said.value_or("saved");
-            return said == QString(reason) ? Told : Silent;
-        }));
-        QCOMPARE(end, Told);
+    void reading()
+    {
+        writeFile(path("ä\n☃"), QByteArray("\0\r\nx", 4));
+        writeFile(path("full"), QByteArray(1024, 'f'));
+        writeFile(path("large"), QByteArray(1025, 'l'));
+        writeFile(path("empty"), {});
+        for (const auto &[name, fault, reason, bytes] :
+             {std::tuple(QString("ä\n☃"), Fault::None, "", QByteArray("\0\r\nx", 4)),
+              {"full", Fault::None, "", QByteArray(1024, 'f')},
+              {"empty", Fault::None, "", {}},
+              {"large", Fault::TooLarge, "The file is larger than 1 kB", {}},
+              {"missing", Fault::NotThere, "No such file or directory", {}},
+              {QString("full").append(QChar::Null), Fault::NotReadable, "Invalid argument", {}},
+              {"folder", Fault::NotThere, "Is a directory", {}},
+              {"pipe", Fault::NotThere, "Not a regular file", {}},
+              {"/dev/zero", Fault::NotThere, "Not a regular file", {}},
+              {"circle", Fault::NotReadable, "Too many levels of symbolic links", {}}}) {
+            const auto file = RegularFile::read(QDir(Folder->path()).filePath(name), 1024);
+            QCOMPARE(file.Reason, reason);
+            QCOMPARE(file.Fault, fault);
+            QCOMPARE(file.Bytes, bytes);
+        }
+    }
+
+    void refused()
+    {
+        QFile::setPermissions(writeFile(path("readonly"), "old"),
+                              QFile::ReadOwner | QFile::ReadOther);
+        writeFile(path("closed/document"), "old");
+        chmod(QFile::encodeName(path("closed/document")), 0666);
+        chmod(QFile::encodeName(path("closed")), 0555);
+        chmod(QFile::encodeName(Folder->path()), 0777);
+        const QStringList before = files();
+        for (const auto &[name, reason] :
+             {std::pair(QString("folder"), "Is a directory"),
+              {"pipe", "Not a regular file"},
+              {"/dev/null", "Not a regular file"},
+              {"missing/new", "No such file or directory"},
+              {"", "No such file or directory"},
+              {"circle", "Too many levels of symbolic links"},
+              {QString("readonly").append(QChar::Null), "Invalid argument"},
+              {"readonly", "Permission denied"},
+              {"closed/document", "Permission denied"},
+              {"closed/new", "Permission denied"}}) {
+            const QString file = name.isEmpty() ? name : QDir(Folder->path()).filePath(name);
+            const int end = endOf(start(false, [&file = file, &reason = reason] {
+                // Root may write what nobody else may.
+                if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0)
+                    qFatal("The user can't be changed.");
+                return RegularFile::write(file, "new") == QString(reason) ? Told : Silent;
+            }));
+            QVERIFY2(end == Told, qPrintable(name));
+            QCOMPARE(files(), before);
+        }
+        QCOMPARE(contentOf(path("readonly")), "old");
+        QCOMPARE(contentOf(path("closed/document")), "old");
+        QCOMPARE(QDir(path("closed")).count(), 3U);
+        chmod(QFile::encodeName(path("closed")), 0755);
+    }
+
+    void newFilesLinksAndModes_data() { addBothWays(); }
+    void newFilesLinksAndModes()
+    {
+        QFETCH(bool, isNamed);
+        const QString longest(255, u'n');
+        QVERIFY(QFile::link("folder/document", path("link")) &&
+                QFile::link("../folder/new", path("folder/dangling")));
+        QVERIFY(chmod(QFile::encodeName(writeFile(path("folder/document"), "longer than the new")),
+                      0646) == 0);
+        const QStringList before = files();
+        const QByteArray bytes("\0new\xff", 5);
+        QCOMPARE(endOf(start(isNamed,
+                             [&] {
+                                 umask(027);
+                                 return save(path("link"), bytes) +
+                                        save(path("folder/dangling"), {}) +
+                                        save(path(longest), bytes) +
+                                        save(path(longest), bytes + 'x');
+                             })),
+                 Saved);
+        QCOMPARE(contentOf(path("folder/document")), bytes);
+        QCOMPARE(modeOf(path("folder/document")), mode_t(0646));
+        QCOMPARE(contentOf(path("folder/new")), "");
+        QCOMPARE(modeOf(path("folder/new")), mode_t(0640));
+        QCOMPARE(contentOf(path(longest)), bytes + 'x');
+        QVERIFY(QFile::remove(path(longest)));
+        QCOMPARE(files(), before);
+        QVERIFY(QFileInfo(path("link")).isSymLink() &&
+                QFileInfo(path("folder/dangling")).isSymLink());
+        QCOMPARE(QDir(path("folder")).entryList(QDir::Files | QDir::Hidden),
+                 QStringList({"dangling", "document", "new"}));
+    }
+
+    void everyAmountOfRoom_data() { addBothWays(); }
+    void everyAmountOfRoom()
+    {
+        QFETCH(bool, isNamed);
+        const QByteArray old(50'000, 'o');
+        const QByteArray bytes(60'001, 'n');
+        writeFile(path("document"), old);
+        const QStringList before = files();
+        const auto saveWithRoom = [&](rlim_t room, const QString &name) {
+            return endOf(start(isNamed, [&] {
+                const rlimit limit{room, RLIM_INFINITY};
+                setrlimit(RLIMIT_FSIZE, &limit);
+                return save(path(name), bytes);
+            }));
+        };
+        for (rlim_t room = 0; room < 60'001; room = room == 57'344 ? 60'000 : room + 4096)
+            for (const QString name : {"document", "new"}) {
+                QCOMPARE(saveWithRoom(room, name), Told);
+                QCOMPARE(contentOf(path("document")), old);
+                QCOMPARE(files(), before);
+            }
+        QCOMPARE(saveWithRoom(60'001, "document"), Saved);
+        QCOMPARE(contentOf(path("document")), bytes);
         QCOMPARE(files(), before);
     }
-    QCOMPARE(contentOf(path("readonly")), "old");
-    QCOMPARE(contentOf(path("closed/document")), "old");
-    QCOMPARE(QDir(path("closed")).count(), 3U);
-    chmod(QFile::encodeName(path("closed")), 0755);
-}
 
-void TestRegularFile::newFilesLinksAndModes()
-{
-    QFETCH(bool, isNamed);
-    const QString longest(255, u'n');
-    QVERIFY(QFile::link("folder/document", path("link")) &&
-            QFile::link("../folder/new", path("folder/dangling")));
-    QVERIFY(chmod(QFile::encodeName(writeFile(path("folder/document"), "longer than the new")),
-                  0646) == 0);
-    const QStringList before = files();
-    const QByteArray bytes("\0new\xff", 5);
-    QCOMPARE(endOf(start(isNamed,
-                         [&] {
-                             umask(027);
-                             return save(path("link"), bytes) + save(path("folder/dangling"), {}) +
-                                    save(path(longest), bytes) + save(path(longest), bytes + 'x');
-                         })),
-             Saved);
-    QCOMPARE(contentOf(path("folder/document")), bytes);
-    QCOMPARE(modeOf(path("folder/document")), mode_t(0646));
-    QCOMPARE(contentOf(path("folder/new")), "");
-    QCOMPARE(modeOf(path("folder/new")), mode_t(0640));
-    QCOMPARE(contentOf(path(longest)), bytes + 'x');
-    QVERIFY(QFile::remove(path(longest)));
-    QCOMPARE(files(), before);
-    QVERIFY(QFileInfo(path("link")).isSymLink() && QFileInfo(path("folder/dangling")).isSymLink());
-    QCOMPARE(QDir(path("folder")).entryList(QDir::Files | QDir::Hidden),
-             QStringList({"dangling", "document", "new"}));
-}
-
-void TestRegularFile::everyAmountOfRoom()
-{
-    QFETCH(bool, isNamed);
-    const QByteArray old(50'000, 'o');
-    const QByteArray bytes(60'001, 'n');
-    writeFile(path("document"), old);
-    const QStringList before = files();
-    const auto saveWithRoom = [&](rlim_t room, const QString &name) {
-        return endOf(start(isNamed, [&] {
-            const rlimit limit{room, RLIM_INFINITY};
-            setrlimit(RLIMIT_FSIZE, &limit);
-            return save(path(name), bytes);
-        }));
-    };
-    for (rlim_t room = 0; room < 60'001; room = room == 57'344 ? 60'000 : room + 4096)
-        for (const QString name : {"document", "new"}) {
-            QCOMPARE(saveWithRoom(room, name), Told);
-            QCOMPARE(contentOf(path("document")), old);
-            QCOMPARE(files(), before);
-        }
-    QCOMPARE(saveWithRoom(60'001, "document"), Saved);
-    QCOMPARE(contentOf(path("document")), bytes);
-    QCOMPARE(files(), before);
-}
-
-void TestRegularFile::failedCalls_data()
-{
-    QTest::addColumn<bool>("isNamed");
-    QTest::addColumn<int>("call");
-    QTest::addColumn<int>("end");
-    QTest::newRow("disk") << false << SYS_fsync << Told;
-    QTest::newRow("disk, named") << true << SYS_fsync << Told;
-    QTest::newRow("replacing") << false << SYS_renameat << Told;
-    QTest::newRow("replacing, named") << true << SYS_renameat << Told;
-    QTest::newRow("permissions") << false << SYS_fchmod << Saved;
-    QTest::newRow("naming") << false << SYS_linkat << Saved;
-}
-
-void TestRegularFile::failedCalls()
-{
-    QFETCH(bool, isNamed);
-    QFETCH(int, call);
-    QFETCH(int, end);
-    writeFile(path("document"), "old");
-    const QStringList before = files();
-    QCOMPARE(endOf(start(isNamed,
-                         [&] {
-                             answer(call, EIO);
-                             return save(path("document"), "new");
-                         })),
-             end);
-    QCOMPARE(contentOf(path("document")), end == Saved ? "new" : "old");
-    QCOMPARE(files(), before);
-}
-
-void TestRegularFile::savesAtOnce()
-{
-    QFETCH(bool, isNamed);
-    constexpr auto Savers = "abc";
-    QStringList after = files() << "document";
-    after.sort();
-    std::vector<pid_t> children;
-    for (const char letter : QByteArray(Savers))
-        children.push_back(start(isNamed, [&] {
-            int worst = Saved;
-            for (int i = 0; i < 40; ++i)
-                worst = std::max(worst, save(path("document"), QByteArray(100'000, letter)));
-            return worst;
-        }));
-    for (const pid_t child : children)
-        QCOMPARE(endOf(child), Saved);
-    const QByteArray content = contentOf(path("document"));
-    QCOMPARE(content, QByteArray(100'000, content[0]));
-    QVERIFY(QByteArray(Savers).contains(content[0]));
-    QStringList found = files();
-    found.sort();
-    QCOMPARE(found, after);
-}
-
-void TestRegularFile::kills()
-{
-    QFETCH(bool, isNamed);
-    constexpr int Kills = 30;
-    constexpr qsizetype Size = 100'000;
-    writeFile(path("document"), QByteArray(Size, 'a'));
-    const QStringList before = files();
-    for (int kill = 0; kill < Kills; ++kill) {
-        const pid_t child = start(isNamed, [&] {
-            answer(SYS_fsync, 0); // or hardly a kill would come between two other calls
-            for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a')
-                if (save(path("document"), QByteArray(Size, letter)) != Saved)
-                    return Told;
-        });
-        std::this_thread::sleep_for(std::chrono::microseconds(2000 + 700 * kill));
-        ::kill(child, SIGKILL);
-        QCOMPARE(endOf(child), -SIGKILL);
-        const QByteArray content = contentOf(path("document"));
-        QCOMPARE(content, QByteArray(Size, content[0]));
-        if (isNamed)
-            QVERIFY(files().size() <= before.size() + 1);
-        else
-            QTRY_COMPARE(files(), before); // what is begun in the other process is finished there
-        // The next save, of either kind, removes what is left.
-        if (kill % 2 == 1) {
-            QCOMPARE(save(path("document"), QByteArray(Size, 'a')), Saved);
+    void failedCalls()
+    {
+        for (const auto &[isNamed, call, end] : {std::tuple(false, SYS_fsync, Told),
+                                                 {true, SYS_fsync, Told},
+                                                 {false, SYS_renameat, Told},
+                                                 {true, SYS_renameat, Told},
+                                                 {false, SYS_fchmod, Saved},
+                                                 {false, SYS_linkat, Saved}}) {
+            writeFile(path("document"), "old");
+            const QStringList before = files();
+            const auto saveWithout = [&, call = call] {
+                answer(call, EIO);
+                return save(path("document"), "new");
+            };
+            QCOMPARE(endOf(start(isNamed, saveWithout)), end);
+            QCOMPARE(contentOf(path("document")), end == Saved ? "new" : "old");
             QCOMPARE(files(), before);
         }
     }
-}
+
+    void savesAtOnce_data() { addBothWays(); }
+    void savesAtOnce()
+    {
+        QFETCH(bool, isNamed);
+        std::vector<pid_t> children;
+        for (const char letter : {'a', 'b', 'c'})
+            children.push_back(start(isNamed, [&] {
+                int worst = Saved;
+                for (int i = 0; i < 40; ++i)
+                    worst = std::max(worst, save(path("document"), QByteArray(100'000, letter)));
+                return worst;
+            }));
+        for (const pid_t child : children)
+            QCOMPARE(endOf(child), Saved);
+        const QByteArray content = contentOf(path("document"));
+        QVERIFY(content[0] >= 'a' && content[0] <= 'c');
+        QCOMPARE(content, QByteArray(100'000, content[0]));
+        QCOMPARE(files(), QStringList({"circle", "document", "folder", "pipe"}));
+    }
+
+    void kills_data() { addBothWays(); }
+    void kills()
+    {
+        QFETCH(bool, isNamed);
+        constexpr qsizetype Size = 100'000;
+        writeFile(path("document"), QByteArray(Size, 'a'));
+        const QStringList before = files();
+        for (int kill = 0; kill < 30; ++kill) {
+            const pid_t child = start(isNamed, [&] {
+                answer(SYS_fsync, 0); // or hardly a kill would come between two other calls
+                for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a')
+                    if (save(path("document"), QByteArray(Size, letter)) != Saved)
+                        return Told;
+            });
+            std::this_thread::sleep_for(std::chrono::microseconds(2000 + 700 * kill));
+            ::kill(child, SIGKILL);
+            QCOMPARE(endOf(child), -SIGKILL);
+            const QByteArray content = contentOf(path("document"));
+            QCOMPARE(content, QByteArray(Size, content[0]));
+            if (isNamed)
+                QVERIFY(files().size() <= before.size() + 1);
+            else
+                QTRY_COMPARE(files(),
+                             before); // what is begun in the other process is finished there
+            // The next save, of either kind, removes what is left.
+            if (kill % 2 == 1) {
+                QCOMPARE(save(path("document"), QByteArray(Size, 'a')), Saved);
+                QCOMPARE(files(), before);
+            }
+        }
+    }
+};
 
 QTEST_APPLESS_MAIN(TestRegularFile)
 #include "tst_regularfile.moc"

@@ -2,7 +2,6 @@
 // unwritable or its writer breaks off. Works in a temporary folder, with SQLite as the second
 // opinion.
 #include "tests/support/Files.h"
-#include "tests/support/OtherProgram.h"
 
 #include "platform/SettingsTree.h"
 
@@ -11,10 +10,11 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
+#include <array>
 #include <linux/capability.h>
-#include <stdexcept>
+#include <sqlite3.h>
 #include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -22,24 +22,27 @@ namespace {
 constexpr QStringView Key = u"Software\\Zendova\\Options";
 constexpr int Filled = 100; // values of a filled tree, so many that damage can be in the middle
 
-/// Makes permissions bind even where the tests run as root.
-class NoOverride
+/// Another program that has the file open.
+struct OtherProgram
 {
-public:
-    NoOverride()
-    {
-        syscall(SYS_capget, &Header, Before);
-        __user_cap_data_struct reduced[2] = {Before[0], Before[1]};
-        reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE);
-        syscall(SYS_capset, &Header, reduced);
-    }
-    ~NoOverride() { syscall(SYS_capset, &Header, Before); }
-    Q_DISABLE_COPY_MOVE(NoOverride)
-
-private:
-    __user_cap_header_struct Header{_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct Before[2]{};
+    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &Database); }
+    ~OtherProgram() { sqlite3_close(Database); }
+    Q_DISABLE_COPY_MOVE(OtherProgram)
+    bool run(const char *sql) { return !sqlite3_exec(Database, sql, nullptr, nullptr, nullptr); }
+    sqlite3 *Database = nullptr;
 };
+
+/// Makes permissions bind even where the tests run as root, as long as the result lives.
+auto ordinaryUser()
+{
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    std::array<__user_cap_data_struct, 2> before{};
+    syscall(SYS_capget, &header, before.data());
+    auto reduced = before;
+    reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE);
+    syscall(SYS_capset, &header, reduced.data());
+    return qScopeGuard([header, before]() mutable { syscall(SYS_capset, &header, before.data()); });
+}
 
 QByteArray textOf(SettingsTree &tree, QStringView name, QStringView key = Key)
 {
@@ -79,15 +82,9 @@ private:
     int Number = 0;
     QString Path;
 
-    void fillFile() const
-    {
-        SettingsTree tree(Path);
-        fill(tree, 'o');
-    }
-
     QStringList files() const
     {
-        return QFileInfo(Path).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+        return QFileInfo(Path).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
 
 private slots:
@@ -119,9 +116,15 @@ private slots:
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
     }
 
+    void anEmptyFileIsAnEmptyTree()
+    {
+        writeFile(Path, {});
+        QVERIFY(SettingsTree(Path).createKey(Key));
+        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
+    }
+
     void operations()
     {
-        writeFile(Path, {}); // an empty file is an empty tree
         SettingsTree tree(Path);
         QVERIFY(!tree.setText(Key, u"Name", u"lost")); // the key is missing
         QVERIFY(tree.createKey(Key));
@@ -130,12 +133,10 @@ private slots:
             QVERIFY(tree.setText(Key, u"Name", text));
             QCOMPARE(textOf(tree, u"nAME", u"SOFTWARE\\zendova\\Options"), text.toUtf8());
         }
-        QVERIFY(tree.deleteValue(Key, u"NAME"));
-        QVERIFY(!tree.deleteValue(Key, u"Name"));
+        QVERIFY(tree.deleteValue(Key, u"NAME") && !tree.deleteValue(Key, u"Name"));
         QVERIFY(tree.setNumber(Key, u"Name", 1));
         QVERIFY(tree.createKey(u"software\\ZENDOVA\\options")); // there already
         QVERIFY(tree.value(Key, u"Name"));
-
         // The parents were made too; a name that only begins alike is no subkey.
         QVERIFY(tree.createKey(u"Software\\ZendovaOther"));
         QVERIFY(tree.setText(u"Software\\Zendova", u"MV", u"300"));
@@ -150,7 +151,6 @@ private slots:
         QVERIFY(!tree.setText(Key, u"a", u"2"));
         QVERIFY(tree.createKey(Key));
         QVERIFY2(!tree.value(Key, u"a"), "values outlived a key that another program deleted");
-        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
     }
 
     void ofTwoCopiesTheLastWinsValueByValue()
@@ -169,11 +169,7 @@ private slots:
             QCOMPARE(textOf(two, u"a"), "old"); // or the start would take it for missing
         }
         QVERIFY(two.setText(Key, u"b", u"two"));
-        QVERIFY(one.setText(Key, u"b", u"one"));
-        for (SettingsTree *tree : {&one, &two}) {
-            QCOMPARE(textOf(*tree, u"a"), "one");
-            QCOMPARE(textOf(*tree, u"b"), "one");
-        }
+        QCOMPARE(textOf(two, u"a") + textOf(one, u"b"), "onetwo");
     }
 
     void aBatchLeftByAnExceptionDiscardsAll()
@@ -183,74 +179,69 @@ private slots:
         try {
             const SettingsTree::Batch batch(&tree);
             fill(tree, 'n');
-            throw std::runtime_error("a failed conversion");
-        } catch (const std::runtime_error &) {
+            throw 1;
+        } catch (int) {
         }
         QVERIFY(isFilled(tree, 'o'));
         fill(tree, 'n');
         QVERIFY(isFilled(tree, 'n'));
     }
 
+    void damaged_data()
+    {
+        QTest::addColumn<Vandal>("vandal");
+        const auto row = [](const char *name, Vandal vandal) { QTest::newRow(name) << vandal; };
+        row("no database", [](const QString &path) {
+            writeFile(path, "[Options]\nToolTips=1\n");
+            writeFile(path + "-journal", "no journal");
+        });
+        row("truncated",
+            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); });
+        row("a page overwritten", [](const QString &path) {
+            writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
+        });
+        row("other tables", [](const QString &path) {
+            QFile::remove(path);
+            QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
+        });
+        row("a folder", [](const QString &path) {
+            QFile::remove(path);
+            QVERIFY(QDir().mkpath(path));
+            writeFile(path + "/precious", "precious");
+        });
+    }
+
     void damaged()
     {
-        constexpr Vandal vandals[] = {
-            [](const QString &path) { // no database
-                writeFile(path, "[Options]\nToolTips=1\n");
-                writeFile(path + "-journal", "no journal");
-            },
-            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); },
-            [](const QString &path) { // in the middle
-                writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
-            },
-            [](const QString &path) { // another program's
-                QFile::remove(path);
-                QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
-            },
-            [](const QString &path) {
-                QFile::remove(path);
-                writeFile(path + "/precious", "precious");
-            },
-        };
+        QFETCH(Vandal, vandal);
         const auto remains = [](const QString &path) {
-            return QList{contentOf(path), contentOf(path + "-journal"),
-                         contentOf(path + "/precious")};
+            return contentOf(path) + contentOf(path + "-journal") + contentOf(path + "/precious");
         };
-        int time = 0;
-        for (const Vandal vandal : vandals) {
-            fillFile();
+        for (const QString &aside : {Path + ".damaged-1", Path + ".damaged-2"}) {
+            fill(*std::make_unique<SettingsTree>(Path), 'o');
             vandal(Path);
-            const auto before = remains(Path);
-            const QString aside = QStringLiteral("%1.damaged-%2").arg(Path).arg(++time);
-            QTest::ignoreMessage(QtWarningMsg,
-                                 QRegularExpression("put aside as " + aside + QLatin1Char('$')));
-            {
-                SettingsTree tree(Path);
-                QVERIFY(!tree.value(Key, u"1"));
-                QVERIFY(tree.createKey(Key));
-                QVERIFY(tree.setText(Key, u"1", u"new"));
-                QCOMPARE(textOf(tree, u"1"), "new");
-            }
+            const QByteArray before = remains(Path);
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("put aside as " + aside + '$'));
+            SettingsTree tree(Path);
+            QVERIFY(!tree.value(Key, u"1"));
+            QVERIFY(tree.createKey(Key) && tree.setText(Key, u"1", u"new"));
+            QCOMPARE(textOf(tree, u"1"), "new");
             QCOMPARE(remains(aside), before);
-            QVERIFY(QFile::remove(Path));
         }
     }
 
     void locked()
     {
         SettingsTree openBefore(Path);
-        QVERIFY(openBefore.createKey(Key));
-        QVERIFY(openBefore.setText(Key, u"a", u"old"));
+        QVERIFY(openBefore.createKey(Key) && openBefore.setText(Key, u"a", u"old"));
         OtherProgram other(Path);
         QVERIFY(other.run("BEGIN EXCLUSIVE"));
         QElapsedTimer timer;
         timer.start();
         SettingsTree openedUnderLock(Path);
-        for (SettingsTree *tree : {&openBefore, &openedUnderLock}) {
-            for (int i = 0; i < 200; ++i) {
-                QVERIFY(!tree->value(Key, u"a"));
-                QVERIFY(!tree->setText(Key, u"a", u"lost"));
-            }
-        }
+        for (SettingsTree *tree : {&openBefore, &openedUnderLock})
+            for (int i = 0; i < 200; ++i)
+                QVERIFY(!tree->value(Key, u"a") && !tree->setText(Key, u"a", u"lost"));
         // A second for each tree, and room for a slow machine.
         QVERIFY2(timer.elapsed() < 15'000, QByteArray::number(timer.elapsed()));
         {
@@ -274,8 +265,7 @@ private slots:
             fill(tree, 'n');
             QVERIFY(isFilled(tree, 'o'));
         }
-        fill(tree, 'n');
-        QVERIFY(isFilled(tree, 'n'));
+        QVERIFY(tree.setText(Key, u"1", u"new"));
         QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
@@ -285,50 +275,53 @@ private slots:
         QVERIFY(tree.createKey(Key));
         OtherProgram other(Path);
         QVERIFY(other.run("BEGIN EXCLUSIVE"));
-        const std::unique_ptr<QThread> unlocking(QThread::create([&other] {
+        std::thread unlocking([&other] {
             sqlite3_sleep(200);
             other.run("COMMIT");
-        }));
-        unlocking->start();
+        });
         const bool written = tree.setText(Key, u"a", u"1");
-        QVERIFY(unlocking->wait());
+        unlocking.join();
         QVERIFY(written);
+    }
+
+    void unwritable_data()
+    {
+        QTest::addColumn<QString>("path"); // below the test's folder
+        QTest::addColumn<QString>("fixed");
+        QTest::addColumn<bool>("isDamaged");
+        QTest::newRow("file") << "settings.sqlite"
+                              << "settings.sqlite" << false;
+        QTest::newRow("folder") << "settings.sqlite"
+                                << "." << false;
+        QTest::newRow("no folder can be made") << "new/settings.sqlite"
+                                               << "." << false;
+        QTest::newRow("damage that can't be put aside") << "settings.sqlite"
+                                                        << "." << true;
     }
 
     void unwritable()
     {
-        struct Row
+        QFETCH(QString, path);
+        QFETCH(QString, fixed);
+        QFETCH(bool, isDamaged);
+        const QDir folder = QFileInfo(Path).dir();
+        fill(*std::make_unique<SettingsTree>(Path), 'o');
+        if (isDamaged)
+            writeFile(Path, "no database");
+        const QByteArray before = contentOf(Path);
+        QVERIFY(QFile::setPermissions(folder.filePath(fixed), QFile::ReadOwner | QFile::ExeOwner));
         {
-            const char *Name; // below the test's folder
-            bool IsFolderFixed;
-            bool IsDamaged;
-        };
-        for (const auto &[name, isFolderFixed, isDamaged] :
-             {Row{"settings.sqlite", false, false}, Row{"settings.sqlite", true, false},
-              Row{"new/settings.sqlite", true, false}, Row{"settings.sqlite", true, true}}) {
-            init();
-            const QString folder = QFileInfo(Path).path();
-            fillFile();
-            if (isDamaged)
-                writeFile(Path, "no database");
-            const QByteArray before = contentOf(Path);
-            const QString fixed = isFolderFixed ? folder : Path;
-            QVERIFY(QFile::setPermissions(fixed, QFile::ReadOwner | QFile::ExeOwner));
-            {
-                const NoOverride ordinaryUser;
-                SettingsTree tree(folder + "/" + name);
-                QCOMPARE(isFilled(tree, 'o'), name == QString("settings.sqlite") && !isDamaged);
-                QVERIFY(!tree.createKey(u"Software\\Other"));
-                QVERIFY(!tree.setText(Key, u"1", u"lost"));
-                const SettingsTree::Batch batch(&tree);
-                QVERIFY(!tree.setText(Key, u"1", u"lost"));
-                QVERIFY(!tree.deleteValue(Key, u"1"));
-                QVERIFY(!tree.deleteKey(Key));
-            }
-            QFile::setPermissions(fixed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-            QCOMPARE(contentOf(Path), before);
-            QCOMPARE(files(), QStringList("settings.sqlite"));
+            const auto restore = ordinaryUser();
+            SettingsTree tree(folder.filePath(path));
+            QCOMPARE(isFilled(tree, 'o'), path == "settings.sqlite" && !isDamaged);
+            QVERIFY(!tree.createKey(u"Software\\Other") && !tree.setText(Key, u"1", u"lost"));
+            const SettingsTree::Batch batch(&tree);
+            QVERIFY(!tree.setText(Key, u"1", u"lost"));
+            QVERIFY(!tree.deleteValue(Key, u"1") && !tree.deleteKey(Key));
         }
+        QFile::setPermissions(folder.filePath(fixed), QFile::Permissions(0x7000));
+        QCOMPARE(contentOf(Path), before);
+        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };
 
