@@ -615,6 +615,11 @@ void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
          {FC_FAMILY, FC_FAMILYLANG, FC_STYLE, FC_STYLELANG, FC_FULLNAME, FC_FULLNAMELANG,
           FC_FOUNDRY, FC_WEIGHT, FC_WIDTH, FC_SLANT, FC_LANG, FC_CHARSET, FC_CAPABILITY})
         FcPatternDel(own, object);
+    // None rather than no set of characters: the toolkit looks into it for every font that may help
+    // out, and takes for granted that it is there.
+    FcCharSet *none = FcCharSetCreate();
+    FcPatternAddCharSet(own, FC_CHARSET, none);
+    FcCharSetDestroy(none);
     FcPatternAddString(own, FC_FAMILY, bytes(name.toUtf8().constData()));
     FcPatternAddString(own, FC_STYLE, bytes(style.toUtf8().constData()));
     FcPatternAddInteger(own, FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);

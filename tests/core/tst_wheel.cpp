@@ -46,6 +46,7 @@ private slots:
         QWidget *const places[] = {window->TextBoard->viewport(), window->FMapContainer->CharButton,
                                    window->ViewsContainer->TextZoom};
         window->FMapContainer->sldSetFMapSize->setValue(5);
+        window->ViewsContainer->ZoomSizeSlider->setValue(40); // it begins at its largest
         for (qsizetype place = 0; place < std::ssize(places); ++place) {
             QList<int> expected = sizes(*window);
             turn(places[place], 120, Qt::NoModifier);
@@ -103,6 +104,7 @@ private slots:
         Desktop desktop;
         Zendova *window = desktop.start();
         window->FMapContainer->sldSetFMapSize->setValue(5);
+        window->ViewsContainer->ZoomSizeSlider->setValue(40);
         window->FMapContainer->UpdateSizeCommands(false); // as with the split bar pulled down
         window->ViewsContainer->ZoomViewSet(false);
         const QList<int> before = sizes(*window);
@@ -111,7 +113,7 @@ private slots:
         turn(window->ViewsContainer->CVAContainer, 120);
         QCOMPARE(sizes(*window), before);
         window->ViewsContainer->ZoomViewSet(true);
-        turn(window->ViewsContainer, 120); // beside the zoom
+        turn(window->ViewsContainer->ViewsTB, 120); // beside the zoom
         QCOMPARE(sizes(*window), before);
     }
 };

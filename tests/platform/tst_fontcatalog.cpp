@@ -72,6 +72,7 @@ private slots:
     void cannotBeDrawn_data();
     void cannotBeDrawn();
     void everyCodeOfASymbolFont();
+    void lendsNoGlyphs();
     void borrowsNoGlyphs();
 };
 
@@ -217,6 +218,13 @@ void TestFontCatalog::everyCodeOfASymbolFont()
         QCOMPARE(shown(fontOf("Zt Symbol"), character), expected);
         QCOMPARE(shown(fontOf("Zt Symbol"), QChar(0xF000 + code)), expected);
     }
+}
+
+void TestFontCatalog::lendsNoGlyphs()
+{
+    fontOf("Zt Outline");
+    for (const char16_t character : {u'\u4E2D', u'\uFFFD', u'\u0416'}) // that no font has
+        QVERIFY(shown(QFont("sans-serif"), character).font != 6);
 }
 
 void TestFontCatalog::borrowsNoGlyphs()

@@ -93,7 +93,7 @@ private slots:
                          .arg(fill->isVisible() ? fill->width() : 0),
                      QString(row.Shown));
             QCOMPARE(fill->pos(), bar.ProgressBack->pos());
-            if (fill->isVisible())
+            if (fill->isVisible() && fill->width() > 2) // else it lies under the frame
                 QCOMPARE(bar.grab().toImage().pixelColor(fill->geometry().center()),
                          QColor(row.Color));
         }

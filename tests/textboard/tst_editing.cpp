@@ -187,6 +187,7 @@ private slots:
         const auto failure =
             connect(board(), &TextBoard::Change, window, [] { throw std::bad_alloc(); });
         expect(NoMemory, "Ok");
+        QTRY_VERIFY(button("Paste")->isEnabled()); // the clipboard is asked behind the first paint
         give("button", "EditPaste");
         disconnect(failure);
         QTest::keyClicks(board(), "!");
