@@ -77,15 +77,16 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(10);
     setMaxVisibleItems(20);
+    // Before the list, which takes over from the style whether it has a scroll bar.
+    auto *below = new ListBelow;
+    below->setParent(this);
+    setStyle(below);
     auto *list = new ListView(this);
     list->setUniformItemSizes(true);
     list->setLayoutMode(QListView::Batched);
     setView(list);
     wearDesktopFont();
     setIconSize(QSize(16, 16));
-    auto *below = new ListBelow;
-    below->setParent(this);
-    setStyle(below);
     connect(this, &QComboBox::activated, this, [this] {
         emit Click();
         if (std::exchange(ListWasOpened, false))

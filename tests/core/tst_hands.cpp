@@ -42,6 +42,7 @@ private slots:
         QTest::keyClick(fonts, Qt::Key_Down); // on the closed box
         QVERIFY(fonts->hasFocus());
         fonts->showPopup();
+        QVERIFY(fonts->view()->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff);
         QTest::keyClick(fonts->view(), Qt::Key_Down);
         QTest::keyClick(fonts->view(), Qt::Key_Return);
         QTRY_VERIFY(window->TextBoard->hasFocus());
