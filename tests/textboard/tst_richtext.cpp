@@ -98,6 +98,8 @@ private slots:
             R"( \u8364?\u-3913?\u8212 -\u233\'65z\uc0\u8364 a{\uc2\u8364 ab c}\u8364 d)",
             "€·—éz€a€ c€d");
         row("escaped substitutes", R"(\uc2 \u8364\{\'31a\u8220\ldblquote x b)", "€a“ b");
+        row("the document's own", R"(\u1046*\u8209-\uc2\u1046zha{\u1046}/\uc0\u1046 b)",
+            "*-zha?/?b");
         row("missing substitutes", R"({\u8364}a{\u8364}{b}\u8364\par \u8220\u97\u8221\b x)",
             "€a€b€|“a”x");
         row("surrogates", R"( \u-10179?\u-8704?a\u128512?\u-10179?b\u-8704?\u1114112?\u0?c)",
