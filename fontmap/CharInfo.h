@@ -22,5 +22,10 @@ QString Bin(qint32 n);
 /// The view texts of a code (32 to 255) of the default map.
 CharTexts DefaultCharTexts(int code);
 
+/// The view texts of a cell of a custom map, by its caption; empty texts for a blank one. The codes
+/// 127 and 128 read "Ctrl+" and a number, which counts them in the order in which they are met:
+/// `control` is the next one, 1 at first.
+CharTexts CustomCharTexts(const QString &caption, int &control);
+
 /// The character of a code as text of one character.
 QString CharacterOf(int code);
