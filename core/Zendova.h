@@ -180,11 +180,13 @@ public:
 
     // ---- core/SetMenuPics.cpp: the pictures of the menus
 
-    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    /// All pictures, once; shows HelpContents if there is a help file.
     void SetAllMenuPics();
 
     // ---- core/Help.cpp: the commands of the Help menu
 
+    /// In the current folder, or where the program has its files; it need not be there.
+    static QString HelpFile();
     void HelpContents_Click();
     /// The key of the help, pressed in an open menu: closes all menus and shows the topic of the
     /// item that is highlighted, or else of the menu. False, with nothing done, for any other key
