@@ -207,6 +207,9 @@ void Zendova::ConnectPanels()
     connect(FMapContainer, &FontMap::Resized, this, &Zendova::FMapContainer_Resized);
     connect(FMapContainer, &FontMap::SizeChanged, this, &Zendova::FMapContainer_SizeChanged);
     connect(FMapContainer, &FontMap::FocusFree, this, toBoard);
+    connect(FMapContainer, &FontMap::RecentMapsWanted, this, &Zendova::FillMapMenu);
+    connect(FMapContainer->FileCFMLoad, &QAction::triggered, this, &Zendova::FileCFMLoad_Click);
+    connect(FMapContainer->FileCFMUnld, &QAction::triggered, this, &Zendova::FileCFMUnld_Click);
     connect(FMapContainer->FMRealign, &QAction::triggered, this, &Zendova::FMRealign_Click);
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }

@@ -255,9 +255,8 @@ void Zendova::RouteFile(const QString &path, const QString &title)
     const auto [folder, name] = SplitAtLastSeparator(path);
     if (EndingOf(path) == "ZCM") {
         Folders.LMLoadPath = folder;
-        CustomMap.PendingMapPath = path;
-        CustomMap.PendingMapName = name;
-        UpdateMapCommands(1);
+        if (CheckMapNotLoaded(path))
+            LoadCustomMap(path);
     } else if (!TextFileKind(path)) {
         ZndvMsg("\r\r\rFiles with extension '" + EndingOf(path) + "' are not valid " + ProductName +
                     " files.\r\rOnly valid extensions are TXT, ZUF and ZCM.",

@@ -30,11 +30,10 @@ struct TextFileState
     bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
 };
 
-/// Which custom map is loaded, being loaded, and to be loaded at the start.
+/// Which custom map is loaded, and which is to be loaded at the start.
 struct CustomMapState
 {
     QString LoadedMapPath, LoadedMapName;
-    QString PendingMapPath, PendingMapName;
     bool InitMap = false;
     QString InitMapPath;
 };

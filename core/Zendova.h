@@ -218,6 +218,17 @@ public:
     /// 1: commands that depend on a loaded custom map; 2: on the size and the split bar.
     void UpdateMapCommands(int Which);
 
+    // ---- fontmap/CustomMaps.cpp: loading, unloading and editing custom maps
+
+    void FileCFMLoad_Click();
+    void AskLoadCustomMap();
+    /// False, and the user is told, if this map is in the grid.
+    bool CheckMapNotLoaded(const QString &Path);
+    /// Shows the map of a file in the grid. A file that holds none is told, and nothing changes.
+    void LoadCustomMap(const QString &Path);
+    /// Back to the default map.
+    void FileCFMUnld_Click();
+
     CustomMapState CustomMap;
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
@@ -273,8 +284,9 @@ public:
     /// Loads the file of a row, counted from 1.
     void FileMRU_Click(int Index);
     void CFMRU_Click(int Index);
-    /// Runs as the drop-down of the button Load opens.
+    /// Run as the drop-downs of the buttons Load and CFMapLoad open.
     void FillLoadMenu();
+    void FillMapMenu(QMenu *menu);
 
     // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
 
@@ -361,6 +373,7 @@ private:
     void ShowRecentList(const RecentList &list);
     void AddToRecentList(const RecentList &list, const QString &path);
     void LoadRecent(const RecentList &list, int index);
+    void FillRecentMenu(const RecentList &list, QMenu *menu);
     static bool WasUnchecked(QAction *item);
     void SetStyle(int style, int on);
     void ShowStylesInZoom();

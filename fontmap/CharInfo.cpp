@@ -1,4 +1,4 @@
-// Code texts and keystroke texts of the default map.
+// Code texts and keystroke texts of the default map and of custom ones.
 #include "fontmap/CharInfo.h"
 
 #include "platform/CodePage.h"
@@ -30,14 +30,50 @@ QString CharacterOf(int code)
     return QString(CodePage::toUnicode(static_cast<quint8>(code)));
 }
 
+namespace {
+
+CharTexts charTexts(int code, const QString &keystroke)
+{
+    return {QString::number(code), QString::number(code, 16).toUpper(), QString::number(code, 8),
+            Bin(code), keystroke};
+}
+
+QString altKeystroke(int code)
+{
+    return QStringLiteral("Alt+0") + QString::number(code);
+}
+
+constexpr QLatin1StringView SpaceKeystroke("Space Bar");
+constexpr int LastTyped = 126; // the last code that a key types
+
+} // namespace
+
 CharTexts DefaultCharTexts(int code)
 {
-    const QString decimal = QString::number(code);
-    QString keystroke = QStringLiteral("Alt+0") + decimal;
     if (code == FirstCode)
-        keystroke = QStringLiteral("Space Bar");
-    else if (code <= 126)
-        keystroke = CharacterOf(code);
-    return {decimal, QString::number(code, 16).toUpper(), QString::number(code, 8), Bin(code),
-            keystroke};
+        return charTexts(code, SpaceKeystroke);
+    return charTexts(code, code <= LastTyped ? CharacterOf(code) : altKeystroke(code));
+}
+
+CharTexts CustomCharTexts(const QString &caption, int &control)
+{
+    if (caption.isEmpty())
+        return {};
+    const int code = CodePage::toCode(caption.front().unicode()).value();
+    if (code == FirstCode)
+        return charTexts(code, SpaceKeystroke);
+    if (code <= LastTyped)
+        return charTexts(code, caption);
+    if (code <= LastTyped + 2)
+        return charTexts(code, QStringLiteral("Ctrl+") + QString::number(control++));
+    return charTexts(code, altKeystroke(code));
+}
+
+QString SpokenCell(const QStringList &texts)
+{
+    QStringList spoken;
+    for (const QString &text : texts)
+        if (!text.trimmed().isEmpty())
+            spoken += text;
+    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
 }

@@ -3,11 +3,14 @@
 #include "fontmap/FontMap.h"
 
 #include "core/SettingsDefaults.h"
+#include "fontmap/MapSize.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
+#include "platform/controls/ElidedLabel.h"
 #include "platform/controls/Toolbar.h"
 
 #include <QAction>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QSlider>
 
@@ -27,17 +30,22 @@ constexpr ControlRow Rows[] = {
      "FontMap Size (Click to Change)"},
     {"tbxSetFMapSizeNumber", "pbxSetFMapSize", {915, 45, 270, 285}, "Enter FontMap size"},
     {"sldSetFMapSize", "pbxSetFMapSize", {1215, 45, 1230, 270}},
-    {"pbxCFMName", "tlbCFMapName", {0, 0, 4350, 360}, "Custom Map currently loaded"},
-    {"lblCFMName", "pbxCFMName", {0, 60, 4350, 240}, "Currently loaded Custom FontMap file name"},
+    {"pbxCFMName", "tlbCFMapName", InBand, "Custom Map currently loaded"},
+    {"lblCFMName", "pbxCFMName", InBand, "Currently loaded Custom FontMap file name"},
 };
 
 using enum Toolbar::Kind;
 
 constexpr ButtonRow<FontMap> Buttons[] = {
-    {&FontMap::tlbCustFMap, {"CFMapLoad", "CFMapLoad", "Load a Cutsom FontMap"}},
+    {&FontMap::tlbCustFMap,
+     {"CFMapLoad", "CFMapLoad", "Load a Cutsom FontMap", DropDown},
+     [](FontMap &map) { map.FileCFMLoad->trigger(); },
+     [](FontMap &map) { emit map.RecentMapsWanted(map.tlbCustFMap->button("CFMapLoad")->menu()); }},
     {&FontMap::tlbCustFMap, {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"}},
     {&FontMap::tlbCustFMap, {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"}},
-    {&FontMap::tlbCustFMap, {"CFMapUnld", "CFMapUnld", "Unload Current Custom FontMap"}},
+    {&FontMap::tlbCustFMap,
+     {"CFMapUnld", "CFMapUnld", "Unload Current Custom FontMap"},
+     [](FontMap &map) { map.FileCFMUnld->trigger(); }},
     {&FontMap::tlbCFMapFmt,
      {"FMap-", "FMap-", "Reduce FontMap Size"},
      [](FontMap &map) { map.FMSmaller_Click(); }},
@@ -59,24 +67,6 @@ constexpr ButtonRow<FontMap> Buttons[] = {
      [](FontMap &map) { map.FMBorders->trigger(); }},
 };
 
-/// Places of the 224 cells at size 1: neighbours share 15 twips, one pixel.
-std::vector<TwipRect> designCells()
-{
-    constexpr double side = 420;
-    constexpr double pitch = 405;
-    constexpr double firstTop = 375;
-    std::vector<TwipRect> places;
-    places.reserve(CellCount);
-    for (int cell = 0; cell < CellCount; ++cell) {
-        const int row = cell / MapColumns;
-        places.push_back({.Left = pitch * (cell % MapColumns),
-                          .Top = firstTop + pitch * row,
-                          .Width = side,
-                          .Height = side});
-    }
-    return places;
-}
-
 } // namespace
 
 FontMap::FontMap(const TwipScale &scale, CharCells &zoom, QWidget *parent)
@@ -91,7 +81,8 @@ void FontMap::createControls(const TwipScale &scale)
     CharButton = new CharCells(CellCount, this);
     Form.Adopt(CharButton, "CharButton");
     CharButton->setScale(scale);
-    CharButton->setPlaces(designCells());
+    constexpr double firstTop = 375; // below the bars
+    CharButton->setPlaces(MapSize::Cells(firstTop));
     CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
 
     clbFontMap = Form.Make<BandBar>("clbFontMap", scale);
@@ -110,23 +101,24 @@ void FontMap::createControls(const TwipScale &scale)
     sldSetFMapSize->slider()->setTracking(false);
     sldSetFMapSize->showNumber("0");
     pbxCFMName = Form.Make<QWidget>("pbxCFMName");
-    lblCFMName = Form.MakeLabel("lblCFMName", {}, Qt::AlignLeft);
-    lblCFMName->setTextFormat(Qt::PlainText);
+    lblCFMName = Form.Make<ElidedLabel>("lblCFMName");
+    auto *nameRow = new QHBoxLayout(pbxCFMName);
+    nameRow->setContentsMargins(3, 0, 3, 0);
+    nameRow->addWidget(lblCFMName);
     sizeContainers();
     tlbCFMapFmt->addPlaceholder(pbxSetFMapSize);
-    tlbCFMapName->addPlaceholder(pbxCFMName);
+    tlbCFMapName->addPlaceholder(pbxCFMName, 1);
     clbFontMap->addBands({{tlbCustFMap}, {tlbCFMapFmt}, {tlbCFMapName}}, FMBandWidths);
 
-    const auto command = [this](const char *name) {
-        auto *item = new QAction(this);
-        item->setObjectName(name);
-        return item;
-    };
-    FMSmaller = command("FMSmaller");
-    FMLarger = command("FMLarger");
-    FMRealign = command("FMRealign");
-    FMHiLite = command("FMHiLite");
-    FMBorders = command("FMBorders");
+    FileCFMLoad = ControlTable::MakeCommand(this, "FileCFMLoad");
+    FileCFMNew = ControlTable::MakeCommand(this, "FileCFMNew");
+    FileCFMEdit = ControlTable::MakeCommand(this, "FileCFMEdit");
+    FileCFMUnld = ControlTable::MakeCommand(this, "FileCFMUnld");
+    FMSmaller = ControlTable::MakeCommand(this, "FMSmaller");
+    FMLarger = ControlTable::MakeCommand(this, "FMLarger");
+    FMRealign = ControlTable::MakeCommand(this, "FMRealign");
+    FMHiLite = ControlTable::MakeCommand(this, "FMHiLite");
+    FMBorders = ControlTable::MakeCommand(this, "FMBorders");
 }
 
 void FontMap::connectControls()
@@ -153,10 +145,10 @@ void FontMap::SetScale(const TwipScale &scale)
 
 void FontMap::sizeContainers()
 {
-    // These two stand in toolbars, whose rows ask for sizes instead of places.
-    for (QWidget *container : {pbxSetFMapSize, pbxCFMName})
-        container->setFixedSize(Form.scale().toPixels(Form.rect(container)).size());
-    pbxCFMName->setMinimumWidth(0); // a long name is no reason for the other bands to give way
+    // They stand in toolbars, whose rows ask for sizes instead of places.
+    pbxSetFMapSize->setFixedSize(Form.scale().toPixels(Form.rect(pbxSetFMapSize)).size());
+    constexpr double leastName = 600; // twips; a name is never seen as nothing
+    pbxCFMName->setMinimumWidth(Form.scale().across(leastName));
 }
 
 void FontMap::FillDefaultMap()
@@ -165,6 +157,26 @@ void FontMap::FillDefaultMap()
         CharButton->setCaption(cell, CharacterOf(FirstCode + cell));
         CharInfo.at(static_cast<std::size_t>(cell)) = DefaultCharTexts(FirstCode + cell);
     }
+}
+
+void FontMap::FillCustomMap(const CustomMapFile::Captions &captions)
+{
+    int control = 1;
+    for (int cell = 0; cell < CellCount; ++cell) {
+        const QString &caption = captions.at(static_cast<std::size_t>(cell));
+        CharButton->setCaption(cell, caption);
+        CharInfo.at(static_cast<std::size_t>(cell)) = CustomCharTexts(caption, control);
+    }
+}
+
+void FontMap::ShowLoadedMap(bool loaded, const QString &name)
+{
+    for (const char *key : {"CFMapEdit", "CFMapUnld"})
+        tlbCustFMap->enableButton(key, loaded);
+    FileCFMUnld->setEnabled(loaded);
+    clbFontMap->setBandVisible(NameBand, loaded);
+    if (loaded)
+        lblCFMName->setWholeText(name);
 }
 
 void FontMap::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
@@ -192,11 +204,7 @@ void FontMap::CharButton_MouseMove(int Index)
 QString FontMap::SpokenCell(int Index) const
 {
     const CharTexts &texts = CharInfo.at(static_cast<std::size_t>(Index));
-    QStringList spoken;
-    for (const QString &text : {texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]})
-        if (!text.trimmed().isEmpty())
-            spoken += text;
-    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
+    return ::SpokenCell({texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]});
 }
 
 void FontMap::ApplyFontMapColors(bool SetFore, ColorValue NewFore, bool SetBack, ColorValue NewBack)

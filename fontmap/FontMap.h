@@ -5,6 +5,7 @@
 
 #include "fontmap/CharInfo.h"
 #include "fontmap/ColorRecord.h"
+#include "fontmap/CustomMapFile.h"
 #include "platform/controls/ControlTable.h"
 #include "platform/controls/WheelSteps.h"
 
@@ -12,8 +13,9 @@
 
 class BandBar;
 class CharCells;
+class ElidedLabel;
 class QAction;
-class QLabel;
+class QMenu;
 class Toolbar;
 
 class FontMap : public QWidget
@@ -28,6 +30,7 @@ public:
     // ---- FontMap.cpp: what the cells hold and how they look
 
     void FillDefaultMap();
+    void FillCustomMap(const CustomMapFile::Captions &captions);
     void CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At);
     void CharButton_MouseMove(int Index);
     /// Code, character and keystroke of a cell in one line, as it is read out.
@@ -37,8 +40,9 @@ public:
     void SetCellBorders(int Style);
     void FMHiLite_Click();
     void FMBorders_Click();
-    /// The name of the loaded custom map in a band of its own; the empty text for no map.
-    void ShowMapName(const QString &name);
+    /// The name of the loaded custom map in a band of its own, and the commands for it; without a
+    /// map neither.
+    void ShowLoadedMap(bool loaded, const QString &name);
     /// Of the controls; those of the buttons are switched with all toolbars.
     void SetToolTips(bool on) { Form.SetToolTips(on); }
     void SetScale(const TwipScale &scale);
@@ -72,12 +76,16 @@ public:
     QWidget *pbxSetFMapSize = nullptr;
     NumberSlider *sldSetFMapSize = nullptr; ///< with lblSetFMapSizeNumber and tbxSetFMapSizeNumber
     QWidget *pbxCFMName = nullptr;
-    QLabel *lblCFMName = nullptr;
-    /// The commands of the map, for a menu to show.
+    ElidedLabel *lblCFMName = nullptr;
+    /// The commands of the map, for a menu to show. Those for files are the window's to run.
+    QAction *FileCFMLoad = nullptr, *FileCFMNew = nullptr;
+    QAction *FileCFMEdit = nullptr, *FileCFMUnld = nullptr;
     QAction *FMSmaller = nullptr, *FMLarger = nullptr, *FMRealign = nullptr;
     QAction *FMHiLite = nullptr, *FMBorders = nullptr;
 
 signals:
+    /// The drop-down of CFMapLoad opens and is to be filled.
+    void RecentMapsWanted(QMenu *menu);
     /// A cell was clicked, which holds this; a blank one the empty text.
     void CharacterPicked(const QString &character);
     /// The mouse is over a cell.
@@ -98,6 +106,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    static constexpr int NameBand = 2; ///< the band of clbFontMap with the custom map's name
+
     void createControls(const TwipScale &scale);
     void connectControls();
     void sizeContainers();

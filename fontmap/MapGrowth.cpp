@@ -8,13 +8,11 @@
 #include "platform/controls/Toolbar.h"
 
 #include <QAction>
-#include <QLabel>
 #include <algorithm>
 
 namespace {
 
 constexpr int MapRows = CellCount / MapColumns;
-constexpr int NameBand = 2; ///< the band of clbFontMap with the custom map's name
 
 } // namespace
 
@@ -48,9 +46,6 @@ void FontMap::SetFontMapSize(int Steps, bool Grow)
     const double nameWidth =
         std::max(0.0, width - (clbFontMap->bandWidth(0) + clbFontMap->bandWidth(1)));
     clbFontMap->setBandWidth(NameBand, nameWidth);
-    Form.setWidth(pbxCFMName, nameWidth);
-    Form.setWidth(lblCFMName, nameWidth);
-    sizeContainers();
     emit Resized(width, height);
     show();
     MapResizing = false;
@@ -138,11 +133,4 @@ void FontMap::UpdateSizeCommands(bool aligned)
     };
     limit(MaxMapSize == SizeIndex, "FMap+", FMLarger);
     limit(SizeIndex <= 1, "FMap-", FMSmaller);
-}
-
-void FontMap::ShowMapName(const QString &name)
-{
-    clbFontMap->setBandVisible(NameBand, !name.isEmpty());
-    if (!name.isEmpty())
-        lblCFMName->setText(name);
 }

@@ -87,13 +87,3 @@ void Zendova::UpdateMapCommands(int Which)
     else
         FMapContainer->UpdateSizeCommands(!SplitIsDown());
 }
-
-void Zendova::ShowLoadedMap()
-{
-    const bool loaded = !CustomMap.LoadedMapPath.isEmpty();
-    for (const char *key : {"CFMapEdit", "CFMapUnld"})
-        FMapContainer->tlbCustFMap->enableButton(key, loaded);
-    const QString &name = CustomMap.LoadedMapName;
-    constexpr qsizetype ending = 4; // with its dot
-    FMapContainer->ShowMapName(loaded ? name.chopped(std::min(ending, name.size())) : QString());
-}

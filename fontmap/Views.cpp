@@ -106,15 +106,10 @@ void Views::createControls(const TwipScale &scale)
     KS = text("KS", {}, Qt::AlignLeft);
     KS->setTextFormat(Qt::PlainText);
 
-    const auto command = [this](const char *name) {
-        auto *item = new QAction(this);
-        item->setObjectName(name);
-        return item;
-    };
-    ViewZoom = command("ViewZoom");
-    ViewCode = command("ViewCode");
-    ViewKS = command("ViewKS");
-    ViewAll = command("ViewAll");
+    ViewZoom = ControlTable::MakeCommand(this, "ViewZoom");
+    ViewCode = ControlTable::MakeCommand(this, "ViewCode");
+    ViewKS = ControlTable::MakeCommand(this, "ViewKS");
+    ViewAll = ControlTable::MakeCommand(this, "ViewAll");
 }
 
 void Views::connectControls()

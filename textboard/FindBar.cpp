@@ -98,8 +98,7 @@ void FindBar::createControls()
     FindOpt[0]->setToolTip("Check to search as whole word");
     FindOpt[1] = Form.Make<QCheckBox>("FindOpt1", "Match Case");
     FindOpt[1]->setToolTip("Check for a case-sensitive search");
-    EditFindAgain = new QAction(this);
-    EditFindAgain->setObjectName("EditFindAgain");
+    EditFindAgain = ControlTable::MakeCommand(this, "EditFindAgain");
 }
 
 void FindBar::connectControls()

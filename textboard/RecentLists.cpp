@@ -21,39 +21,31 @@ struct Zendova::RecentList
     const char *Separator;
     const char *ErrorTitle;
     QString LastFolders::*LoadFolder;
-    void (*SetPending)(Zendova &, const QString &path, const QString &name);
-    bool (Zendova::*MayLoad)(const QString &path); ///< null: nothing is asked
-    void (Zendova::*Load)(const QString &path);    ///< null while it is not built: items stay off
+    bool (Zendova::*MayLoad)(const QString &path);
+    void (*Load)(Zendova &, const RecentFile &row);
 };
 
 namespace {
 
-constexpr Zendova::RecentList TextList = {
-    .Table = &Zendova::TextFiles,
-    .Item = "FileMRU",
-    .Separator = "FileSep3",
-    .ErrorTitle = " File Load Error",
-    .LoadFolder = &LastFolders::LFLoadPath,
-    .SetPending =
-        [](Zendova &z, const QString &path, const QString &name) {
-            z.TextFile.PendingFilePath = path;
-            z.TextFile.PendingFileTitle = name;
-        },
-    .MayLoad = &Zendova::CheckAlreadyLoaded,
-    .Load = &Zendova::LoadTextFile};
+constexpr Zendova::RecentList TextList = {.Table = &Zendova::TextFiles,
+                                          .Item = "FileMRU",
+                                          .Separator = "FileSep3",
+                                          .ErrorTitle = " File Load Error",
+                                          .LoadFolder = &LastFolders::LFLoadPath,
+                                          .MayLoad = &Zendova::CheckAlreadyLoaded,
+                                          .Load = [](Zendova &z, const RecentFile &row) {
+                                              z.TextFile.PendingFilePath = row.Folder + row.Name;
+                                              z.TextFile.PendingFileTitle = row.Name;
+                                              z.LoadTextFile(z.TextFile.PendingFilePath);
+                                          }};
 constexpr Zendova::RecentList MapList = {
     .Table = &Zendova::MapFiles,
     .Item = "CFMRU",
     .Separator = "FileSep2",
     .ErrorTitle = " Custom Map Load Error",
     .LoadFolder = &LastFolders::LMLoadPath,
-    .SetPending =
-        [](Zendova &z, const QString &path, const QString &name) {
-            z.CustomMap.PendingMapPath = path;
-            z.CustomMap.PendingMapName = name;
-        },
-    .MayLoad = nullptr,
-    .Load = nullptr};
+    .MayLoad = &Zendova::CheckMapNotLoaded,
+    .Load = [](Zendova &z, const RecentFile &row) { z.LoadCustomMap(row.Folder + row.Name); }};
 
 /// "&3 name". What a menu would take for an access key or a column of its own is only a part of
 /// the name.
@@ -80,7 +72,6 @@ void Zendova::ShowRecentList(const RecentList &list)
             break;
         QAction *item = RecentItem(list, ++index);
         item->setText(caption(index, row.Name));
-        item->setEnabled(list.Load != nullptr);
         item->setVisible(true);
     }
     menuBar()->findChild<QAction *>(list.Separator)->setVisible(RecentItem(list, 1)->isVisible());
@@ -104,6 +95,9 @@ void Zendova::WriteMRULists()
 
 void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 {
+    // The settings file keeps texts: read back, such a name would lead to no file.
+    if (!FileName::isText(path))
+        return;
     RecentFiles &table = this->*list.Table;
     table.add(path);
     Folders.*list.LoadFolder = WithoutSeparator(table.rows().front().Folder);
@@ -112,9 +106,7 @@ void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 
 void Zendova::AddFileToMRU(const QString &Path)
 {
-    // The settings file keeps texts: read back, such a name would lead to no file.
-    if (FileName::isText(Path))
-        AddToRecentList(TextList, Path);
+    AddToRecentList(TextList, Path);
 }
 
 void Zendova::AddMapToMRU(const QString &Path)
@@ -127,16 +119,14 @@ void Zendova::LoadRecent(const RecentList &list, int index)
     // A copy, as loading moves the rows.
     const RecentFile row = (this->*list.Table).rows().at(static_cast<std::size_t>(index - 1));
     const QString path = row.Folder + row.Name;
-    if (list.MayLoad && !(this->*list.MayLoad)(path))
+    if (!(this->*list.MayLoad)(path))
         return;
     if (const QString notice = PathNotice(path); !notice.isEmpty()) {
         ZndvMsg(notice, "OK", ProductName + list.ErrorTitle, false, 1);
         return;
     }
     Folders.*list.LoadFolder = row.Folder;
-    list.SetPending(*this, path, row.Name);
-    if (list.Load)
-        (this->*list.Load)(path);
+    list.Load(*this, row);
 }
 
 void Zendova::FileMRU_Click(int Index)
@@ -149,14 +139,23 @@ void Zendova::CFMRU_Click(int Index)
     LoadRecent(MapList, Index);
 }
 
-void Zendova::FillLoadMenu()
+void Zendova::FillRecentMenu(const RecentList &list, QMenu *menu)
 {
-    QMenu *menu = LoadSaveTB->button("Load")->menu();
     menu->clear();
     // The counter can run ahead of the rows in use; the rows behind them show as blank items.
-    for (int index = 1; index <= TextFiles.counter(); ++index) {
-        const QString name = RecentItem(TextList, index)->text().mid(CaptionStart);
+    for (int index = 1; index <= (this->*list.Table).counter(); ++index) {
+        const QString name = RecentItem(list, index)->text().mid(CaptionStart);
         connect(menu->addAction(name), &QAction::triggered, this,
-                [this, index] { FileMRU_Click(index); });
+                [this, &list, index] { LoadRecent(list, index); });
     }
+}
+
+void Zendova::FillLoadMenu()
+{
+    FillRecentMenu(TextList, LoadSaveTB->button("Load")->menu());
+}
+
+void Zendova::FillMapMenu(QMenu *menu)
+{
+    FillRecentMenu(MapList, menu);
 }

@@ -1,6 +1,7 @@
 // Making and finding the controls of the rows.
 #include "platform/controls/ControlTable.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -41,6 +42,13 @@ QLabel *ControlTable::MakeLabel(const char *name, const QString &text, Qt::Align
     auto *label = Make<QLabel>(name, text);
     label->setAlignment(alignment | Qt::AlignVCenter);
     return label;
+}
+
+QAction *ControlTable::MakeCommand(QWidget *panel, const char *name)
+{
+    auto *command = new QAction(panel);
+    command->setObjectName(name);
+    return command;
 }
 
 NumberSlider *ControlTable::MakeNumberSlider(const NumberSliderNames &names, int least, int most,

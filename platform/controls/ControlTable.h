@@ -11,6 +11,7 @@
 #include <span>
 #include <utility>
 
+class QAction;
 class QLabel;
 
 struct ControlRow
@@ -43,6 +44,9 @@ public:
     /// Takes a control made elsewhere for that of a row: name, tag, what is told of it, place.
     void Adopt(QWidget *control, const char *name);
     QLabel *MakeLabel(const char *name, const QString &text, Qt::Alignment alignment);
+
+    /// A command of a panel, for a menu to show under this name.
+    static QAction *MakeCommand(QWidget *panel, const char *name);
 
     /// The three rows of a number with its slider, and the slider's tooltip, which always shows.
     struct NumberSliderNames

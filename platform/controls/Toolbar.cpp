@@ -54,10 +54,10 @@ void Toolbar::addSeparator()
     Row->insertWidget(Row->count() - 1, line);
 }
 
-void Toolbar::addPlaceholder(QWidget *container)
+void Toolbar::addPlaceholder(QWidget *container, int stretch)
 {
     container->setParent(this);
-    Row->insertWidget(0, container);
+    Row->insertWidget(0, container, stretch);
 }
 
 QToolButton *Toolbar::button(const QString &key) const

@@ -29,15 +29,16 @@ public:
     /// A button without a command is there and stays disabled.
     QToolButton *addButton(const ButtonLook &look, bool hasCommand);
     void addSeparator();
-    /// Puts a container in front of the buttons; it keeps its own size.
-    void addPlaceholder(QWidget *container);
+    /// Puts a container in front of the buttons. It keeps its own size, unless it has a stretch
+    /// above 0: then it takes the room that is left.
+    void addPlaceholder(QWidget *container, int stretch = 0);
 
     /// The button under a key; there must be one.
     QToolButton *button(const QString &key) const;
     /// Sets a button's Enabled, unless it has no command.
     void enableButton(const QString &key, bool on);
 
-    const QString tag(const QString &key) const { return Buttons.value(key).Tag; }
+    QString tag(const QString &key) const { return Buttons.value(key).Tag; }
 
     void showPictures();
     /// Every button's tag as its tooltip, or none.

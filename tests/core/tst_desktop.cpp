@@ -1,5 +1,6 @@
 // What the desktop does to the running window: assistive tools that ask what is there, the colours
 // changed while it runs, a request to close and a change of the display while a dialog is open.
+#include "platform/controls/ElidedLabel.h"
 #include "tests/support/MainWindow.h"
 
 #include "core/Message.h"

@@ -82,6 +82,7 @@ private:
 void TestCustomMap::start(double dotsPerInch)
 {
     editor.reset();
+    desktop.reset();
     desktop = std::make_unique<Desktop>(QSize(1280, 1024), dotsPerInch);
     RegMakeKey(HKEY_CURRENT_USER, SettingsPath(u"CFMEditor"));
     ProductName = "Zendova";
@@ -103,9 +104,11 @@ void TestCustomMap::open(const QStringList &texts)
         writeFile(path("a.zcm"), fileOf(texts));
         QVERIFY(!editor->SetupEditCFMap(path("a.zcm"), "a.zcm", font, "Zt Latin", 10));
     }
+    bool shown = false;
+    desktop->Dialogs.dialog(editor->windowTitle(), [&](QDialog *) { shown = true; });
     editor->show();
     QApplication::setActiveWindow(editor.get());
-    QVERIFY(QTest::qWaitForWindowExposed(editor.get()));
+    QVERIFY(QTest::qWaitFor([&] { return shown; }));
 }
 
 void TestCustomMap::saveAs(const char *name)

@@ -7,6 +7,8 @@
 #include "textboard/TextBoard.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -72,6 +74,19 @@ void clickCell(Zendova *window, int cell, Qt::MouseButton button)
 {
     QTest::mouseClick(window->FMapContainer->CharButton, button, {},
                       window->FMapContainer->CharButton->pixels(cell).center());
+}
+
+void typeFileName(QDialog *dialog, const QString &path)
+{
+    auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
+    edit->setCompleter(nullptr); // whose list would take the key below
+    QApplication::setActiveWindow(dialog);
+    edit->setFocus(); // without it what is typed follows the list instead
+    edit->selectAll();
+    QTest::keyClicks(edit, path);
+    QTest::keyClick(edit, Qt::Key_Return);
+    if (dialog->isVisible())
+        dialog->reject();
 }
 
 void pullSplitBar(Zendova *window, int pixels)

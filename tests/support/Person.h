@@ -8,6 +8,7 @@
 #include "tests/support/TestFonts.h"
 
 class NumberSlider;
+class QDialog;
 
 /// Clicks the number, types over it and presses the key (Enter, Escape; 0 for none). False if the
 /// edit box did not open with all of its text selected, or did not close at the key.
@@ -28,6 +29,9 @@ constexpr int cellOf(int code)
 {
     return code - FirstCode;
 }
+
+/// Types the name into a file dialog and enters it; closes a dialog that does not take it.
+void typeFileName(QDialog *dialog, const QString &path);
 
 /// Takes the split bar, moves it down by so many pixels and lets it go.
 void pullSplitBar(Zendova *window, int pixels);

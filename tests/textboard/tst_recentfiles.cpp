@@ -89,11 +89,9 @@ private slots:
         QCOMPARE(fileMenu(), (QStringList{"&1 a.txt", "&2 R&&D x.zuf"}));
         QVERIFY(menuItem(window, "FileSep3")->isVisible());
         QCOMPARE(useDropDown(), (QStringList{"a.txt", "R&&D x.zuf", ""}));
-        // Maps can't be loaded yet; the list is kept, and shown as what it is.
         QCOMPARE(menuItem(window, "CFMRU1")->text(), QString("&1 map.zcm"));
         QVERIFY(menuItem(window, "CFMRU1")->isVisible() &&
                 menuItem(window, "FileSep2")->isVisible());
-        QVERIFY(!menuItem(window, "CFMRU1")->isEnabled());
         // A full list has no drop-down.
         startWith(QString("/1 /2 /3 /4 /5 /6 /7 /8 /9").split(' '));
         QCOMPARE(fileMenu().size(), 9);

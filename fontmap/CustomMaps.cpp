@@ -1,0 +1,89 @@
+// Loading and unloading custom maps, and the way to their editor: the commands, the drop-down of
+// CFMapLoad, and what is said of a file that is no map. What the file holds is CustomMapFile's
+// affair, how the cells show it the FontMap's.
+#include "core/Zendova.h"
+
+#include "core/CheckDFFFunctions.h"
+#include "core/GlobalDeclarations.h"
+#include "core/Message.h"
+#include "fontmap/CustomMapFile.h"
+#include "fontmap/FontMap.h"
+#include "platform/FileName.h"
+#include "platform/RegularFile.h"
+#include "platform/controls/CmnDlg.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr auto FileFilter = "Zendova Custom Map Files (*.ZCM)|*.zcm";
+
+void tell(const QString &text)
+{
+    ZndvMsg(text, "OK", ProductName + " Custom Map Load Error", false, 1);
+}
+
+/// The reason of the system, if it gives one.
+void tellUnloadable(const QString &path, const QString &reason)
+{
+    const QString why = reason.isEmpty() ? QStringLiteral("It has either become corrupt"
+                                                          "\ror has been manually edited.")
+                                         : reason + '.';
+    tell('\r' + path + "\rThis Zendova Custom Map is unloadable.\r\r" + why +
+         "\r\rZendova cannot load this Map.");
+}
+
+} // namespace
+
+void Zendova::FileCFMLoad_Click()
+{
+    AskLoadCustomMap();
+    UpdateMapCommands(1);
+}
+
+void Zendova::AskLoadCustomMap()
+{
+    const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Load a Custom Map",
+                                                .Filter = FileFilter,
+                                                .Flags = FileOffer::FileMustExist,
+                                                .InitDir = Folders.LMLoadPath});
+    if (chosen && CheckMapNotLoaded(chosen->FileName))
+        LoadCustomMap(chosen->FileName);
+}
+
+bool Zendova::CheckMapNotLoaded(const QString &Path)
+{
+    if (Path != CustomMap.LoadedMapPath)
+        return true;
+    tell("\r\r\r" + Path + "\r\rThis Custom Map is already loaded.");
+    return false;
+}
+
+void Zendova::LoadCustomMap(const QString &Path)
+{
+    const RegularFile::Reading file = RegularFile::read(Path, CustomMapFile::MostBytes);
+    const auto captions = CustomMapFile::read(file.Bytes);
+    if (!captions)
+        return tellUnloadable(Path, file.Reason);
+    FMapContainer->FillCustomMap(*captions);
+    AddMapToMRU(Path);
+    CustomMap.LoadedMapPath = Path;
+    CustomMap.LoadedMapName = SplitAtLastSeparator(Path).Name;
+    UpdateMapCommands(1);
+}
+
+void Zendova::FileCFMUnld_Click()
+{
+    CustomMap.LoadedMapPath.clear();
+    CustomMap.LoadedMapName.clear();
+    FMapContainer->FillDefaultMap();
+    UpdateMapCommands(1);
+}
+
+void Zendova::ShowLoadedMap()
+{
+    const QString &name = CustomMap.LoadedMapName;
+    constexpr qsizetype ending = 4; // with its dot
+    FMapContainer->ShowLoadedMap(!CustomMap.LoadedMapPath.isEmpty(),
+                                 FileName::shown(name.chopped(std::min(ending, name.size()))));
+}
