@@ -197,7 +197,7 @@ void CharList::keyboardSearch(const QString &search)
 void CharList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
-    if (!Changing)
+    if (!Changing && current.isValid())
         emit Click();
 }
 

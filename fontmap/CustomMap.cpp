@@ -47,6 +47,15 @@ int wholePoints(double points)
     return static_cast<int>(std::nearbyint(points));
 }
 
+/// Checks one of two options. The Tab key leads to that one, which the toolkit sees to only when
+/// one of them has had the focus.
+void choose(QRadioButton *(&options)[2], int index)
+{
+    options[index]->setChecked(true);
+    options[index]->setFocusPolicy(Qt::StrongFocus);
+    options[1 - index]->setFocusPolicy(Qt::ClickFocus);
+}
+
 void tellNotSaved(const QString &reason, const QString &path)
 {
     ZndvMsg("\rThe map could not be saved.\rIt is still in the editor.\r\r" + reason + '\r' + path,
@@ -90,7 +99,7 @@ void CustomMap::showMap(int fontIndex, const QString &fontName, double fontSize)
 {
     cmbFontName->SelectItem(fontIndex);
     EditorFont = fontName;
-    optFontSize[1]->setChecked(true);
+    choose(optFontSize, 1);
     for (int slot = 0; slot < CellCount; ++slot) {
         lblCFMap->setCaption(slot, Map.caption(slot));
         lblCFMap->setColors(slot, Black, White);
@@ -354,7 +363,7 @@ void CustomMap::readSettings()
 {
     updListColumns->setValue(storedNumber(u"ListCols", 10));
     lstFontChars->setColumns(updListColumns->value());
-    optShiftDir[storedNumber(u"ShiftDir", 0) == 1 ? 1 : 0]->setChecked(true);
+    choose(optShiftDir, storedNumber(u"ShiftDir", 0) == 1 ? 1 : 0);
 }
 
 void CustomMap::writeSettings()

@@ -6,15 +6,8 @@
 
 namespace {
 
-using Shift = MapEditing::Shift;
-
-/// A map with these texts in the first slots.
-MapEditing mapOf(const QStringList &texts)
-{
-    CustomMapFile::Captions captions;
-    std::ranges::copy(texts, captions.begin());
-    return MapEditing(captions);
-}
+constexpr auto Across = MapEditing::Shift::Horizontal;
+constexpr auto Down = MapEditing::Shift::Vertical;
 
 bool isInList(const MapEditing &map, int code)
 {
@@ -28,116 +21,74 @@ class TestMapEditing : public QObject
     Q_OBJECT
 
 private slots:
-    void highlightMoves_data();
-    void highlightMoves();
-    void fillsToTheBrim();
-    void thereAndBack();
-    void nothingIsLost();
-    void keystrokes();
+    void highlightMoves()
+    {
+        struct Row
+        {
+            int From;
+            int Right, Down; ///< also behind a move to the map
+            int Left, Up;    ///< also behind a move to the list
+        };
+        const Row rows[] = {{0, 1, 28, 223, 223}, {1, 2, 29, 0, 196},      {27, 28, 55, 26, 222},
+                            {28, 29, 56, 27, 0},  {196, 197, 1, 195, 168}, {222, 223, 27, 221, 194},
+                            {223, 0, 0, 222, 195}};
+        for (const Row &row : rows) {
+            MapEditing map;
+            const auto gone = [&](auto move) {
+                map.setMapIndex(row.From);
+                return move() ? map.MapIndex() : -1;
+            };
+            QCOMPARE(gone([&] { return map.listToMap('A', Across); }), row.Right);
+            QCOMPARE(gone([&] { return map.mapToList(Across) == 'A'; }), row.Left);
+            QCOMPARE(gone([&] { return map.listToMap('A', Down); }), row.Down);
+            QCOMPARE(gone([&] { return map.mapToList(Down) == 'A'; }), row.Up);
+            QCOMPARE(gone([&] { return map.moveByKey(Qt::Key_Up); }), row.Up);
+            QCOMPARE(gone([&] { return map.moveByKey(Qt::Key_Home); }), 0);
+            QCOMPARE(gone([&] { return map.moveByKey(Qt::Key_End); }), 223);
+            QCOMPARE(gone([&] { return map.moveByKey(Qt::Key_PageDown); }), -1);
+        }
+    }
+
+    void fillsToTheBrim()
+    {
+        for (const auto shift : {Across, Down}) {
+            MapEditing map;
+            for (int code = 32; code < 256; ++code)
+                QVERIFY(map.listToMap(code, shift));
+            QCOMPARE(map.CharsInList(), 0);
+            QCOMPARE(map.MapIndex(), 0); // full round
+            QCOMPARE(map.caption(shift == Down ? 28 : 1) + map.caption(223), QString("!ÿ"));
+            QVERIFY(!map.listToMap('A', shift));
+        }
+    }
+
+    void thereAndBack()
+    {
+        MapEditing map({"A", "", "\"", "Q9"});
+        QCOMPARE(map.CharsInList(), 221);
+        QVERIFY(!isInList(map, 'A') && !isInList(map, '"') && !isInList(map, 'Q'));
+        QVERIFY(isInList(map, '9') && !map.isDirty());
+        QCOMPARE(map.mapToList(Across), std::optional<int>('A'));
+        QVERIFY(isInList(map, 'A') && map.isDirty());
+        map.setMapIndex(0);
+        QVERIFY(map.listToMap('A', Across) && !map.isDirty());
+        map.setMapIndex(3);
+        QCOMPARE(map.mapToList(Across), std::optional<int>('Q'));
+        map.markSaved();
+        QVERIFY(isInList(map, 'Q') && !map.isDirty());
+    }
+
+    void nothingIsLost()
+    {
+        MapEditing map({"A"});
+        QVERIFY(!map.listToMap('B', Across)); // the slot is taken
+        map.setMapIndex(5);
+        QVERIFY(!map.listToMap('A', Across)); // it is in the map
+        QVERIFY(!map.mapToList(Across));      // the slot is empty
+        QCOMPARE(map.MapIndex(), 5);
+        QVERIFY(!map.isDirty() && isInList(map, 'B'));
+    }
 };
-
-void TestMapEditing::highlightMoves_data()
-{
-    QTest::addColumn<int>("from");
-    QTest::addColumn<QList<int>>("behindToMap"); // horizontally, vertically
-    QTest::addColumn<QList<int>>("behindToList");
-    QTest::addColumn<QList<int>>("keys"); // left, up, right, down
-    const auto row = [](int from, const QList<int> &toMap, const QList<int> &toList,
-                        const QList<int> &keys) {
-        QTest::addRow("%d", from) << from << toMap << toList << keys;
-    };
-    row(0, {1, 28}, {223, 223}, {223, 223, 1, 28});
-    row(1, {2, 29}, {0, 196}, {0, 196, 2, 29});
-    row(27, {28, 55}, {26, 222}, {26, 222, 28, 55});
-    row(28, {29, 56}, {27, 0}, {27, 0, 29, 56});
-    row(196, {197, 1}, {195, 168}, {195, 168, 197, 1});
-    row(222, {223, 27}, {221, 194}, {221, 194, 223, 27});
-    row(223, {0, 0}, {222, 195}, {222, 195, 0, 0});
-}
-
-void TestMapEditing::highlightMoves()
-{
-    QFETCH(int, from);
-    QFETCH(QList<int>, behindToMap);
-    QFETCH(QList<int>, behindToList);
-    QFETCH(QList<int>, keys);
-    for (const int direction : {0, 1}) {
-        MapEditing map;
-        map.setMapIndex(from);
-        QVERIFY(map.listToMap('A', Shift(direction)));
-        QCOMPARE(map.MapIndex(), behindToMap[direction]);
-        map.setMapIndex(from);
-        QCOMPARE(map.mapToList(Shift(direction)), std::optional<int>('A'));
-        QCOMPARE(map.MapIndex(), behindToList[direction]);
-    }
-    MapEditing map;
-    int key = Qt::Key_Left;
-    for (const int to : keys) {
-        map.setMapIndex(from);
-        QVERIFY(map.moveByKey(key++));
-        QCOMPARE(map.MapIndex(), to);
-    }
-    QVERIFY(!map.moveByKey(Qt::Key_PageDown) && !map.moveByKey(Qt::Key_A));
-    QVERIFY(map.moveByKey(Qt::Key_Home));
-    QCOMPARE(map.MapIndex(), 0);
-    QVERIFY(map.moveByKey(Qt::Key_End));
-    QCOMPARE(map.MapIndex(), 223);
-}
-
-void TestMapEditing::fillsToTheBrim()
-{
-    for (const Shift shift : {Shift::Horizontal, Shift::Vertical}) {
-        MapEditing map;
-        for (int code = 32; code < 256; ++code)
-            QVERIFY(map.listToMap(code, shift));
-        QVERIFY(map.list().empty());
-        QCOMPARE(map.CharsInList(), 0);
-        QCOMPARE(map.MapIndex(), 0); // full round
-        QCOMPARE(map.caption(shift == Shift::Vertical ? 28 : 1), QString("!"));
-        QCOMPARE(map.caption(223), QString("ÿ"));
-        QVERIFY(!map.listToMap('A', shift));
-    }
-}
-
-void TestMapEditing::thereAndBack()
-{
-    MapEditing map = mapOf({"A", "", "\"", "Q9"});
-    QCOMPARE(map.CharsInList(), 221);
-    for (const int code : {'A', '"', 'Q'})
-        QVERIFY(!isInList(map, code));
-    QVERIFY(isInList(map, '9') && !map.isDirty());
-    QCOMPARE(map.mapToList(Shift::Horizontal), std::optional<int>('A'));
-    QVERIFY(isInList(map, 'A') && map.isDirty());
-    map.setMapIndex(0);
-    QVERIFY(map.listToMap('A', Shift::Horizontal));
-    QVERIFY(!map.isDirty());
-    map.setMapIndex(3);
-    QCOMPARE(map.mapToList(Shift::Horizontal), std::optional<int>('Q'));
-    QVERIFY(map.isDirty());
-    map.markSaved();
-    QVERIFY(!map.isDirty());
-    QCOMPARE(map.CharsInList(), 222);
-}
-
-void TestMapEditing::nothingIsLost()
-{
-    MapEditing map = mapOf({"A"});
-    const auto before = map.captions();
-    QVERIFY(!map.listToMap('B', Shift::Horizontal)); // the slot is taken
-    map.setMapIndex(5);
-    QVERIFY(!map.listToMap('A', Shift::Horizontal)); // it is in the map
-    QVERIFY(!map.mapToList(Shift::Horizontal));      // the slot is empty
-    QCOMPARE(map.MapIndex(), 5);
-    QVERIFY(map.captions() == before && isInList(map, 'B'));
-}
-
-void TestMapEditing::keystrokes()
-{
-    const auto texts = KeyTexts();
-    const auto text = [&](std::size_t code) { return texts.at(code - 32); };
-    QCOMPARE(QStringList({text(32), text(126), text(127), text(128), text(129), text(255)}),
-             QStringList({"Space Bar", "~", "Ctrl+1", "Ctrl+2", "Alt+0129", "Alt+0255"}));
-}
 
 QTEST_APPLESS_MAIN(TestMapEditing)
 #include "tst_mapediting.moc"
