@@ -31,6 +31,26 @@ void press(QWidget *button)
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
+/// Names of the controls that reach out of their parent, lie on another, or cut their text off.
+QStringList misplaced(const QWidget *window)
+{
+    QStringList faults;
+    QList<QWidget *> controls = window->findChildren<QWidget *>(QRegularExpression("^[^q].+"));
+    controls.removeIf([](const QWidget *control) { return !control->isVisible(); });
+    for (const QWidget *control : controls) {
+        const QRect place = control->geometry();
+        const bool isText = control->inherits("QLabel") || control->inherits("QAbstractButton");
+        bool good = control->parentWidget()->rect().contains(place) &&
+                    (!isText || control->sizeHint().width() <= place.width());
+        for (const QWidget *other : controls)
+            good = good && (other == control || other->parent() != control->parent() ||
+                            !other->geometry().intersects(place));
+        if (!good)
+            faults += control->objectName();
+    }
+    return faults;
+}
+
 } // namespace
 
 class TestCustomMap : public QObject
@@ -44,328 +64,287 @@ private slots:
         QApplication::setFont(QFont());
         QVERIFY(desktop->Dialogs.allCame());
     }
-    void composes();
-    void edits();
-    void keepsWhatCantBeSaved();
-    void asksBeforeClosing();
-    void keysLeaveTheButtons();
-    void listByKeys();
-    void fontAndSizes();
-    void everythingHasItsPlace();
+
+    void composes()
+    {
+        open();
+        QCOMPARE(state(), QString("0 black, to map to map 224 0"));
+        QTest::keyClicks(editor->lstFontChars, "\"");
+        for (int n = 0; n < 3; ++n)
+            press(editor->cmdListToMap);
+        QCOMPARE(state(), QString("3 highlight, to map to map 221 3"));
+        QVERIFY(editor->cmdListToMap->hasFocus() && !editor->btnSaveCFMap->isEnabled());
+        editor->optShiftDir[1]->click();
+        clickSlot(195);
+        for (int n = 0; n < 2; ++n)
+            press(editor->cmdListToMap);
+        QCOMPARE(state(), QString("0 highlight, to list to list 219 5"));
+        QVERIFY(editor->cmdMapToList->hasFocus());
+        clickSlot(1);
+        press(editor->cmdMapToList);
+        QCOMPARE(state(), QString("196 black, to map to map 220 4"));
+        QCOMPARE(editor->lblTextZoom->Caption(0), QString("'")); // is selected yet
+
+        QStringList expected(CellCount);
+        for (const auto &[slot, text] : {std::pair(0, "\""), {2, "$"}, {195, "%"}, {223, "&"}})
+            expected[slot] = text;
+        saveAs("b.zcm");
+        QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
+        QCOMPARE(editor->windowTitle(), QString("Zendova Custom FontMap Editor :  b.zcm"));
+        QCOMPARE(editor->LMSavePath, desktop->Folder.path());
+        QVERIFY(!FileLock::exclusive(path("b.zcm")).isHeld());
+        press(editor->cmdListToMap);
+        press(editor->btnSaveCFMap);
+        expected[196] = "'";
+        QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
+        QTest::keyClick(editor.get(), Qt::Key_Escape);
+        QVERIFY(!editor->isVisible() && !MapEditSaved); // it is no loaded map
+    }
+
+    void edits()
+    {
+        open({"A", "", "\"", "Q9"});
+        QCOMPARE(state(), QString("0 black, to list to list 221 3"));
+        press(editor->cmdMapToList);
+        QVERIFY(editor->btnSaveCFMap->isEnabled() && editor->CFMapSave->isEnabled());
+        clickSlot(0);
+        QTest::keyClicks(editor->lstFontChars, "A");
+        press(editor->cmdListToMap);
+        QVERIFY(!editor->btnSaveCFMap->isEnabled() && !editor->CFMapSave->isEnabled());
+        press(editor->cmdListToMap); // B behind it
+        saveAs("b.zcm");
+        QCOMPARE(contentOf(path("b.zcm")), fileOf({"A", "B", "\"", "Q9"}));
+        QCOMPARE(contentOf(path("a.zcm")), fileOf({"A", "", "\"", "Q9"}));
+        editor->reject();
+        QVERIFY(!MapEditSaved);
+
+        open({"A"});
+        press(editor->cmdMapToList);
+        QTest::keySequence(editor.get(), QKeySequence("Ctrl+S"));
+        QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
+        QVERIFY(!FileLock::shared(path("a.zcm")).isHeld());
+        press(editor->btnCancel);
+        QVERIFY(MapEditSaved && FileLock::exclusive(path("a.zcm")).isHeld());
+
+        // What is no map, or is not there, is not edited.
+        writeFile(path("a.zcm"), fileOf({}).chopped(9));
+        QCOMPARE(editor->SetupEditCFMap(path("a.zcm"), {}, 1, {}, 10), QString());
+        QVERIFY(!editor->SetupEditCFMap(path("none.zcm"), {}, 1, {}, 10)->isEmpty());
+    }
+
+    void keepsWhatCantBeSaved()
+    {
+        open({"A"});
+        press(editor->cmdMapToList);
+        const auto fails = [&](const QString &what) {
+            desktop->Dialogs.message(NotSaved, "Ok", what);
+            press(editor->btnSaveCFMap);
+            QCOMPARE(contentOf(path("a.zcm")), fileOf({"A"}));
+            QVERIFY(editor->btnSaveCFMap->isEnabled());
+            QVERIFY(!FileLock::exclusive(path("a.zcm")).isHeld());
+        };
+        {
+            const FileLock other = FileLock::shared(path("a.zcm"));
+            fails("another copy of Zendova");
+        }
+        {
+            const FullDisk disk;
+            fails(path("a.zcm"));
+        }
+        press(editor->btnSaveCFMap);
+        QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
+    }
+
+    void asksBeforeClosing()
+    {
+        open();
+        editor->updListColumns->stepUp();
+        editor->optShiftDir[1]->click();
+        press(editor->cmdListToMap);
+        desktop->Dialogs.message(Pending, "No");
+        QVERIFY(!editor->close());
+        QVERIFY(editor->isVisible());
+        QCOMPARE(desktop->setting("CFMEditor", "ShiftDir"), QString("1"));
+        desktop->Dialogs.message(Pending, "Yes");
+        editor->MapExit->trigger();
+        QVERIFY(!editor->isVisible());
+        open();
+        QVERIFY(editor->optShiftDir[1]->isChecked());
+        QCOMPARE(editor->lstFontChars->Columns(), 11);
+    }
+
+    void keysLeaveTheButtons()
+    {
+        open({"A"});
+        clickSlot(0);
+        QVERIFY(editor->imgCMMFMapHolder->hasFocus());
+        QTest::keyClick(editor->lblCFMap, Qt::Key_Up);
+        editor->cmdMapToList_Click(); // nothing is there
+        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        // The keys of the menu go by the slot of now.
+        QTest::keySequence(editor->lblCFMap, QKeySequence("Ctrl+Down"));
+        QCOMPARE(state(), QString("0 highlight, to list to list 222 2"));
+        QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Down")); // A stays
+        QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Up"));
+        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        clickSlot(5);
+        QTest::keyClick(editor->lblCFMap, Qt::Key_End);
+        editor->lstFontChars->setFocus();
+        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        QTest::keyClick(editor->lstFontChars, Qt::Key_Down);
+        QCOMPARE(state(), QString("223 highlight, to list to list 223 1"));
+    }
+
+    void listByKeys()
+    {
+        open();
+        CharList &list = *editor->lstFontChars;
+        const auto shown = [&] {
+            return editor->lblTextZoom->Caption(0) + ' ' + editor->lblKeyStroke->text();
+        };
+        const auto pressed = [&](Qt::Key key) {
+            QTest::keyClick(&list, key);
+            return shown();
+        };
+        QVERIFY(list.hasFocus());
+        QCOMPARE(pressed(Qt::Key_End), QString("ÿ Alt+0255"));
+        QVERIFY(list.viewport()->rect().contains(list.visualRect(list.currentIndex())));
+        QCOMPARE(pressed(Qt::Key_A), QString("a a")); // not "A", which stands before it
+        QCOMPARE(pressed(Qt::Key_Down), QString("b b"));
+        const QRect before = list.visualRect(list.currentIndex());
+        pressed(Qt::Key_Right);
+        QCOMPARE(list.visualRect(list.currentIndex()), before.translated(before.width(), 0));
+        QCOMPARE(before.width(), list.viewport()->width() / 10);
+        QTest::mouseMove(editor->lblCFMap, editor->lblCFMap->pixels(9).center());
+        QCOMPARE(shown(), QString(" "));
+    }
+
+    void fontAndSizes()
+    {
+        open();
+        const auto sizes = [this] {
+            return QString("%1 %2 %3")
+                .arg(editor->lstFontChars->charFont().pointSizeF())
+                .arg(editor->lblCFMap->cellFont().pointSizeF())
+                .arg(editor->sldFontSize->number()->text());
+        };
+        QCOMPARE(sizes(), QString("10.5 10 10"));
+        editor->optFontSize[0]->click();
+        QVERIFY(fillNumberBox(editor->sldFontSize, "24"));
+        QVERIFY(editor->lstFontChars->hasFocus());
+        editor->optFontSize[1]->click();
+        QCOMPARE(sizes(), QString("24 10 10"));
+        QVERIFY(fillNumberBox(editor->sldFontSize, "many"));
+        QCOMPARE(sizes(), QString("24 8 8"));
+
+        QTest::keyClick(editor->cmbFontName, Qt::Key_Z);
+        while (editor->cmbFontName->Text() != "Zt Gaps")
+            QTest::keyClick(editor->cmbFontName, Qt::Key_Down);
+        const auto picture = [&list = *editor->lstFontChars](int code) {
+            const QModelIndex index = list.model()->index(code - 32, 0);
+            list.setListIndex(index.row() + 1); // which leaves it unselected
+            list.scrollTo(index);
+            return list.viewport()->grab(list.visualRect(index)).toImage();
+        };
+        const QPoint origin = originOfFullRow(picture(FullRowCode));
+        QCOMPARE(readGlyph(picture(0xAD), origin), (GlyphPicture{0xAD, 2}));
+        QVERIFY(readGlyph(picture('B'), origin).missing);
+    }
+
+    void everythingHasItsPlace()
+    {
+        // As high and wide as a text font of 8.25 points.
+        QFont font("sans-serif");
+        font.setPixelSize(11);
+        font.setLetterSpacing(QFont::PercentageSpacing, 50);
+        QApplication::setFont(font);
+        for (const double dotsPerInch : {96.0, 120.0}) {
+            start(dotsPerInch);
+            open({"A"});
+            // The box of the columns stands on the frame of the list.
+            QCOMPARE(misplaced(editor.get()), QStringList({"lstFontChars", "updListColumns"}));
+            QStringList visited;
+            do {
+                QWidget *focus = QApplication::focusWidget();
+                visited += focus->objectName();
+                QVERIFY(!speaker(focus)->text(QAccessible::Name).isEmpty());
+                QTest::keyClick(focus, Qt::Key_Tab);
+            } while (!editor->lstFontChars->hasFocus() && visited.size() < 20);
+            QCOMPARE(visited.join(' '), QString("lstFontChars cmbFontName sldFontSize optFontSize1 "
+                                                "optShiftDir0 cmdMapToList btnSaveAsCFMap "
+                                                "btnCancel updListColumns lblCFMap"));
+        }
+        QCOMPARE(editor->lblCFMap->reading(0), QString("65, A, A"));
+        QCOMPARE(editor->lblCFMap->reading(1), QString("Empty"));
+        QCOMPARE(speaker(editor->lstFontChars)->child(95)->text(QAccessible::Name),
+                 QString("128, €, Ctrl+2"));
+    }
 
 private:
-    void start(double dotsPerInch);
+    static QAccessibleInterface *speaker(QWidget *control)
+    {
+        return QAccessible::queryAccessibleInterface(control);
+    }
+    void start(double dotsPerInch)
+    {
+        editor.reset();
+        desktop.reset();
+        desktop = std::make_unique<Desktop>(QSize(1280, 1024), dotsPerInch);
+        RegMakeKey(HKEY_CURRENT_USER, SettingsPath(u"CFMEditor"));
+        ProductName = "Zendova";
+        MapEditSaved = false;
+        FontCount = 0;
+        LoadFontList(fonts);
+    }
     /// The editor on a file with these texts, or on an empty map.
-    void open(const QStringList &texts = {});
+    void open(const QStringList &texts = {})
+    {
+        editor = std::make_unique<CustomMap>(fonts, nullptr);
+        int font = 1;
+        while (editor->cmbFontName->ItemText(font) != "Zt Latin")
+            ++font;
+        writeFile(path("a.zcm"), fileOf(texts));
+        if (texts.isEmpty())
+            editor->SetupNewCFMap(font, "Zt Latin", 10.5);
+        else
+            QVERIFY(!editor->SetupEditCFMap(path("a.zcm"), "a.zcm", font, "Zt Latin", 10));
+        bool shown = false;
+        desktop->Dialogs.dialog(editor->windowTitle(), [&](QDialog *) { shown = true; });
+        editor->show();
+        QApplication::setActiveWindow(editor.get());
+        QVERIFY(QTest::qWaitFor([&] { return shown; }));
+    }
     QString path(const char *name) const { return desktop->Folder.filePath(name); }
-    void saveAs(const char *name);
+    void saveAs(const char *name)
+    {
+        desktop->Dialogs.dialog("Save Custom Map As", [whole = path(name)](QDialog *dialog) {
+            typeFileName(dialog, whole);
+        });
+        press(editor->btnSaveAsCFMap);
+    }
     void clickSlot(int slot) const
     {
         QTest::mouseClick(editor->lblCFMap, Qt::LeftButton, {},
                           editor->lblCFMap->pixels(slot).center());
     }
     /// The highlighted slots, what is behind them, the moves on offer by buttons and menu, counts.
-    QString state() const;
+    QString state() const
+    {
+        QString shown;
+        for (int slot = 0; slot < CellCount; ++slot)
+            if (const ColorValue back = editor->lblCFMap->BackColor(slot); back != 0xFFFFFF)
+                shown += QString("%1 %2, ").arg(slot).arg(back == 0 ? "black" : "highlight");
+        for (const bool on : {editor->cmdListToMap->isEnabled(), editor->MoveLtoM->isEnabled()})
+            shown += on ? "to map " : "";
+        for (const bool on : {editor->cmdMapToList->isEnabled(), editor->MoveMtoL->isEnabled()})
+            shown += on ? "to list " : "";
+        return shown + editor->lblCharsInList->text() + ' ' + editor->lblCharsInMap->text();
+    }
 
     std::unique_ptr<Desktop> desktop;
     std::unique_ptr<CustomMap> editor;
     FontList fonts;
 };
-
-void TestCustomMap::start(double dotsPerInch)
-{
-    editor.reset();
-    desktop.reset();
-    desktop = std::make_unique<Desktop>(QSize(1280, 1024), dotsPerInch);
-    RegMakeKey(HKEY_CURRENT_USER, SettingsPath(u"CFMEditor"));
-    ProductName = "Zendova";
-    MapEditSaved = false;
-    FontCount = 0;
-    LoadFontList(fonts);
-}
-
-void TestCustomMap::open(const QStringList &texts)
-{
-    editor = std::make_unique<CustomMap>(fonts, nullptr);
-    int font = 1;
-    while (editor->cmbFontName->ItemText(font) != "Zt Latin")
-        ++font;
-    writeFile(path("a.zcm"), fileOf(texts));
-    if (texts.isEmpty())
-        editor->SetupNewCFMap(font, "Zt Latin", 10.5);
-    else
-        QVERIFY(!editor->SetupEditCFMap(path("a.zcm"), "a.zcm", font, "Zt Latin", 10));
-    bool shown = false;
-    desktop->Dialogs.dialog(editor->windowTitle(), [&](QDialog *) { shown = true; });
-    editor->show();
-    QApplication::setActiveWindow(editor.get());
-    QVERIFY(QTest::qWaitFor([&] { return shown; }));
-}
-
-void TestCustomMap::saveAs(const char *name)
-{
-    desktop->Dialogs.dialog("Save Custom Map As",
-                            [whole = path(name)](QDialog *dialog) { typeFileName(dialog, whole); });
-    press(editor->btnSaveAsCFMap);
-}
-
-QString TestCustomMap::state() const
-{
-    QString shown;
-    for (int slot = 0; slot < CellCount; ++slot)
-        if (const ColorValue back = editor->lblCFMap->BackColor(slot); back != 0xFFFFFF)
-            shown += QString("%1 %2, ").arg(slot).arg(back == 0 ? "black" : "highlight");
-    for (const bool on : {editor->cmdListToMap->isEnabled(), editor->MoveLtoM->isEnabled()})
-        shown += on ? "to map " : "";
-    for (const bool on : {editor->cmdMapToList->isEnabled(), editor->MoveMtoL->isEnabled()})
-        shown += on ? "to list " : "";
-    return shown + editor->lblCharsInList->text() + ' ' + editor->lblCharsInMap->text();
-}
-
-void TestCustomMap::composes()
-{
-    open();
-    QCOMPARE(state(), QString("0 black, to map to map 224 0"));
-    QTest::keyClicks(editor->lstFontChars, "\"");
-    for (int n = 0; n < 3; ++n)
-        press(editor->cmdListToMap);
-    QCOMPARE(state(), QString("3 highlight, to map to map 221 3"));
-    QVERIFY(editor->cmdListToMap->hasFocus() && !editor->btnSaveCFMap->isEnabled());
-    QCOMPARE(editor->lblTextZoom->Caption(0), QString("%"));
-    editor->optShiftDir[1]->click();
-    clickSlot(195);
-    for (int n = 0; n < 2; ++n)
-        press(editor->cmdListToMap);
-    QCOMPARE(state(), QString("0 highlight, to list to list 219 5"));
-    QVERIFY(editor->cmdMapToList->hasFocus());
-    clickSlot(1);
-    press(editor->cmdMapToList);
-    QCOMPARE(state(), QString("196 black, to map to map 220 4"));
-    QCOMPARE(editor->lstFontChars->code(editor->lstFontChars->ListIndex()), '\'');
-
-    QStringList expected(CellCount);
-    expected[0] = "\"";
-    expected[2] = "$";
-    expected[195] = "%";
-    expected[223] = "&";
-    saveAs("b.zcm");
-    QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
-    QCOMPARE(editor->windowTitle(), QString("Zendova Custom FontMap Editor :  b.zcm"));
-    QCOMPARE(editor->LMSavePath, desktop->Folder.path());
-    QVERIFY(!FileLock::exclusive(path("b.zcm")).isHeld());
-    press(editor->cmdListToMap);
-    press(editor->btnSaveCFMap);
-    expected[196] = "'";
-    QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
-    QTest::keyClick(editor.get(), Qt::Key_Escape);
-    QVERIFY(!editor->isVisible() && !MapEditSaved); // it is no loaded map
-}
-
-void TestCustomMap::edits()
-{
-    open({"A", "", "\"", "Q9"});
-    QCOMPARE(editor->windowTitle(), QString("Zendova Custom FontMap Editor :  a.zcm"));
-    QCOMPARE(state(), QString("0 black, to list to list 221 3"));
-    press(editor->cmdMapToList);
-    QVERIFY(editor->btnSaveCFMap->isEnabled() && editor->CFMapSave->isEnabled());
-    clickSlot(0);
-    QTest::keyClicks(editor->lstFontChars, "A");
-    press(editor->cmdListToMap);
-    QVERIFY(!editor->btnSaveCFMap->isEnabled() && !editor->CFMapSave->isEnabled());
-    press(editor->cmdListToMap); // B behind it
-    saveAs("b.zcm");
-    QCOMPARE(contentOf(path("b.zcm")), fileOf({"A", "B", "\"", "Q9"}));
-    QCOMPARE(contentOf(path("a.zcm")), fileOf({"A", "", "\"", "Q9"}));
-    editor->reject();
-    QVERIFY(!MapEditSaved);
-
-    open({"A"});
-    press(editor->cmdMapToList);
-    QTest::keySequence(editor.get(), QKeySequence("Ctrl+S"));
-    QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
-    QVERIFY(!FileLock::shared(path("a.zcm")).isHeld());
-    press(editor->btnCancel);
-    QVERIFY(MapEditSaved && FileLock::exclusive(path("a.zcm")).isHeld());
-
-    // What is no map, or is not there, is not edited.
-    writeFile(path("a.zcm"), fileOf({}).chopped(9));
-    QCOMPARE(editor->SetupEditCFMap(path("a.zcm"), {}, 1, {}, 10), QString());
-    QVERIFY(FileLock::exclusive(path("a.zcm")).isHeld());
-    QVERIFY(!editor->SetupEditCFMap(path("none.zcm"), {}, 1, {}, 10)->isEmpty());
-}
-
-void TestCustomMap::keepsWhatCantBeSaved()
-{
-    open({"A"});
-    press(editor->cmdMapToList);
-    const auto fails = [&](const QString &what) {
-        desktop->Dialogs.message(NotSaved, "Ok", what);
-        press(editor->btnSaveCFMap);
-        QCOMPARE(contentOf(path("a.zcm")), fileOf({"A"}));
-        QVERIFY(editor->btnSaveCFMap->isEnabled());
-        QVERIFY(!FileLock::exclusive(path("a.zcm")).isHeld());
-    };
-    {
-        const FileLock other = FileLock::shared(path("a.zcm"));
-        fails("another copy of Zendova");
-    }
-    {
-        const FullDisk disk;
-        fails(path("a.zcm"));
-    }
-    press(editor->btnSaveCFMap);
-    QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
-}
-
-void TestCustomMap::asksBeforeClosing()
-{
-    open();
-    QCOMPARE(editor->lstFontChars->Columns(), 10);
-    editor->updListColumns->stepUp();
-    editor->optShiftDir[1]->click();
-    press(editor->cmdListToMap);
-    desktop->Dialogs.message(Pending, "No");
-    QVERIFY(!editor->close());
-    QVERIFY(editor->isVisible());
-    QCOMPARE(desktop->setting("CFMEditor", "ShiftDir"), QString("1"));
-    desktop->Dialogs.message(Pending, "Yes");
-    editor->MapExit->trigger();
-    QVERIFY(!editor->isVisible());
-    open();
-    QVERIFY(editor->optShiftDir[1]->isChecked());
-    QCOMPARE(editor->lstFontChars->Columns(), 11);
-}
-
-void TestCustomMap::keysLeaveTheButtons()
-{
-    open({"A"});
-    clickSlot(0);
-    QVERIFY(editor->imgCMMFMapHolder->hasFocus());
-    QTest::keyClick(editor->lblCFMap, Qt::Key_Up);
-    editor->cmdMapToList_Click(); // nothing is there
-    QCOMPARE(state(), QString("223 black, to list to list 223 1"));
-    // The keys of the menu go by the slot of now.
-    QTest::keySequence(editor->lblCFMap, QKeySequence("Ctrl+Down"));
-    QCOMPARE(state(), QString("0 highlight, to list to list 222 2"));
-    QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Down")); // A stays
-    QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Up"));
-    QCOMPARE(state(), QString("223 black, to list to list 223 1"));
-    clickSlot(5);
-    QTest::keyClick(editor->lblCFMap, Qt::Key_End);
-    editor->lstFontChars->setFocus();
-    QCOMPARE(state(), QString("223 black, to list to list 223 1"));
-    QTest::keyClick(editor->lstFontChars, Qt::Key_Down);
-    QCOMPARE(state(), QString("223 highlight, to list to list 223 1"));
-}
-
-void TestCustomMap::listByKeys()
-{
-    open();
-    CharList &list = *editor->lstFontChars;
-    const auto pressed = [&](Qt::Key key) {
-        QTest::keyClick(&list, key);
-        return editor->lblTextZoom->Caption(0) + ' ' + editor->lblKeyStroke->text();
-    };
-    QVERIFY(list.hasFocus());
-    QCOMPARE(pressed(Qt::Key_End), QString("ÿ Alt+0255"));
-    QVERIFY(list.viewport()->rect().contains(list.visualRect(list.currentIndex())));
-    QCOMPARE(pressed(Qt::Key_A), QString("a a")); // not "A", which stands before it
-    QCOMPARE(pressed(Qt::Key_Down), QString("b b"));
-    const QRect before = list.visualRect(list.currentIndex());
-    pressed(Qt::Key_Right);
-    QCOMPARE(list.visualRect(list.currentIndex()), before.translated(before.width(), 0));
-    QCOMPARE(before.width(), list.viewport()->width() / 10);
-    QTest::mouseMove(editor->lblCFMap, editor->lblCFMap->pixels(9).center());
-    QCOMPARE(editor->lblTextZoom->Caption(0) + editor->lblKeyStroke->text(), QString());
-}
-
-void TestCustomMap::fontAndSizes()
-{
-    open();
-    const auto sizes = [this] {
-        return QString("%1 %2 %3")
-            .arg(editor->lstFontChars->charFont().pointSizeF())
-            .arg(editor->lblCFMap->cellFont().pointSizeF())
-            .arg(editor->sldFontSize->number()->text());
-    };
-    QCOMPARE(sizes(), QString("10.5 10 10"));
-    editor->optFontSize[0]->click();
-    QVERIFY(fillNumberBox(editor->sldFontSize, "24"));
-    QCOMPARE(sizes(), QString("24 10 24"));
-    QVERIFY(editor->lstFontChars->hasFocus());
-    editor->optFontSize[1]->click();
-    QCOMPARE(sizes(), QString("24 10 10"));
-    QVERIFY(fillNumberBox(editor->sldFontSize, "many"));
-    QCOMPARE(sizes(), QString("24 8 8"));
-
-    // The list shows the glyphs of the font that the keys choose, and none of another.
-    QTest::keyClick(editor->cmbFontName, Qt::Key_Z);
-    while (editor->cmbFontName->Text() != "Zt Gaps")
-        QTest::keyClick(editor->cmbFontName, Qt::Key_Down);
-    const auto picture = [&list = *editor->lstFontChars](int code) {
-        const QModelIndex index = list.model()->index(code - 32, 0);
-        list.setListIndex(index.row() + 1); // which leaves it unselected
-        list.scrollTo(index);
-        return list.viewport()->grab(list.visualRect(index)).toImage();
-    };
-    const QPoint origin = originOfFullRow(picture(FullRowCode));
-    QCOMPARE(readGlyph(picture('A'), origin), (GlyphPicture{'A', 2}));
-    QCOMPARE(readGlyph(picture(0xAD), origin), (GlyphPicture{0xAD, 2}));
-    QVERIFY(readGlyph(picture('B'), origin).missing);
-}
-
-void TestCustomMap::everythingHasItsPlace()
-{
-    // As high and wide as a text font of 8.25 points.
-    QFont font("sans-serif");
-    font.setPixelSize(11);
-    font.setLetterSpacing(QFont::PercentageSpacing, 50);
-    QApplication::setFont(font);
-    for (const double dotsPerInch : {96.0, 120.0}) {
-        start(dotsPerInch);
-        open({"A"});
-        QStringList faults;
-        QStringList names;
-        for (QWidget *control : editor->findChildren<QWidget *>()) {
-            const QString name = control->objectName();
-            if (name.isEmpty() || name.startsWith("qt_") || !control->isVisible())
-                continue;
-            const QRect place = control->geometry();
-            if (!control->parentWidget()->rect().contains(place))
-                faults += name + " reaches out";
-            for (const QObject *child : control->parent()->children()) {
-                const auto *other = qobject_cast<const QWidget *>(child);
-                // The box of the columns stands on the frame of the list.
-                const QSet<QString> pair{name, child->objectName()};
-                if (other && other != control && other->isVisible() &&
-                    pair != QSet<QString>{"updListColumns", "lstFontChars"} &&
-                    place.intersects(other->geometry()))
-                    faults += name + " is over " + other->objectName();
-            }
-            const bool isText = control->inherits("QLabel") || control->inherits("QAbstractButton");
-            if (isText && control->sizeHint().width() > place.width())
-                faults += name + " is cut";
-            if (control->focusPolicy() & Qt::TabFocus)
-                names += QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
-        }
-        QCOMPARE(faults.join(", "), QString());
-        names.removeAll({});
-        QCOMPARE(names.removeDuplicates(), 0);
-        QCOMPARE(names.size(), 12);
-        QStringList visited;
-        do {
-            visited += QApplication::focusWidget()->objectName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        } while (!editor->lstFontChars->hasFocus() && visited.size() < 20);
-        QCOMPARE(visited.join(' '), QString("lstFontChars cmbFontName sldFontSize optFontSize1 "
-                                            "optShiftDir0 cmdMapToList btnSaveAsCFMap btnCancel "
-                                            "updListColumns lblCFMap"));
-    }
-    QCOMPARE(editor->lblCFMap->reading(0), QString("65, A, A"));
-    QCOMPARE(editor->lblCFMap->reading(1), QString("Empty"));
-    const QModelIndex last = editor->lstFontChars->model()->index(222, 0);
-    QCOMPARE(last.data(Qt::AccessibleTextRole).toString(), QString("255, ÿ, Alt+0255"));
-}
 
 ZENDOVA_WINDOW_TEST(TestCustomMap)
 

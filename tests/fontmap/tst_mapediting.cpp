@@ -49,19 +49,6 @@ private slots:
         }
     }
 
-    void fillsToTheBrim()
-    {
-        for (const auto shift : {Across, Down}) {
-            MapEditing map;
-            for (int code = 32; code < 256; ++code)
-                QVERIFY(map.listToMap(code, shift));
-            QCOMPARE(map.CharsInList(), 0);
-            QCOMPARE(map.MapIndex(), 0); // full round
-            QCOMPARE(map.caption(shift == Down ? 28 : 1) + map.caption(223), QString("!ÿ"));
-            QVERIFY(!map.listToMap('A', shift));
-        }
-    }
-
     void thereAndBack()
     {
         MapEditing map({"A", "", "\"", "Q9"});
