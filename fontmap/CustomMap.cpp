@@ -8,7 +8,6 @@
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "fontmap/CharList.h"
-#include "platform/CodePage.h"
 #include "platform/FileName.h"
 #include "platform/FontCatalog.h"
 #include "platform/RegularFile.h"
@@ -258,23 +257,21 @@ void CustomMap::followSlot()
 void CustomMap::showCharacter(const QString &caption)
 {
     lblTextZoom->setCaption(0, caption);
-    const auto code =
-        caption.isEmpty() ? std::nullopt : CodePage::toCode(caption.front().unicode());
-    lblKeyStroke->setText(code ? KeyTexts.at(*code - FirstCode) : QString());
+    lblKeyStroke->setText(keyText(caption));
 }
 
-QString CustomMap::spokenCode(int code) const
+QString CustomMap::keyText(const QString &caption) const
 {
-    return SpokenCell({QString::number(code), CharacterOf(code),
-                       KeyTexts.at(static_cast<std::size_t>(code - FirstCode))});
+    if (caption.isEmpty())
+        return {};
+    return KeyTexts.at(static_cast<std::size_t>(MapEditing::codeOf(caption) - FirstCode));
 }
 
-QString CustomMap::spokenSlot(int slot) const
+QString CustomMap::spoken(const QString &caption) const
 {
-    const QString &caption = Map.caption(slot);
     if (caption.isEmpty())
         return SpokenCell({});
-    return spokenCode(CodePage::toCode(caption.front().unicode()).value());
+    return SpokenCell({QString::number(MapEditing::codeOf(caption)), caption, keyText(caption)});
 }
 
 // Saving
@@ -288,8 +285,8 @@ void CustomMap::showSaveState()
     CFMapSave->setEnabled(save);
 }
 
-/// False, and the user is told, where the file is not written. No lock is held afterwards, but then
-/// the one on the map's own file.
+/// True with no lock held, for the caller to take the next one. False where the file was not
+/// written: the user is told, and the map's own file is locked as for reading.
 bool CustomMap::WriteMapFile(const QString &path)
 {
     Lock.release(); // which may be on this very file

@@ -75,7 +75,6 @@ public:
     void reject() override;
 
 protected:
-    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
@@ -99,8 +98,8 @@ private:
     void highlight(int from, ColorValue back);
     void followSlot();
     void showSaveState();
-    QString spokenCode(int code) const;
-    QString spokenSlot(int slot) const;
+    QString keyText(const QString &caption) const;
+    QString spoken(const QString &caption) const;
     MapEditing::Shift shift() const;
     bool WriteMapFile(const QString &path);
     bool mayClose();

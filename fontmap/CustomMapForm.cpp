@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSlider>
 #include <QSpinBox>
 #include <QStyleOptionFrame>
@@ -38,7 +39,7 @@ constexpr ControlRow Rows[] = {
     {"lblFontSizeNumber", "Client", {8295, 135, 300, 240}, "Font Size (Click to Change)"},
     {"tbxFontSizeNumber", "Client", {8280, 105, 330, 300}, "Enter font size"},
     {"sldFontSize", "Client", {8655, 120, 2850, 270}, "Set Font Size"},
-    {"KSContainer", "Client", {105, 465, 2010, 300}},
+    {"KSContainer", "Client", {105, 465, 2010, 300}, "", "Keystroke View"},
     {"KSLabel", "KSContainer", {75, 30, 915, 240}},
     {"lblKeyStroke", "KSContainer", {1020, 30, 930, 240}, "Keystroke View Area"},
     {"ZSzContainer", "Client", {105, 765, 2040, 2475}, "", "Zoom View"},
@@ -53,7 +54,7 @@ constexpr ControlRow Rows[] = {
     {"ColumnsLabel", "Client", {6600, 825, 1770, 225}},
     {"lstFontChars", "Client", {2175, 1065, 6945, 2175}, "", "Characters of the list"},
     {"updListColumns", "Client", {8445, 855, 660, 240}, "Adjust List Column Width"},
-    {"ShiftContainer", "Client", {9180, 465, 2325, 1230}},
+    {"ShiftContainer", "Client", {9180, 465, 2325, 1230}, "", "Map highlight movement"},
     {"ShiftLabel", "ShiftContainer", {90, 90, 2205, 240}},
     {"optShiftDir0",
      "ShiftContainer",
@@ -146,7 +147,7 @@ void CustomMap::createControls()
     lblCharsInMap = Form.MakeLabel("lblCharsInMap", {}, Qt::AlignLeft);
     QLabel *columns = Form.MakeLabel("ColumnsLabel", "List Columns:", Qt::AlignRight);
     lstFontChars = Form.Make<CharList>("lstFontChars");
-    lstFontChars->setReading([this](int code) { return spokenCode(code); });
+    lstFontChars->setReading([this](int code) { return spoken(CharacterOf(code)); });
     updListColumns = Form.Make<QSpinBox>("updListColumns");
     updListColumns->setRange(8, 30);
     columns->setBuddy(updListColumns);
@@ -158,6 +159,8 @@ void CustomMap::createControls()
     btnSaveCFMap = Form.Make<QPushButton>("btnSaveCFMap", "Save Map");
     btnSaveAsCFMap = Form.Make<QPushButton>("btnSaveAsCFMap", "Save As...");
     btnCancel = Form.Make<QPushButton>("btnCancel", "Cancel");
+    for (QPushButton *button : findChildren<QPushButton *>())
+        button->setAutoDefault(false);
     createMap();
 }
 
@@ -184,7 +187,7 @@ void CustomMap::createMap()
     lblCFMap->setFocusPolicy(Qt::StrongFocus);
     lblCFMap->setScale(Form.scale());
     lblCFMap->setPlaces(MapSize::Cells(0));
-    lblCFMap->setReading(MapColumns, [this](int slot) { return spokenSlot(slot); });
+    lblCFMap->setReading(MapColumns, [this](int slot) { return spoken(Map.caption(slot)); });
     imgCMMFMapHolder->setFocusProxy(lblCFMap);
     for (QWidget *control : {imgCMMFMapHolder, static_cast<QWidget *>(lblCFMap)})
         control->installEventFilter(this);
@@ -203,11 +206,17 @@ void CustomMap::createMenus()
             menu->addSeparator();
             continue;
         }
-        QAction *item = menu->addAction(row.Caption);
+        const QKeySequence keys(row.Keys);
+        QAction *item =
+            menu->addAction(row.Caption + ('\t' + keys.toString(QKeySequence::NativeText)));
         item->setObjectName(row.Name);
-        item->setShortcut(QKeySequence(row.Keys));
         connect(item, &QAction::triggered, this, row.Handler);
         this->*row.Item = item;
+        // A key goes by the slot of now, which other keys may have left behind the buttons.
+        connect(new QShortcut(keys, this), &QShortcut::activated, item, [this, item] {
+            followSlot();
+            item->trigger();
+        });
     }
     connect(menu, &QMenu::aboutToShow, this, &CustomMap::followSlot);
 
@@ -266,15 +275,6 @@ void CustomMap::EditorToolTips()
 
 // The keyboard
 
-bool CustomMap::event(QEvent *event)
-{
-    // A key of the Move menu acts on the slot of now, which keys may have left behind.
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent *>(event)->modifiers().testFlag(Qt::ControlModifier))
-        followSlot();
-    return FormDialog::event(event);
-}
-
 bool CustomMap::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -297,7 +297,11 @@ bool CustomMap::eventFilter(QObject *watched, QEvent *event)
 
 void CustomMap::keyPressEvent(QKeyEvent *event)
 {
-    // Enter presses the button that has the focus, and no other.
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
-        FormDialog::keyPressEvent(event);
+        return FormDialog::keyPressEvent(event);
+    // Enter presses the button that has the focus. Held down it does so once: the focus changes to
+    // the opposite button where no more can be moved.
+    auto *button = qobject_cast<QPushButton *>(focusWidget());
+    if (button && !event->isAutoRepeat())
+        button->click();
 }

@@ -8,12 +8,6 @@
 
 namespace {
 
-/// A text of more characters counts as its first one, as it does for the readers of a map.
-int codeOf(const QString &caption)
-{
-    return CodePage::toCode(caption.front().unicode()).value();
-}
-
 int goneFrom(int slot, int key)
 {
     return MoveInGrid(slot + 1, key, CellCount, MapColumns) - 1;
@@ -32,6 +26,11 @@ MapEditing::MapEditing(const CustomMapFile::Captions &captions) : MapEditing()
     for (const QString &caption : captions)
         if (!caption.isEmpty())
             inList(codeOf(caption)) = false;
+}
+
+int MapEditing::codeOf(const QString &caption)
+{
+    return CodePage::toCode(caption.front().unicode()).value();
 }
 
 std::vector<int> MapEditing::list() const

@@ -18,6 +18,10 @@ public:
     /// The map of a file: what it doesn't hold is in the list.
     explicit MapEditing(const CustomMapFile::Captions &captions);
 
+    /// The code of a caption, which is not empty. One of more characters counts as its first, as it
+    /// does for the reader of a map.
+    static int codeOf(const QString &caption);
+
     const CustomMapFile::Captions &captions() const { return Slots; }
     const QString &caption(int slot) const { return Slots.at(static_cast<std::size_t>(slot)); }
     /// Of the highlighted slot.

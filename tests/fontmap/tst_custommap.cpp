@@ -93,7 +93,8 @@ private slots:
         QCOMPARE(editor->windowTitle(), QString("Zendova Custom FontMap Editor :  b.zcm"));
         QCOMPARE(editor->LMSavePath, desktop->Folder.path());
         QVERIFY(!FileLock::exclusive(path("b.zcm")).isHeld());
-        press(editor->cmdListToMap);
+        editor->cmdListToMap->setFocus();
+        QTest::keyClick(editor->cmdListToMap, Qt::Key_Return);
         press(editor->btnSaveCFMap);
         expected[196] = "'";
         QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
@@ -185,6 +186,7 @@ private slots:
         QTest::keySequence(editor->lblCFMap, QKeySequence("Ctrl+Down"));
         QCOMPARE(state(), QString("0 highlight, to list to list 222 2"));
         QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Down")); // A stays
+        QVERIFY(editor->cmdMapToList->hasFocus());
         QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Up"));
         QCOMPARE(state(), QString("223 black, to list to list 223 1"));
         clickSlot(5);
