@@ -23,7 +23,9 @@ using EditKeys::isRedo;
 
 namespace {
 
-constexpr std::array alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+// Left is left also where a line begins on the right, as in Hebrew and Arabic.
+constexpr std::array<Qt::Alignment, 3> alignments = {
+    Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
 
 /// Brings text into the code page, every kind of line end as one LF.
 QString fitted(QStringView text)
