@@ -88,26 +88,28 @@ void SampleFrame::setBars(QScrollBar *across, QScrollBar *down)
 
 void SampleFrame::keyPressEvent(QKeyEvent *event)
 {
-    switch (event->key()) {
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-        QCoreApplication::sendEvent(Across, event);
-        break;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-        QCoreApplication::sendEvent(Down, event);
-        break;
-    case Qt::Key_End:
-        // At the very end of a bar the sheet does not move.
-        Down->setValue(Down->maximum() - 1);
-        break;
-    default:
+    struct Row
+    {
+        Qt::Key Key;
+        QScrollBar *SampleFrame::*Bar;
+        QAbstractSlider::SliderAction Action;
+    };
+    constexpr Row keys[] = {
+        {Qt::Key_Left, &SampleFrame::Across, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_Right, &SampleFrame::Across, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_Up, &SampleFrame::Down, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_Down, &SampleFrame::Down, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_PageUp, &SampleFrame::Down, QAbstractSlider::SliderPageStepSub},
+        {Qt::Key_PageDown, &SampleFrame::Down, QAbstractSlider::SliderPageStepAdd},
+        {Qt::Key_Home, &SampleFrame::Down, QAbstractSlider::SliderToMinimum},
+    };
+    for (const Row &row : keys)
+        if (event->key() == row.Key)
+            return (this->*row.Bar)->triggerAction(row.Action);
+    if (event->key() == Qt::Key_End)
+        Down->setValue(Down->maximum() - 1); // at its very end the sheet does not move
+    else
         QFrame::keyPressEvent(event);
-        break;
-    }
 }
 
 void SampleFrame::wheelEvent(QWheelEvent *event)
