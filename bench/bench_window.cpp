@@ -24,9 +24,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 
 namespace {
 
@@ -181,7 +179,7 @@ void browserOpens(benchmark::State &state)
 
 /// Rows of the browser's list one after the other, as with the arrow held down: every row once, or
 /// the first two in turn. Tells the memory that the process then has, in MiB of proportional set
-/// size, and what the dearest row cost.
+/// size.
 void browse(benchmark::State &state, bool known)
 {
     QString shown;
@@ -191,22 +189,16 @@ void browse(benchmark::State &state, bool known)
     paint();
     const QAbstractItemModel &items = *browser.FontListView->model();
     int row = 0;
-    double dearest = 0;
     for ([[maybe_unused]] auto unused : state) {
         row = known ? 1 - row : (row + 1) % items.rowCount();
-        const auto start = std::chrono::steady_clock::now();
         browser.FontListView->setCurrentIndex(items.index(row, 0));
         paint();
-        const std::chrono::duration<double, std::milli> took =
-            std::chrono::steady_clock::now() - start;
-        dearest = std::max(dearest, took.count());
     }
     QFile memory("/proc/self/smaps_rollup");
     if (memory.open(QIODevice::ReadOnly))
         for (const QByteArray &line : memory.readAll().split('\n'))
             if (line.startsWith("Pss:"))
                 state.counters["MiB"] = line.mid(4).simplified().split(' ').front().toInt() / 1024;
-    state.counters["dearest_ms"] = dearest;
 }
 
 } // namespace

@@ -99,7 +99,7 @@ bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
             Hold = at() - std::clamp(at(), 0, (isVertical() ? height() : width()) - 1);
         return true;
     case QEvent::MouseMove:
-        if (Hold && static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
+        if (Hold && static_cast<QMouseEvent *>(event)->buttons() == Qt::LeftButton)
             drag(at() - *Hold);
         return true;
     case QEvent::MouseButtonRelease:

@@ -23,7 +23,6 @@ private slots:
     void placesTheLines();
     void scrolls_data();
     void scrolls();
-    void takesTheStoredSentence();
     void fitsTheName();
 };
 
@@ -49,8 +48,8 @@ void TestSampleSheet::placesTheLines()
     QCOMPARE(large.Width, 32767);
     const auto tower = [](const QString &, int) { return QSizeF(10, 6000); };
     QCOMPARE(SheetFor("W", tower, Fifteen).Height, 32767);
-    const SampleSheet design = DesignSheet("W", tower, Fifteen);
-    QCOMPARE(QSizeF(design.Width, design.Height), QSizeF(6030, 4215));
+    QCOMPARE(SampleTextFor(" \t"), QString("The Quick Brown Fox Jumped Over The Lazy Dog."));
+    QCOMPARE(SampleTextFor(QString(46, 'x')), QString(45, 'x'));
 }
 
 void TestSampleSheet::scrolls_data()
@@ -60,7 +59,6 @@ void TestSampleSheet::scrolls_data()
     QTest::addColumn<QList<int>>("expected"); // maximum, large and small change
     QTest::newRow("fits") << 500.0 << 500.0 << QList<int>{0, 1, 1};
     QTest::newRow("four times") << 2000.0 << 500.0 << QList<int>{1500, 375, 38};
-    QTest::newRow("twice") << 1000.0 << 500.0 << QList<int>{500, 250, 25};
     QTest::newRow("a little") << 510.0 << 500.0 << QList<int>{10, 10, 1};
     QTest::newRow("hardly") << 501.0 << 500.0 << QList<int>{1, 1, 1};
 }
@@ -71,14 +69,6 @@ void TestSampleSheet::scrolls()
     QFETCH(double, view);
     const ScrollRange range = ScrollRangeFor(sheet, view);
     QTEST((QList<int>{range.Maximum, range.LargeChange, range.SmallChange}), "expected");
-}
-
-void TestSampleSheet::takesTheStoredSentence()
-{
-    const QString design = "The Quick Brown Fox Jumped Over The Lazy Dog.";
-    QCOMPARE(SampleTextFor(" \t"), design);
-    QCOMPARE(SampleTextFor(" Ω "), QString(" Ω "));
-    QCOMPARE(SampleTextFor(QString(46, 'x')), QString(45, 'x'));
 }
 
 void TestSampleSheet::fitsTheName()
