@@ -71,7 +71,7 @@ FontBrowser::FontBrowser(const FontList &fonts, QString &shown, QWidget *parent)
     setWindowTitle("Zendova Font Browser");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     createControls();
-    // Other than the dialogs of a fixed size, this one may have to give way on a small screen.
+    // Unlike the dialogs of a fixed size, it gives way on a small screen.
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     HoldTrackSize(*this);
     const SysInfo &screen = SysInfo::current();
@@ -228,7 +228,7 @@ void FontBrowser::showEvent(QShowEvent *event)
 
 void FontBrowser::keyPressEvent(QKeyEvent *event)
 {
-    // Other than the close box, which leaves SelFont as it is.
+    // Unlike the close box, which leaves SelFont as it is.
     if (event->matches(QKeySequence::Cancel))
         OkButton_Click();
     else

@@ -72,6 +72,7 @@ private:
     void layOutDown(double grown);
     void layOutAcross(double grown);
     void placePlateAcross();
+    void fillRoomAcross(double grown);
     void SplitBar_MouseMove(double SplitLeft);
     void SHScroll_Change(int value);
     void SVScroll_Change(int value);

@@ -15,6 +15,17 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+void setRange(QScrollBar &bar, const ScrollRange &range)
+{
+    bar.setPageStep(range.LargeChange);
+    bar.setSingleStep(range.SmallChange);
+    bar.setMaximum(range.Maximum);
+}
+
+} // namespace
+
 double FontBrowser::OuterHeight() const
 {
     return (height() + SizableFrame.height()) * Form.TwipsY();
@@ -90,17 +101,6 @@ void FontBrowser::placeSheet()
     SVScroll->setValue(0);
     SHScroll->setValue(0);
 }
-
-namespace {
-
-void setRange(QScrollBar &bar, const ScrollRange &range)
-{
-    bar.setPageStep(range.LargeChange);
-    bar.setSingleStep(range.SmallChange);
-    bar.setMaximum(range.Maximum);
-}
-
-} // namespace
 
 void FontBrowser::recomputeBarDown()
 {
@@ -190,14 +190,7 @@ void FontBrowser::layOutAcross(double grown)
     const double ScaleW = width() * X;
     Form.setWidth(SPlateHolder, ScaleW - Form.left(SplitBar) - Form.width(SplitBar) - 12 * X);
     placePlateAcross();
-    const auto edge = [this](int points) { return nameEdge(points); };
-    const int points = FontNameLabel->font().pointSize();
-    if (grown > 0) {
-        moveSheet(&TwipRect::Left, grown);
-        nameInSize(RaisedNameSize(points, OuterWidth(), X, edge));
-    } else {
-        nameInSize(LoweredNameSize(points, OuterWidth(), X, edge));
-    }
+    fillRoomAcross(grown);
     if (recomputeBarAcross())
         SHScroll_Change(SHScroll->value());
     Form.setLeft(OkButton, OuterWidth() - Form.width(OkButton) - 20 * X);
@@ -212,6 +205,17 @@ void FontBrowser::placePlateAcross()
     Form.setWidth(SHScroll, inner - Form.width(SVScroll) + 2 * X);
     Form.setLeft(SVScroll, inner - Form.width(SVScroll));
     Form.setLeft(Form.Control("SHoleBlock"), Form.width(SHScroll));
+}
+
+/// Sheet and name fill the room to the right of the list, which has grown by so much.
+void FontBrowser::fillRoomAcross(double grown)
+{
+    const auto edge = [this](int points) { return nameEdge(points); };
+    const int points = FontNameLabel->font().pointSize();
+    if (grown > 0)
+        moveSheet(&TwipRect::Left, grown);
+    nameInSize(grown > 0 ? RaisedNameSize(points, OuterWidth(), Form.TwipsX(), edge)
+                         : LoweredNameSize(points, OuterWidth(), Form.TwipsX(), edge));
 }
 
 // ---- The splitter
@@ -230,16 +234,9 @@ void FontBrowser::SplitBar_MouseMove(double SplitLeft)
     QWidget *summary = Form.Control("SummaryFrame");
     Form.setWidth(summary, Form.width(summary) + SplitDelta);
     placePlateAcross();
-    const auto edge = [this](int points) { return nameEdge(points); };
-    const int points = FontNameLabel->font().pointSize();
-    if (SplitDelta < 0) {
-        moveSheet(&TwipRect::Left, -SplitDelta);
-        if (Form.left(SamplePlate) == 0)
-            SHScroll->setValue(0);
-        nameInSize(RaisedNameSize(points, OuterWidth(), Form.TwipsX(), edge));
-    } else {
-        nameInSize(LoweredNameSize(points, OuterWidth(), Form.TwipsX(), edge));
-    }
+    fillRoomAcross(-SplitDelta);
+    if (SplitDelta < 0 && Form.left(SamplePlate) == 0)
+        SHScroll->setValue(0);
     if (recomputeBarAcross())
         SHScroll_Change(SHScroll->value());
     takeMinimum();

@@ -130,6 +130,8 @@ void TestFontBrowser::setsAFont()
     });
     QCOMPARE(window->FontNameCombo->Text(), QString("Zt Second"));
     QCOMPARE(firstGlyph(window, "A"), (GlyphPicture{.code = 'A', .font = 18}));
+    QCOMPARE(window->FMapContainer->CharButton->cellFont().families(),
+             FontCatalog::current().font("Zt Second").families());
     // The button opens it too.
     desktop->Dialogs.dialog(Title, [](QDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Enter); });
     press("FB");
@@ -163,7 +165,10 @@ void TestFontBrowser::leavesByEachWay()
 
 void TestFontBrowser::scrolls()
 {
+    desktop->store("FB", "SampleText", QString("Too long if scalable"));
     browse([](FontBrowser &browser) {
+        browser.resize(720, 400);
+        choose(browser, "Zt \"One\", Two");
         const auto at = [&browser] { return browser.SamplePlate->pos(); };
         QWidget *frame = browser.SPlateHolder;
         QTest::keyClick(frame, Qt::Key_Right);
@@ -175,7 +180,9 @@ void TestFontBrowser::scrolls()
         QCOMPARE(at().y(), last); // it stays where the last step has left it
         QTest::keyClick(frame, Qt::Key_End);
         QCOMPARE(at().y(), qRound(-(browser.SVScroll->maximum() - 1) / 15.0));
-        QTest::keyClick(browser.FontListView, Qt::Key_End);
+        QTest::keyClick(browser.FontListView, Qt::Key_Down);
+        QCOMPARE(browser.FontNameLabel->text(), QString("Zt Bitmap")); // narrower than the frame
+        QCOMPARE(browser.SHScroll->maximum(), 0);
         QCOMPARE(at(), QPoint(0, 0));
         leave(browser);
     });
