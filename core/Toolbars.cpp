@@ -24,7 +24,7 @@ constexpr ButtonRow<Zendova> Buttons[] = {
      [](Zendova &z) { z.FileSave_Click(); }},
     {&Zendova::ZndvDefTB, {"Opt", "Opt", "Set Default Options"}},
     {&Zendova::ZndvDefTB, {"KB", "KB", "View Keyboard Layout"}},
-    {&Zendova::ZndvDefTB, {"FB", "FB", "Browse Fonts"}},
+    {&Zendova::ZndvDefTB, {"FB", "FB", "Browse Fonts"}, [](Zendova &z) { z.ToolsFB_Click(); }},
     {&Zendova::TBOperationsTB,
      {"CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard"},
      [](Zendova &z) { z.ToolsCopy_Click(); }},

@@ -8,7 +8,6 @@
 QString ProgramFile(const QString &name)
 {
     const QDir programs = QCoreApplication::applicationDirPath();
-    const QString beside = programs.filePath(name);
-    return QFile::exists(beside) ? beside
-                                 : QDir::cleanPath(programs.filePath("../share/zendova/" + name));
+    const QString installed = QDir::cleanPath(programs.filePath("../share/zendova/" + name));
+    return QFile::exists(installed) ? installed : programs.filePath(name);
 }

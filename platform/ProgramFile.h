@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// The path of a file of this name beside the program or, where that has none, in the folder
-/// share/zendova of its installation. It need not be there either.
+/// The path of a file of this name in the folder share/zendova of the program's installation or,
+/// where that has none, beside the program. It need not be there either.
 QString ProgramFile(const QString &name);
