@@ -64,7 +64,7 @@ constexpr MenuRow Rows[] = {
     {1, "FileSep1", Line},
     {1, "FileCFM", "Custom Font&Map"},
     {2, "FileCFMLoad", "&Load...", "", nullptr, nullptr, OfPanel},
-    {2, "FileCFMNew", "&New...", "", nullptr, nullptr, OfPanel | Disabled},
+    {2, "FileCFMNew", "&New...", "", nullptr, nullptr, OfPanel},
     {2, "FileCFMEdit", "&Edit...", "", nullptr, nullptr, OfPanel | Disabled},
     {2, "FileCFMUnld", "&Unload", "", nullptr, nullptr, OfPanel | Disabled},
     {2, "FileSep2", Line, "", nullptr, nullptr, Hidden},

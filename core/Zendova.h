@@ -14,6 +14,7 @@
 #include <optional>
 
 class BandBar;
+class CustomMap;
 class FillBar;
 class FindBar;
 class FontCombo;
@@ -228,6 +229,9 @@ public:
     bool CheckMapNotLoaded(const QString &Path);
     /// Shows the map of a file in the grid. A file that holds none is told, and nothing changes.
     void LoadCustomMap(const QString &Path);
+    void FileCFMNew_Click();
+    /// Opens the editor on the loaded map, and loads it again if it was saved there.
+    void FileCFMEdit_Click();
     /// Back to the default map.
     void FileCFMUnld_Click();
 
@@ -363,6 +367,7 @@ private:
     double LowestSplit() const;
     void PlaceFindBar();
     void ShowLoadedMap();
+    void ShowEditor(::CustomMap &editor);
     void EmptyBoard();
     bool MayUnload();
     void CopyButtonStates(const char *Menu);

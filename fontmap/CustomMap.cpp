@@ -31,7 +31,6 @@ constexpr ColorValue White = RGBValue(255, 255, 255);
 constexpr ColorValue Highlight = SystemColorValue(13);
 
 constexpr QStringView Key = u"CFMEditor"; // of the settings
-constexpr auto FileFilter = "Zendova Custom Map Files (*.ZCM)|*.zcm";
 
 qint32 storedNumber(QStringView name, qint32 standard)
 {
@@ -314,7 +313,7 @@ void CustomMap::btnSaveCFMap_Click()
 void CustomMap::btnSaveAsCFMap_Click()
 {
     const auto chosen = CmnDlg::ShowSave(this, {.DialogTitle = "Save Custom Map As",
-                                                .Filter = FileFilter,
+                                                .Filter = CustomMapFile::FileFilter,
                                                 .Flags = FileOffer::OverwritePrompt,
                                                 .InitDir = LMSavePath,
                                                 .FileName = MapFilePath});

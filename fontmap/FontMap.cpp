@@ -41,8 +41,12 @@ constexpr ButtonRow<FontMap> Buttons[] = {
      {"CFMapLoad", "CFMapLoad", "Load a Cutsom FontMap", DropDown},
      [](FontMap &map) { map.FileCFMLoad->trigger(); },
      [](FontMap &map) { emit map.RecentMapsWanted(map.tlbCustFMap->button("CFMapLoad")->menu()); }},
-    {&FontMap::tlbCustFMap, {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"}},
-    {&FontMap::tlbCustFMap, {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"}},
+    {&FontMap::tlbCustFMap,
+     {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"},
+     [](FontMap &map) { map.FileCFMNew->trigger(); }},
+    {&FontMap::tlbCustFMap,
+     {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"},
+     [](FontMap &map) { map.FileCFMEdit->trigger(); }},
     {&FontMap::tlbCustFMap,
      {"CFMapUnld", "CFMapUnld", "Unload Current Custom FontMap"},
      [](FontMap &map) { map.FileCFMUnld->trigger(); }},
@@ -173,7 +177,8 @@ void FontMap::ShowLoadedMap(bool loaded, const QString &name)
 {
     for (const char *key : {"CFMapEdit", "CFMapUnld"})
         tlbCustFMap->enableButton(key, loaded);
-    FileCFMUnld->setEnabled(loaded);
+    for (QAction *item : {FileCFMEdit, FileCFMUnld})
+        item->setEnabled(loaded);
     clbFontMap->setBandVisible(NameBand, loaded);
     if (loaded)
         lblCFMName->setWholeText(name);
