@@ -208,6 +208,8 @@ void Zendova::ConnectPanels()
     connect(FMapContainer, &FontMap::SizeChanged, this, &Zendova::FMapContainer_SizeChanged);
     connect(FMapContainer, &FontMap::FocusFree, this, toBoard);
     connect(FMapContainer->FMRealign, &QAction::triggered, this, &Zendova::FMRealign_Click);
+    connect(FMapContainer->FMFColor, &QAction::triggered, this, &Zendova::FMFColor_Click);
+    connect(FMapContainer->FMBColor, &QAction::triggered, this, &Zendova::FMBColor_Click);
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }
 

@@ -14,6 +14,7 @@
 #include <optional>
 
 class BandBar;
+class FMColorPalette;
 class FillBar;
 class FindBar;
 class FontCombo;
@@ -219,6 +220,13 @@ public:
     void UpdateMapCommands(int Which);
 
     CustomMapState CustomMap;
+
+    // ---- defaults/MapColors.cpp: the colours of the map
+
+    void FMFColor_Click();
+    void FMBColor_Click();
+
+    ::FMColorPalette *FMColorPalette = nullptr; ///< from start-up to the unload
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 

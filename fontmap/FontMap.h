@@ -75,6 +75,7 @@ public:
     QLabel *lblCFMName = nullptr;
     /// The commands of the map, for a menu to show.
     QAction *FMSmaller = nullptr, *FMLarger = nullptr, *FMRealign = nullptr;
+    QAction *FMFColor = nullptr, *FMBColor = nullptr;
     QAction *FMHiLite = nullptr, *FMBorders = nullptr;
 
 signals:
@@ -101,6 +102,7 @@ private:
     void createControls(const TwipScale &scale);
     void connectControls();
     void sizeContainers();
+    bool isHighlighted() const;
 
     CharCells &TextZoom;
     ControlTable Form;
