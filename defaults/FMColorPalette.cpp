@@ -291,6 +291,7 @@ void FMColorPalette::TextButton_Click()
 {
     if (TextButton->isChecked()) {
         LabelEditOn = true;
+        EditedBlock = CColorContainer->ChosenBlock();
         CCText->setText(chosenCustomColor().Label);
         CCText->selectAll();
         CCText->show();
@@ -298,7 +299,8 @@ void FMColorPalette::TextButton_Click()
         return;
     }
     if (LabelEditOn) {
-        chosenCustomColor().Label = CCText->text();
+        Palettes[CustomPalette].at(static_cast<std::size_t>(EditedBlock - 1)).Label =
+            CCText->text();
         showCustomColors();
     }
     CCText->hide();
