@@ -1,4 +1,4 @@
-// The palettes without their window: where keys lead, and the custom colours in the settings.
+// The custom colours in the settings, without a window.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "defaults/PaletteTables.h"
@@ -11,19 +11,6 @@ class TestPaletteTables : public QObject
     Q_OBJECT
 
 private slots:
-    void keysMoveByTheirPalette()
-    {
-        const auto lead = [](const ColorPalette &palette, const QList<std::pair<int, int>> &ways) {
-            for (const auto &[from, to] : ways) // up below zero
-                QCOMPARE(MoveInPalette(std::abs(from), from < 0 ? Qt::Key_Up : Qt::Key_Down,
-                                       static_cast<int>(palette.size())),
-                         to);
-        };
-        lead(PresetColors(), {{41, 2}, {48, 1}, {-1, 48}, {-2, 41}});
-        lead(SystemColors(), {{17, 25}, {18, 3}, {25, 1}, {-8, 23}});
-        lead(FirstCustomColors(), {{32, 40}, {33, 2}, {-9, 1}, {-8, 39}});
-    }
-
     void customColorsAreKept()
     {
         const QTemporaryDir folder;
