@@ -15,6 +15,7 @@
 
 class BandBar;
 class CustomMap;
+class FMColorPalette;
 class FillBar;
 class FindBar;
 class FontCombo;
@@ -236,6 +237,13 @@ public:
     void FileCFMUnld_Click();
 
     CustomMapState CustomMap;
+
+    // ---- defaults/MapColors.cpp: the colours of the map
+
+    void FMFColor_Click();
+    void FMBColor_Click();
+
+    ::FMColorPalette *FMColorPalette = nullptr; ///< from start-up to the unload
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 
