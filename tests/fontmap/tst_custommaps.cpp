@@ -116,56 +116,6 @@ private slots:
         press("CFMapEdit");
         QVERIFY(contentOf(path).startsWith("1,\"\"\r\n2,\"b\"\r\n"));
         QCOMPARE(captions(), QString("b"));
-        QMenu *menu = button("CFMapLoad")->menu();
-        emit menu->aboutToShow();
-        QCOMPARE(menu->actions().at(1)->text(), QString("a.zcm"));
-        menu->actions().at(1)->trigger();
-        QCOMPARE(captions(), QString("a"));
-        expect(AlreadyLoaded, "Ok", first);
-        menuItem(window, "CFMRU1")->trigger();
-        QVERIFY(desktop->close());
-        QCOMPARE(desktop->setting("CFMRU", "1"), first);
-        QCOMPARE(desktop->setting("Last", "LMLoadPath"), desktop->Folder.path());
-
-        restart('"' + second + '"');
-        QTRY_COMPARE(captions(), QString("b"));
-        QVERIFY(desktop->close());
-        desktop->store("FontMap", "InitMap", true);
-        desktop->store("FontMap", "InitMapPath", first);
-        restart();
-        QTRY_COMPARE(captions(), QString("a"));
-        QVERIFY(button("CFMapUnld")->isEnabled());
-    }
-
-    void refusesWhatIsNoMap()
-    {
-        window->OpenDroppedFile(write("good.zcm", "dcba"));
-        const auto refuse = [&](const QByteArray &bytes, const ExpectedMessage &said,
-                                const QString &what = {}) {
-            const QString path = writeFile(desktop->Folder.filePath("bad.zcm"), bytes);
-            expect(said, "Ok", what.isEmpty() ? path : what);
-            window->OpenDroppedFile(path);
-            QCOMPARE(captions(), QString("dcba"));
-            QCOMPARE(nameLabel()->wholeText(), QString("good"));
-            QCOMPARE(menuItem(window, "CFMRU1")->text(), QString("&1 good.zcm"));
-        };
-        refuse("no map", Unloadable);
-        refuse(QByteArray(CustomMapFile::MostBytes + 1, 'A'), NotReadable, "larger than 64 kB");
-    }
-
-    void editsTheLoadedMap()
-    {
-        const QString path = write("a.zcm", "ab");
-        window->OpenDroppedFile(path);
-        desktop->Dialogs.dialog("Zendova Custom FontMap Editor :  a.zcm", [](QDialog *dialog) {
-            QTest::mouseClick(dialog->findChild<QPushButton *>("cmdMapToList"), Qt::LeftButton);
-            QTest::mouseClick(dialog->findChild<QPushButton *>("btnSaveCFMap"), Qt::LeftButton);
-            QTest::mouseClick(dialog->findChild<QPushButton *>("btnCancel"), Qt::LeftButton);
-        });
-        press("CFMapEdit");
-        QCOMPARE(contentOf(path),
-                 mapOf(QString("b")).replace("1,\"b\"", "1,\"\"").replace("2,\"\"", "2,\"b\""));
-        QCOMPARE(captions(), QString("b"));
 
         writeFile(path, "damaged meanwhile");
         expect(Unloadable, "Ok", path);
