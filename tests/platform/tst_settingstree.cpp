@@ -1,9 +1,8 @@
 // The settings file as a store: its operations, and what becomes of it when it is damaged, locked,
-// unwritable or its writer breaks off. Works in a temporary folder, with SQLite as the second
-// opinion.
-#include "tests/support/Files.h"
-
+// unwritable or its writer breaks off.
 #include "platform/SettingsTree.h"
+#include "tests/support/Files.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -12,7 +11,6 @@
 #include <QTest>
 #include <array>
 #include <linux/capability.h>
-#include <sqlite3.h>
 #include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
@@ -21,16 +19,6 @@ namespace {
 
 constexpr QStringView Key = u"Software\\Zendova\\Options";
 constexpr int Filled = 100; // values of a filled tree, so many that damage can be in the middle
-
-/// Another program that has the file open.
-struct OtherProgram
-{
-    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &Database); }
-    ~OtherProgram() { sqlite3_close(Database); }
-    Q_DISABLE_COPY_MOVE(OtherProgram)
-    bool run(const char *sql) { return !sqlite3_exec(Database, sql, nullptr, nullptr, nullptr); }
-    sqlite3 *Database = nullptr;
-};
 
 /// Makes permissions bind even where the tests run as root, as long as the result lives.
 auto ordinaryUser()
@@ -67,11 +55,7 @@ bool isFilled(SettingsTree &tree, char letter)
     return true;
 }
 
-using Vandal = void (*)(const QString &path);
-
 } // namespace
-
-Q_DECLARE_METATYPE(Vandal)
 
 class TestSettingsTree : public QObject
 {
@@ -105,7 +89,7 @@ private slots:
         QCOMPARE(SettingsTree::defaultPath(), standard);
     }
 
-    void readingMakesNothingAndWritingMakesThePrivateFolder()
+    void onlyWritingMakesTheFile()
     {
         const QString folder = Folder.filePath("new/zendova");
         SettingsTree tree(folder + "/settings.sqlite");
@@ -114,13 +98,10 @@ private slots:
         QVERIFY(tree.createKey(Key));
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList("settings.sqlite"));
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
-    }
-
-    void anEmptyFileIsAnEmptyTree()
-    {
+        // An empty file is an empty tree, and nothing is put aside.
         writeFile(Path, {});
         QVERIFY(SettingsTree(Path).createKey(Key));
-        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
+        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
     void operations()
@@ -187,46 +168,43 @@ private slots:
         QVERIFY(isFilled(tree, 'n'));
     }
 
-    void damaged_data()
-    {
-        QTest::addColumn<Vandal>("vandal");
-        const auto row = [](const char *name, Vandal vandal) { QTest::newRow(name) << vandal; };
-        row("no database", [](const QString &path) {
-            writeFile(path, "[Options]\nToolTips=1\n");
-            writeFile(path + "-journal", "no journal");
-        });
-        row("truncated",
-            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); });
-        row("a page overwritten", [](const QString &path) {
-            writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
-        });
-        row("other tables", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
-        });
-        row("a folder", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(QDir().mkpath(path));
-            writeFile(path + "/precious", "precious");
-        });
-    }
-
     void damaged()
     {
-        QFETCH(Vandal, vandal);
+        const std::function<void()> vandals[] = {
+            [this] { // no database
+                writeFile(Path, "[Options]\nToolTips=1\n");
+                writeFile(Path + "-journal", "no journal");
+            },
+            [this] { QFile::resize(Path, QFileInfo(Path).size() / 2 + 100); },
+            [this] {
+                writeFile(Path, contentOf(Path).replace(12'288, 4096, QByteArray(4096, 'U')));
+            },
+            [this] { // other tables
+                QFile::remove(Path);
+                QVERIFY(OtherProgram(Path).run("CREATE TABLE people(name)"));
+            },
+            [this] { // a folder
+                QFile::remove(Path);
+                writeFile(Path + "/precious", "precious");
+            },
+        };
         const auto remains = [](const QString &path) {
             return contentOf(path) + contentOf(path + "-journal") + contentOf(path + "/precious");
         };
-        for (const QString &aside : {Path + ".damaged-1", Path + ".damaged-2"}) {
-            fill(*std::make_unique<SettingsTree>(Path), 'o');
-            vandal(Path);
-            const QByteArray before = remains(Path);
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("put aside as " + aside + '$'));
-            SettingsTree tree(Path);
-            QVERIFY(!tree.value(Key, u"1"));
-            QVERIFY(tree.createKey(Key) && tree.setText(Key, u"1", u"new"));
-            QCOMPARE(textOf(tree, u"1"), "new");
-            QCOMPARE(remains(aside), before);
+        for (const auto &vandal : vandals) {
+            init();
+            for (const QString &aside : {Path + ".damaged-1", Path + ".damaged-2"}) {
+                fill(*std::make_unique<SettingsTree>(Path), 'o');
+                vandal();
+                const QByteArray before = remains(Path);
+                QTest::ignoreMessage(QtWarningMsg,
+                                     QRegularExpression("put aside as " + aside + '$'));
+                SettingsTree tree(Path);
+                QVERIFY(!tree.value(Key, u"1"));
+                QVERIFY(tree.createKey(Key) && tree.setText(Key, u"1", u"new"));
+                QCOMPARE(textOf(tree, u"1"), "new");
+                QCOMPARE(remains(aside), before);
+            }
         }
     }
 
@@ -284,44 +262,34 @@ private slots:
         QVERIFY(written);
     }
 
-    void unwritable_data()
-    {
-        QTest::addColumn<QString>("path"); // below the test's folder
-        QTest::addColumn<QString>("fixed");
-        QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("file") << "settings.sqlite"
-                              << "settings.sqlite" << false;
-        QTest::newRow("folder") << "settings.sqlite"
-                                << "." << false;
-        QTest::newRow("no folder can be made") << "new/settings.sqlite"
-                                               << "." << false;
-        QTest::newRow("damage that can't be put aside") << "settings.sqlite"
-                                                        << "." << true;
-    }
-
     void unwritable()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, fixed);
-        QFETCH(bool, isDamaged);
-        const QDir folder = QFileInfo(Path).dir();
-        fill(*std::make_unique<SettingsTree>(Path), 'o');
-        if (isDamaged)
-            writeFile(Path, "no database");
-        const QByteArray before = contentOf(Path);
-        QVERIFY(QFile::setPermissions(folder.filePath(fixed), QFile::ReadOwner | QFile::ExeOwner));
-        {
-            const auto restore = ordinaryUser();
-            SettingsTree tree(folder.filePath(path));
-            QCOMPARE(isFilled(tree, 'o'), path == "settings.sqlite" && !isDamaged);
-            QVERIFY(!tree.createKey(u"Software\\Other") && !tree.setText(Key, u"1", u"lost"));
-            const SettingsTree::Batch batch(&tree);
-            QVERIFY(!tree.setText(Key, u"1", u"lost"));
-            QVERIFY(!tree.deleteValue(Key, u"1") && !tree.deleteKey(Key));
+        // The file below the test's folder, what of it can't be changed, and whether it is damaged.
+        for (const auto &[path, fixed, isDamaged] :
+             {std::tuple("settings.sqlite", "settings.sqlite", false),
+              {"settings.sqlite", ".", false},
+              {"new/settings.sqlite", ".", false},
+              {"settings.sqlite", ".", true}}) {
+            init();
+            const QDir folder = QFileInfo(Path).dir();
+            fill(*std::make_unique<SettingsTree>(Path), 'o');
+            if (isDamaged)
+                writeFile(Path, "no database");
+            const QByteArray before = contentOf(Path);
+            QFile::setPermissions(folder.filePath(fixed), QFile::ReadOwner | QFile::ExeOwner);
+            {
+                const auto restore = ordinaryUser();
+                SettingsTree tree(folder.filePath(path));
+                QCOMPARE(isFilled(tree, 'o'), *path == 's' && !isDamaged);
+                QVERIFY(!tree.createKey(u"Software\\Other") && !tree.setText(Key, u"1", u"lost"));
+                const SettingsTree::Batch batch(&tree);
+                QVERIFY(!tree.setText(Key, u"1", u"lost"));
+                QVERIFY(!tree.deleteValue(Key, u"1") && !tree.deleteKey(Key));
+            }
+            QFile::setPermissions(folder.filePath(fixed), QFile::Permissions(0x7000));
+            QCOMPARE(contentOf(Path), before);
+            QCOMPARE(files(), QStringList("settings.sqlite"));
         }
-        QFile::setPermissions(folder.filePath(fixed), QFile::Permissions(0x7000));
-        QCOMPARE(contentOf(Path), before);
-        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };
 

@@ -1,5 +1,4 @@
-// What a person does with the main window that takes more than one event: filling a number box,
-// choosing a font, moving over the map, and looking at which glyph is shown where.
+// What a person does with the main window that takes more than one event.
 #pragma once
 
 #include "core/Zendova.h"

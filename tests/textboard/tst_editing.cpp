@@ -20,6 +20,38 @@ QClipboard *clipboard()
     return QGuiApplication::clipboard();
 }
 
+/// What another program offers, with the questions counted that it doesn't answer.
+class Offer : public QMimeData
+{
+public:
+    enum Answers { Nothing, Formats, All };
+
+    explicit Offer(Answers answers) : Answered(answers) { Unanswered = 0; }
+    QStringList formats() const override
+    {
+        return isAnswered(Formats) ? QStringList{"text/plain;charset=utf-8", "text/html"}
+                                   : QStringList();
+    }
+    bool hasFormat(const QString &format) const override { return formats().contains(format); }
+
+    static inline int Unanswered = 0;
+
+protected:
+    QVariant retrieveData(const QString &, QMetaType) const override
+    {
+        return isAnswered(All) ? QVariant(QByteArray("a\xC3\xA9")) : QVariant();
+    }
+
+private:
+    bool isAnswered(Answers question) const
+    {
+        Unanswered += Answered < question ? 1 : 0;
+        return Answered >= question;
+    }
+
+    Answers Answered;
+};
+
 /// The toolkit does not tidy up behind an exception that passes through it.
 class LeaksAllowed
 {
@@ -66,7 +98,7 @@ private slots:
                     if (inFindBar) {
                         keys("Ctrl+F");
                         QTest::keyClicks(window->FindFrame->FindString, "find");
-                        window->FindFrame->FindString->selectAll();
+                        keys("Shift+Home");
                     }
                     select(window, 2, 2);
                     give(way, row.Item);
@@ -89,19 +121,17 @@ private slots:
             const bool inMenu = menuItem(window, qPrintable(QString("Edit") + key))->isEnabled();
             return inMenu && (!button || button->isEnabled());
         };
-        const auto allNeedingTextAre = [this](bool on) {
+        const auto whatNeedsTextIsOn = [this](bool on) {
             for (const char *key :
                  {"Save", "ClearButton", "CopyButton", "CutButton", "PrintButton", "Find"})
-                if (button(key)->isEnabled() != on)
-                    return QString(key);
-            return QString();
+                QVERIFY2(button(key)->isEnabled() == on, key);
         };
         QVERIFY(!isOn("Cut") && !isOn("Delete") && !isOn("SelectAll"));
-        QCOMPARE(allNeedingTextAre(false), QString());
+        whatNeedsTextIsOn(false);
         QVERIFY(!window->TextFile.TextChanged);
         QTest::keyClicks(board(), "ab");
         QVERIFY(window->TextFile.TextChanged);
-        QCOMPARE(allNeedingTextAre(true), QString());
+        whatNeedsTextIsOn(true);
         QCOMPARE(window->TBPContainer->NoOfChars->text(), QString("2"));
         QVERIFY(isOn("SelectAll") && !isOn("Delete"));
         keys("Shift+Left");
@@ -111,48 +141,44 @@ private slots:
         QVERIFY(isOn("Cut") && isOn("Copy") && isOn("Delete"));
         QTest::mouseClick(board()->viewport(), Qt::LeftButton);
         QVERIFY(!button("Cut")->isEnabled() && !isOn("Copy"));
-        give("menu", "EditSelectAll");
-        QVERIFY(isOn("Cut") && isOn("Copy"));
         for (const char *key : {"Home", "Ctrl+C", "Ctrl+X", "Ctrl+D"})
             keys(key);
-        QCOMPARE(clipboard()->text(), QString("b"));
-        QCOMPARE(board()->Text(), QString("ab"));
+        QCOMPARE(clipboard()->text() + board()->Text(), QString("bab"));
 
         clipboard()->clear();
         QVERIFY(!button("Paste")->isEnabled() && !isOn("Paste"));
         clipboard()->setText("text of another program");
         QVERIFY(isOn("Paste"));
-        // An empty text replaces nothing.
-        clipboard()->setText("");
-        give("menu", "EditSelectAll");
+        clipboard()->setText(""); // replaces nothing
+        keys("Ctrl+A");
         keys("Ctrl+V");
         QCOMPARE(board()->SelText(), QString("ab"));
         keys("Backspace");
-        QCOMPARE(allNeedingTextAre(false), QString());
+        whatNeedsTextIsOn(false);
     }
 
     void pasteLimit()
     {
         const struct
         {
-            int Count; // characters on the board, the last of them selected
-            int Selected;
+            int Count;    // characters on the board
+            int Selected; // at their end
             QString Pasted;
-            ExpectedMessage Question;
-            const char *Answer;
             int After;
+            ExpectedMessage Question = {};
+            const char *Answer = "";
         } rows[] = {
-            {61000, 0, QString(440, 'y'), {}, "", BoardLimit},
-            {61000, 0, QString(441, 'y'), PasteTooLong, "Yes", BoardLimit},
-            {61000, 5, QString(500, 'y'), PasteTooLong, "No", 61000},
-            {BoardLimit, 0, "a", BoardIsFull, "Ok", BoardLimit},
-            {BoardLimit, 10, "abc", PasteTooLong, "Yes", BoardLimit - 7},
-            {61400, 100, QString(100, 'y'), PasteTooLong, "Yes", 61400},
-            {BoardLimit - 2, 0, "\n", {}, "", BoardLimit},
-            {80, 80, QString("ab\n").repeated(5'000'000), PasteTooLong, "Yes", BoardLimit},
-            {BoardLimit - 3, 0, "ab\ncd", PasteTooLong, "Yes", BoardLimit - 1},
+            {61000, 0, QString(440, 'y'), BoardLimit},
+            {61000, 0, QString(441, 'y'), BoardLimit, PasteTooLong, "Yes"},
+            {61000, 5, QString(500, 'y'), 61000, PasteTooLong, "No"},
+            {BoardLimit, 0, "a", BoardLimit, BoardIsFull, "Ok"},
+            {BoardLimit, 10, "abc", BoardLimit - 7, PasteTooLong, "Yes"},
+            {61400, 100, QString(100, 'y'), 61400, PasteTooLong, "Yes"},
+            {BoardLimit - 2, 0, "\n", BoardLimit},
+            {80, 80, QString("ab\n").repeated(5'000'000), BoardLimit, PasteTooLong, "Yes"},
+            {BoardLimit - 3, 0, "ab\ncd", BoardLimit - 1, PasteTooLong, "Yes"},
             // It counts as what it becomes: one accent less and one letter more.
-            {BoardLimit - 7, 0, u"e\u0301\u0151\uFB01\u4E00\U0001F600\u20AC"_s, {}, "", BoardLimit},
+            {BoardLimit - 7, 0, u"e\u0301\u0151\uFB01\u4E00\U0001F600\u20AC"_s, BoardLimit},
         };
         for (const auto &row : rows) {
             board()->setText(linesOfText(row.Count));
@@ -192,6 +218,32 @@ private slots:
         disconnect(failure);
         QTest::keyClicks(board(), "!");
         QCOMPARE(board()->Text(), QString("old!"));
+    }
+
+    void anOwnerOfTheClipboardIsAskedOnce()
+    {
+        for (const auto &[answers, pasted, unanswered] : {std::tuple(Offer::Nothing, u""_s, 1),
+                                                          {Offer::Formats, u""_s, 1},
+                                                          {Offer::All, u"a\u00E9"_s, 0}}) {
+            clipboard()->setMimeData(new Offer(answers));
+            Offer::Unanswered = 0;
+            window->EditPaste_Click();
+            QCOMPARE(board()->Text(), pasted);
+            QCOMPARE(Offer::Unanswered, unanswered);
+            QCOMPARE(button("Paste")->isEnabled(), answers != Offer::Nothing);
+        }
+        // At the start that is behind the first paint.
+        desktop->Window.reset();
+        clipboard()->setMimeData(new Offer(Offer::Nothing));
+        QTest::qWait(0);
+        Offer::Unanswered = 0;
+        desktop->Window = std::make_unique<Zendova>(QString());
+        desktop->Window->Start();
+        QCOMPARE(Offer::Unanswered, 0);
+        QTRY_COMPARE(Offer::Unanswered, 1);
+        desktop->Window->repaint();
+        QCoreApplication::processEvents();
+        QCOMPARE(Offer::Unanswered, 1);
     }
 
     void boardToClipboard()
@@ -255,10 +307,9 @@ private slots:
             else
                 chooseFromMenu(window, "ItemTools", "ToolsClear");
             QCOMPARE(window->DisplayOW->isChecked(), warn && unloaded);
-            QCOMPARE(QStringList(
-                         {board()->Text(), window->TextFile.LoadedFilePath, window->windowTitle()}),
-                     unloaded ? QStringList({"", "", "Zendova Version 3.0.0 RC2"})
-                              : QStringList({"ab", "/a/b.zuf", "Zendova :  b.zuf"}));
+            QCOMPARE(
+                board()->Text() + window->TextFile.LoadedFilePath + window->windowTitle(),
+                QString(unloaded ? "Zendova Version 3.0.0 RC2" : "ab/a/b.zufZendova :  b.zuf"));
             QCOMPARE(window->FindFrame->isVisible(), !unloaded);
             QCOMPARE(window->TextFile.TextChanged, changed || unloaded);
         }
@@ -287,11 +338,6 @@ private slots:
     }
 
 private:
-    ::TextBoard *board() const { return window->TextBoard; }
-    void keys(const QString &sequence) const
-    {
-        QTest::keySequence(window->focusWidget(), QKeySequence(sequence));
-    }
     /// Gives an Edit command as a person does: by "menu", "button", or a key.
     void give(const QString &way, const char *item) const
     {

@@ -5,7 +5,10 @@
 
 #include "core/SettingConversion.h"
 
+#include "core/CommandLine.h"
+
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -13,6 +16,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QUrl>
+#include <filesystem>
+#include <fstream>
 
 using namespace Says;
 
@@ -72,71 +77,61 @@ private slots:
         QCOMPARE(text(), lines);
         QCOMPARE(formatOf(window), QString(GivenFormat));
         QCOMPARE(window->Format.TBFontName, QString("Zt Four"));
-        const QFont zoomed = window->ViewsContainer->TextZoom->cellFont();
-        QVERIFY(zoomed.bold() && zoomed.underline());
+        QVERIFY(window->ViewsContainer->TextZoom->cellFont().bold());
         QVERIFY(button("Color")->toolTip().endsWith("(Currently Red)"));
     }
 
-    void loads_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<ExpectedMessage>("said");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QString>("expected"); // on the board; empty if nothing is loaded
-        QTest::addColumn<QString>("format");   // empty if it doesn't matter
-        const auto row = [](const char *test, const char *name, const QByteArray &content,
-                            const ExpectedMessage &said, const char *answer,
-                            const QByteArray &expected = {}, const char *format = "") {
-            QTest::newRow(test) << name << content << said << answer << QString(expected) << format;
-        };
-        const QByteArray full(BoardLimit, 'x');
-        row("just fits", "a.txt", full, Nothing, "", full, FirstFormat);
-        row("too long, yes", "a.zuf", document(full + 'y'), FileTooLong, "Yes", full);
-        row("too long, no", "a.txt", full + 'y', FileTooLong, "No");
-        row("7 points", "a.zuf", document("\\fs14 abc"), SizeTooSmall, "Ok", "abc",
-            "Zt Four 8 - left #000080 Navy");
-        row("7.5 points", "a.zuf", document("\\fs15 abc"), Nothing, "", "abc",
-            "Zt Four 7.5 - left #000080 Navy");
-        row("36.5 points", "a.zuf", document("\\fs73 abc"), Nothing, "", "abc",
-            "Zt Four 36.5 - left #000080 Navy");
-        row("37 points", "a.zuf", document("\\fs74 abc"), SizeTooLarge, "Ok", "abc",
-            "Zt Four 36 - left #000080 Navy");
-        row("foreign colour", "a.zuf", document("abc", "Zt Four", "\\red1\\green2\\blue3"),
-            ForeignColor, "Ok", "abc", "Zt Four 12 - left #010203 Black");
-        row("mixed style", "a.zuf", document("a{\\strike b}c"), UnknownError, "Ok", "abc");
-        row("mixed alignment", "a.zuf", document("a\\par\\qc b"), UnknownError, "Ok", "a\r\nb");
-        row("mixed size", "a.zuf", document("a{\\fs30 b}c"), NotReadable, "Ok");
-        row("mixed font", "a.zuf", document("a{\\f1 b}c"), NotReadable, "Ok");
-        row("mixed colour", "a.zuf", document("a{\\cf0 b}c"), NotReadable, "Ok");
-        row("no rich text", "a.zuf", "plain text", NotReadable, "Ok");
-        row("missing font", "a.zuf", document("abc", "No Such Font"), FontMissing, "No");
-        row("more than is read", "a.txt", {}, NotReadable, "Ok");
-        row("wrong type", "a.doc", "abc", WrongType, "Ok");
-    }
     void loads()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, content);
-        QFETCH(ExpectedMessage, said);
-        QFETCH(QString, answer);
-        QFETCH(QString, expected);
-        QFETCH(QString, format);
-        window->DisplayOW->setChecked(false);
-        write("first.txt", "first");
-        load("first.txt");
-        write(name, content);
-        if (content.isNull())
-            QVERIFY(QFile::resize(path(name), (qint64(256) << 20) + 1));
-        load(name, said, answer, "No Such Font");
-        QCOMPARE(text(), expected);
-        const QString partly = said.Title == FileTooLong.Title ? " (PARTIALLY LOADED!)" : "";
-        QCOMPARE(state(), expected.isEmpty()
-                              ? " | first.txt |  *"
-                              : expected.left(9) + " | " + name + partly + " | " + name);
-        QCOMPARE(button("Save")->isEnabled(), !expected.isEmpty());
-        if (!format.isEmpty())
-            QCOMPARE(formatOf(window), format);
+        const QByteArray full(BoardLimit, 'x');
+        const QString navy = "Zt Four %1 - left #000080 Navy";
+        const struct
+        {
+            QString Name;
+            QByteArray Content;
+            ExpectedMessage Said;
+            const char *Answer = "Ok";
+            QByteArray Expected = {}; // on the board; empty if nothing is loaded
+            QString Format = {};      // empty if it doesn't matter
+        } rows[] = {
+            {"a.txt", full, Nothing, "", full, FirstFormat},
+            {"a.zuf", document(full + 'y'), FileTooLong, "Yes", full},
+            {"a.txt", full + 'y', FileTooLong, "No"},
+            {"a.zuf", document("\\fs14 abc"), SizeTooSmall, "Ok", "abc", navy.arg(8)},
+            {"a.zuf", document("\\fs15 abc"), Nothing, "", "abc", navy.arg(7.5)},
+            {"a.zuf", document("\\fs73 abc"), Nothing, "", "abc", navy.arg(36.5)},
+            {"a.zuf", document("\\fs74 abc"), SizeTooLarge, "Ok", "abc", navy.arg(36)},
+            {"a.zuf", document("abc", "Zt Four", "\\red1\\green2\\blue3"), ForeignColor, "Ok",
+             "abc", "Zt Four 12 - left #010203 Black"},
+            {"a.zuf", document("a{\\strike b}c"), UnknownError, "Ok", "abc"},
+            {"a.zuf", document("a\\par\\qc b"), UnknownError, "Ok", "a\r\nb"},
+            {"a.zuf", document("a{\\fs30 b}c"), NotReadable},
+            {"a.zuf", document("a{\\f1 b}c"), NotReadable},
+            {"a.zuf", document("a{\\cf0 b}c"), NotReadable},
+            {"a.zuf", "plain text", NotReadable},
+            {"a.zuf", document("abc", "No Such Font"), FontMissing, "No"},
+            {"a.txt", {}, NotReadable}, // more than is read
+            {"a.doc", "abc", WrongType},
+        };
+        for (const auto &row : rows) {
+            begin();
+            window->DisplayOW->setChecked(false);
+            write("first.txt", "first");
+            load("first.txt");
+            write(row.Name, row.Content);
+            if (row.Content.isNull())
+                QVERIFY(QFile::resize(path(row.Name), (qint64(256) << 20) + 1));
+            load(row.Name, row.Said, row.Answer, "No Such Font");
+            QCOMPARE(text(), QString(row.Expected));
+            const QString partly =
+                row.Said.Title == FileTooLong.Title ? " (PARTIALLY LOADED!)" : "";
+            QCOMPARE(state(), row.Expected.isEmpty() ? " | first.txt |  *"
+                                                     : row.Expected.left(9) + " | " + row.Name +
+                                                           partly + " | " + row.Name);
+            QCOMPARE(button("Save")->isEnabled(), !row.Expected.isEmpty());
+            if (!row.Format.isEmpty())
+                QCOMPARE(formatOf(window), row.Format);
+        }
     }
 
     void missingFont()
@@ -292,6 +287,41 @@ private slots:
         QCOMPARE(state(), QString("abc | A.TXT | files/A.TXT"));
     }
 
+    void nameThatIsNoText()
+    {
+        const QString folder = QFileInfo(write("texts/other", "")).path();
+        const std::string name = folder.toStdString() + "/caf\xE9 \xC3\xA9.txt";
+        const QString shown = QString::fromUtf8("caf\uFFFD \u00E9.txt");
+        const auto start = [this, &name] {
+            const std::size_t blank = name.rfind(' '); // what a shell takes for two words
+            const std::string words[] = {name.substr(0, blank), name.substr(blank + 1)};
+            const char *const arguments[] = {"zendova", words[0].c_str(), words[1].c_str()};
+            restart(CommandLine::Path(3, arguments));
+        };
+        expect(StartupFile, "Ok", "File '" + shown + "'");
+        start();
+        std::ofstream(name) << "abc";
+        start();
+        QCOMPARE(text(), QString("abc"));
+        QCOMPARE(window->windowTitle(), "Zendova :  " + shown);
+        QTest::keyClicks(board(), "d");
+        desktop->Dialogs.dialog(SaveTitle, [shown](QDialog *dialog) {
+            QCOMPARE(dialog->findChild<QLineEdit *>("fileNameEdit")->text(), shown);
+            auto *buttons = dialog->findChild<QDialogButtonBox *>();
+            QTest::mouseClick(buttons->button(QDialogButtonBox::Save), Qt::LeftButton);
+        });
+        click("Save");
+        std::string content;
+        std::ifstream(name) >> content;
+        QCOMPARE(content, std::string("dabc"));
+        const std::filesystem::directory_iterator files(folder.toStdString());
+        QCOMPARE(std::distance(std::filesystem::begin(files), std::filesystem::end(files)), 2);
+        std::filesystem::remove(name); // which the folder's own removal can't find
+        window->DisplayEW->setChecked(false);
+        QVERIFY(desktop->close());
+        QCOMPARE(desktop->setting("MRU", "1"), QString()); // it would be another's
+    }
+
     void drop()
     {
         const QString first = write("a.txt", "from a");
@@ -393,7 +423,6 @@ private:
             expect(said, answer, "No such file or directory " + path(name));
         click("Save");
     }
-    ::TextBoard *board() const { return window->TextBoard; }
     QString text() const { return board()->Text(); }
     /// "text | title | path" of what is loaded, with a star if it was changed since.
     QString state() const
