@@ -57,7 +57,6 @@ private slots:
         for (const char *scheme : {"https", "http", "mailto", "file"})
             QDesktopServices::setUrlHandler(scheme, this, "opened");
     }
-
     // a window that has a help file
     void init() override
     {
@@ -70,18 +69,36 @@ private slots:
 
     void about()
     {
-        desktop->Dialogs.dialog("About Zendova", [](QDialog *dialog) {
-            // All of its labels.
-            QCOMPARE(
-                dialog->accessibleDescription(),
-                QString("Zendova Version 3.0.0 RC2 © Zendova Works: made with patience and a love "
-                        "of letters and dedicated to the passion, commitment and generosity of "
-                        "all the freeware coders I am indebted to and have learnt from. Press any "
-                        "key or click on box to continue..."));
-            QTest::keyClick(dialog, Qt::Key_Tab);
-            QVERIFY(!dialog->isVisible());
-        });
-        menuItem(window, "HelpAbout")->trigger();
+        for (const bool byKey : {true, false}) {
+            desktop->Dialogs.dialog("About Zendova", [byKey](QDialog *dialog) {
+                QVERIFY(dialog->accessibleDescription().contains("and have learnt from. Press any "
+                                                                 "key or click on box"));
+                const auto send = [dialog](Qt::Key key, bool held) {
+                    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, held);
+                    QApplication::sendEvent(dialog, &event);
+                };
+                // On the way to another key, with which the desktop may be meant.
+                for (const Qt::Key key :
+                     {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_Meta,
+                      Qt::Key_Super_L, Qt::Key_Super_R})
+                    send(key, false);
+                send(Qt::Key_Return, true);
+                auto *box = dialog->findChild<QWidget *>("Background");
+                QTest::mouseClick(box, Qt::RightButton);
+                QTest::mouseRelease(box, Qt::LeftButton);
+                QTest::mousePress(box, Qt::LeftButton, {}, {3, 3});
+                QTest::mouseRelease(box, Qt::LeftButton, {}, {-5, -5});
+                QVERIFY(dialog->isVisible());
+                // The logo lets the mouse through.
+                const QRect logo = dialog->findChild<QWidget *>("ZendovaLogo")->geometry();
+                if (byKey)
+                    send(Qt::Key_CapsLock, false);
+                else
+                    QTest::mouseClick(dialog->childAt(logo.center()), Qt::LeftButton);
+                QVERIFY(!dialog->isVisible());
+            });
+            menuItem(window, "HelpAbout")->trigger();
+        }
     }
 
     void addresses()
@@ -117,7 +134,6 @@ private slots:
         QTest::keyClick(window, Qt::Key_F1);
         auto *viewer = this->viewer();
         QVERIFY(viewer && viewer->isVisible() && !viewer->isModal());
-        QCOMPARE(viewer->windowTitle(), QString("Zendova Help"));
         QCOMPARE(viewer->Page->toPlainText(), QString("First"));
         // The window that is open is used again, and has what the file holds now.
         QCOMPARE(show("<h1>Second</h1>"), viewer);
@@ -184,17 +200,15 @@ private slots:
             return QByteArray("<b>").repeated(depth) + 'x' + QByteArray("</b>").repeated(depth);
         };
         const auto sized = [](int bytes) { return "<p>" + QByteArray(bytes - 7, 'x') + "</p>"; };
-        const QByteArray bomb = "<!DOCTYPE a [<!ENTITY e 'eeeeeeeeeeeeeeee'>]><a>&e;</a>";
         for (const auto &[content, notice] :
              {std::pair(QByteArray(" \r\n\t\n"), "is empty"),
               {QByteArray("\x7f\2\1\1\0\0\0\0", 8), "not a help text"},
               {"<p>caf\xe9 au lait</p>", "not a help text"},
               {"<div><p>Text</p>", "not a help text"},
-              {bomb, "not a help text"},
+              {"<!DOCTYPE a [<!ENTITY e 'eeeeeeeeeeeeeeee'>]><a>&e;</a>", "not a help text"},
               {nested(17), "not a help text"},
               {sized(65537), "too large"}}) {
             const HelpViewer *viewer = show(content);
-            QVERIFY(viewer);
             const QString text = viewer->Page->toPlainText();
             QVERIFY2(text.contains(notice) && text.contains(HelpFile), content.left(40));
             QVERIFY(text.size() < 200);
@@ -206,23 +220,21 @@ private slots:
     void links()
     {
         HelpViewer *viewer = show(ourHelp());
-        QVERIFY(viewer && !viewer->Back->isEnabled());
         const auto followNextLink = [viewer] {
             QTest::keyClick(viewer->Page, Qt::Key_Tab);
             QTest::keyClick(viewer->Page, Qt::Key_Return);
         };
         const QScrollBar *bar = viewer->Page->verticalScrollBar();
+        QVERIFY(!viewer->Back->isEnabled());
         followNextLink();
         QTRY_VERIFY(bar->value() > 0);
         const int there = bar->value();
         QVERIFY(viewer->Back->isEnabled() && !viewer->Forward->isEnabled());
-        QTest::mouseClick(viewer->Back, Qt::LeftButton);
-        QTRY_COMPARE(bar->value(), 0);
-        QTest::mouseClick(viewer->Forward, Qt::LeftButton);
-        QTRY_COMPARE(bar->value(), there);
-        QTest::mouseClick(viewer->Contents, Qt::LeftButton);
-        QTRY_COMPARE(bar->value(), 0);
-
+        for (const auto &[button, place] :
+             {std::pair(viewer->Back, 0), {viewer->Forward, there}, {viewer->Contents, 0}}) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            QTRY_COMPARE(bar->value(), place);
+        }
         show(
             "<p><a href='https://zendova.example/a'>a</a> <a href='mailto:b@zendova.example'>b</a> "
             "<a href='file:///etc/hostname'>c</a> <a href='other.html'>d</a></p>");
@@ -248,25 +260,24 @@ private slots:
     void findsInPage()
     {
         HelpViewer *viewer = show("<div><p>one cat</p><p>two Cats</p></div>");
-        QVERIFY(viewer);
-        const auto place = [viewer] { return viewer->Page->textCursor().selectionStart(); };
+        const auto found = [viewer] {
+            return viewer->FindResult->text() +
+                   QString::number(viewer->Page->textCursor().selectionStart());
+        };
         QTest::keyClick(viewer, Qt::Key_F, Qt::ControlModifier);
         QTRY_VERIFY(viewer->FindText->hasFocus());
         QTest::keyClicks(viewer->FindText, "cat");
         QTest::keyClick(viewer->FindText, Qt::Key_Return);
-        QCOMPARE(place(), 4);
+        QCOMPARE(found(), QString("4"));
         QTest::keyClick(viewer, Qt::Key_F3);
-        QCOMPARE(place(), 12);
-        QCOMPARE(viewer->FindResult->text(), QString());
+        QCOMPARE(found(), QString("12"));
         QTest::mouseClick(viewer->Next, Qt::LeftButton);
-        QCOMPARE(place(), 4);
-        QCOMPARE(viewer->FindResult->text(), QString("Went on at the top"));
+        QCOMPARE(found(), QString("Went on at the top4"));
         QTest::mouseClick(viewer->Previous, Qt::LeftButton);
-        QCOMPARE(place(), 12);
+        QVERIFY(found().endsWith("12"));
         QTest::keyClicks(viewer->FindText, "x");
         QTest::keyClick(viewer->FindText, Qt::Key_Return);
-        QCOMPARE(viewer->FindResult->text(), QString("Not found"));
-        QCOMPARE(place(), 12);
+        QCOMPARE(found(), QString("Not found12"));
     }
 
 private:

@@ -1,12 +1,11 @@
-// The operations on the settings and the conversions at their readers. Works on a tree in a
-// temporary folder, which SQLite fills with what only a shell could write.
-#include "core/GlobalDeclarations.h"
+// The operations on the settings, the conversions at their readers and the report of one that
+// fails. Works on a file which SQLite fills with what only a shell could write.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
-#include <sqlite3.h>
 
 namespace {
 
@@ -21,10 +20,6 @@ class TestRegistry : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir Folder;
-    SettingsTree Tree{Folder.filePath("s.sqlite")};
-
 private slots:
     void init()
     {
@@ -36,8 +31,6 @@ private slots:
 
     void reading()
     {
-        sqlite3 *database = nullptr;
-        QCOMPARE(sqlite3_open(qPrintable(Folder.filePath("s.sqlite")), &database), SQLITE_OK);
         for (const auto &[stored, value, fails] : {
                  std::tuple("1, 'Größe €'", text("Größe €"), false),
                  {"1, x'414243'", Nothing, true}, // bytes without NUL
@@ -50,14 +43,11 @@ private slots:
                  {"3, x'41424344'", Nothing, false},
              }) {
             const QString sql = "DELETE FROM settings; INSERT INTO settings VALUES('%1', 'a', %2)";
-            QCOMPARE(
-                sqlite3_exec(database, qPrintable(sql.arg(Key, stored)), nullptr, nullptr, nullptr),
-                SQLITE_OK);
+            QVERIFY(OtherProgram(Folder.filePath("s.sqlite")).run(sql.arg(Key, stored)));
             RegistryError = false;
             QVERIFY2(RegReadValue(User, Key, u"A") == value, stored);
             QVERIFY2(RegistryError == fails, stored);
         }
-        sqlite3_close(database);
     }
 
     void writing()
@@ -88,9 +78,7 @@ private slots:
             try {
                 return convert(value, Key, u"FontSize");
             } catch (const ConversionError &error) {
-                const bool named = QString::fromUtf8(error.what()).contains(u"Options\\FontSize") &&
-                                   error.text == toText(value);
-                return named ? QVariant() : QVariant("the error does not name the value");
+                return error.text == toText(value) ? QVariant() : QVariant("other text");
             }
         };
         const QVariant fails;
@@ -114,6 +102,25 @@ private slots:
         }
     }
 
+    void reportFits()
+    {
+        const QString smile = QString::fromUtf8("\U0001F600");
+        const QString cut = 'a' + QString(38, 'b') + QChar(0x2026) + QString(19, 'b') + 'c';
+        for (const auto &[value, shown] :
+             {std::pair(QString(60, 'a'), QString(60, 'a')),
+              {'a' + QString(59, 'b') + 'c', cut},
+              {'a' + QString(1 << 20, 'b') + 'c', cut},
+              // No line and no control character; a pair at either cut, and one that stays.
+              {"a\nb\r\u0007c\u2028d\u202Ee", "a b  c d e"},
+              {QString(38, 'a') + smile + QString(99, 'b') + smile + QString(19, 'c'),
+               QString(38, 'a') + QChar(0x2026) + QString(19, 'c')},
+              {"a" + smile, "a" + smile}}) {
+            const ConversionError error(u"Some\\Key", u"FontSize", value);
+            QCOMPARE(QString::fromUtf8(error.what()),
+                     "The setting Some\\Key\\FontSize cannot be converted: \"" + shown + '"');
+        }
+    }
+
     void screenDefaults()
     {
         for (const auto &[width, standard] : {std::pair(649, std::optional<ScreenDefault>()),
@@ -128,8 +135,11 @@ private slots:
                                               {1902, {{24, 34}}}})
             QVERIFY2(DefaultsForScreenWidth(width) == standard, QByteArray::number(width));
     }
+
+private:
+    QTemporaryDir Folder;
+    SettingsTree Tree{Folder.filePath("s.sqlite")};
 };
 
 QTEST_GUILESS_MAIN(TestRegistry)
-
 #include "tst_registry.moc"

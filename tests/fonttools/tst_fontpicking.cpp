@@ -1,10 +1,11 @@
-// The fonts of the system: the list's order, its tables and limit, and the font picker of the main
-// window: how it is filled at start, what happens when the stored font is gone, finding fonts.
+// The fonts of the system: the list's order, its tables and limit; the font picker of the window:
+// how it is filled at start, what happens when the stored font is gone, finding fonts.
 #include "tests/support/MainWindow.h"
 
 #include "fonttools/FontLoadProcedure.h"
 #include "platform/controls/Icons.h"
 
+#include <QAbstractItemView>
 #include <stdexcept>
 
 class TestFontPicking : public WindowTest
@@ -18,16 +19,14 @@ private slots:
         // type's digit, and equal entries keep their order.
         const QStringList sorted{"_4",     "a4", "ab4", "AB4", "aB4",     "Arial Black4",
                                  "Arial2", "Z4", "Ä4",  "ﬀ4",  "\uFFFD4", "𝐀4"};
-        const QStringList added{"𝐀4", "ab4", "Arial2",       "\uFFFD4", "AB4", "Z4",
-                                "Ä4", "aB4", "Arial Black4", "ﬀ4",      "a4",  "_4"};
         FontList list;
-        for (int i = 0; i < added.size(); ++i)
-            list.add(added[i], i);
+        QList<int> order{11, 2, 6, 10, 3, 7, 8, 4, 5, 9, 1, 0};
+        for (const int place : order)
+            list.add(sorted[place], place);
         list.sort();
-        QCOMPARE(list.count(), static_cast<int>(sorted.size()));
-        for (int i = 0; i < list.count(); ++i) {
+        for (int i = 0; i < sorted.size(); ++i) {
             QCOMPARE(list.entry(i), sorted[i]);
-            QCOMPARE(added[list.column(i)], sorted[i]);
+            QCOMPARE(list.column(i), i);
         }
     }
 
@@ -44,7 +43,6 @@ private slots:
         };
         for (int number = limit; number >= 1; --number)
             QCOMPARE(add(number), 1);
-        QCOMPARE(FontCount, qint16(limit));
         QCOMPARE(FontLF.size(), std::size_t(limit));
         QCOMPARE(FontTM.size(), std::size_t(limit));
         // The worst order for sorting by insertion: quadratic work would run into the time limit.
@@ -63,33 +61,25 @@ private slots:
         const auto count = static_cast<int>(FontCatalog::current().families().size());
         QCOMPARE(combo->ItemCount(), count);
         QCOMPARE(int(FontCount), count);
-        const QHash<QString, int> weights{{"Zt Bold Only4", 700},
-                                          {"Zt Old Light4", 300},
-                                          {"Zt Variable Light4", 300},
-                                          {"Zt Wide Extra Light4", 200},
-                                          {"Zt Wide Light4", 300}};
-        QStringList entries;
+        QStringList odd;
         for (int i = 0; i < count; ++i) {
             const QString &entry = window->FontList.entry(i);
             const auto column = static_cast<std::size_t>(window->FontList.column(i));
-            entries += entry;
             QCOMPARE(combo->ItemText(i + 1), entry.chopped(1));
             QCOMPARE(FontLF.at(column).lfFaceName, entry.chopped(1));
-            QCOMPARE(FontLF.at(column).lfCharSet == 2,
-                     entry == "Zt Symbol4" || entry == "Zt Liar4");
-            QCOMPARE(FontLF.at(column).lfWeight, weights.value(entry, 400));
             QCOMPARE(FontTM.at(column).tmItalic, entry == "Zt Italic Only4" ? 1 : 0);
+            if (FontLF.at(column).lfCharSet == 2 || FontLF.at(column).lfWeight == 200)
+                odd += entry;
             const char *icon = entry.endsWith('4') ? "TT" : "SF";
             QCOMPARE(combo->itemIcon(i).pixmap(16).toImage(),
                      Icons::icon(icon).pixmap(16).toImage());
         }
-        for (const char *entry : {"Zt Bitmap1", "Zt Mixed2", "Zt Test 244", "Zt \"One\", Two4"})
-            QVERIFY2(entries.contains(entry), entry);
+        QCOMPARE(odd.join(' '), QString("Zt Liar4 Zt Symbol4 Zt Wide Extra Light4"));
         QCOMPARE(int(SysFontCount), 3);
         QCOMPARE(int(TTFontCount), count - 3);
         QCOMPARE(combo->Text(), QString("Zt Test 24"));
         QCOMPARE(window->Format.TBFontIndex, combo->SelectedItem());
-        QCOMPARE(window->TextBoard->FontName(), QString("Zt Test 24"));
+        QCOMPARE(board()->FontName(), QString("Zt Test 24"));
     }
 
     void storedFontIsMissing()
@@ -133,6 +123,19 @@ private slots:
             QCOMPARE(combo->ItemText(window->Format.TBFontIndex), wanted);
             QCOMPARE(combo->Text(), before); // finding selects nothing
         }
+    }
+
+    void listGivesTheFocusBack()
+    {
+        FontCombo *fonts = window->FontNameCombo;
+        fonts->setFocus();
+        keys("Down"); // on the closed box
+        QVERIFY(fonts->hasFocus());
+        fonts->showPopup();
+        QVERIFY(fonts->view()->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff);
+        QTest::keyClick(fonts->view(), Qt::Key_Down);
+        QTest::keyClick(fonts->view(), Qt::Key_Return);
+        QTRY_VERIFY(board()->hasFocus());
     }
 
 private:
