@@ -1,25 +1,10 @@
 // What is painted in the program's own way, as a person sees it: whole frames at every scale, and
-// pictures and states that can be told in every palette; what stands level, which font is worn
-// where, and what the windows offer.
+// pictures and states that can be told in every palette.
 #include "tests/support/MainWindow.h"
 
-#include "core/ColorScheme.h"
-#include "platform/controls/CmnDlg.h"
-#include "platform/controls/ColorBlocks.h"
-#include "platform/controls/HelpViewer.h"
 #include "platform/controls/Icons.h"
 #include "platform/controls/Tones.h"
-#include "textboard/TBColorPicker.h"
 
-#include <QCheckBox>
-#include <QFileDialog>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPainter>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTreeView>
 #include <map>
 
 namespace {
@@ -53,7 +38,6 @@ QImage draw(const QIcon &icon, int size = 16, QIcon::Mode mode = QIcon::Normal)
     return icon.pixmap({size, size}, 1.0, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The colours of the pixels in a part of a picture, with their numbers.
 std::map<QRgb, int> colorsIn(const QImage &image, const QRect &part)
 {
     std::map<QRgb, int> colors;
@@ -101,27 +85,14 @@ bool isFramed(const QImage &image, int y, int thick)
            runs[4].first == Ground && runs[1] == runs[3] && runs[1].second == thick;
 }
 
-bool isLevel(const QWidget *one, const QWidget *other)
-{
-    const auto middle = [](const QWidget *w) { return 2 * w->y() + w->height(); };
-    const bool whole = one->parentWidget()->rect().contains(one->geometry());
-    return whole && qAbs(middle(one) - middle(other)) <= 1;
-}
-
 } // namespace
 
-class TestLook : public WindowTest
+class TestLook : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init() override { useDesktop(); }
-    void cleanup() override
-    {
-        WindowTest::cleanup();
-        QApplication::setPalette(QPalette());
-        QApplication::setFont(Before);
-    }
+    void cleanup() { QApplication::setPalette(QPalette()); }
 
     void framesAreWhole()
     {
@@ -149,24 +120,6 @@ private slots:
                              qPrintable(QString("%1 at %2").arg(style).arg(scale)));
                 }
             }
-        }
-    }
-
-    void fillBarKeepsItsFrame()
-    {
-        FillBar bar({.X = 15, .Y = 15}, 100, nullptr);
-        bar.resize(160, 24);
-        const QRect frame = bar.ProgressBack->geometry();
-        const auto edges = [&] {
-            QImage image = pictureOf(bar).copy(frame);
-            QPainter(&image).fillRect(image.rect().adjusted(1, 1, -1, -1), Qt::white);
-            return image;
-        };
-        bar.ShowCount(0);
-        const QImage empty = edges();
-        for (const int count : {75, 100}) {
-            bar.ShowCount(count);
-            QVERIFY(edges() == empty);
         }
     }
 
@@ -201,14 +154,7 @@ private slots:
         const QImage blue = draw(Icons::colorButton(Qt::blue));
         QVERIFY(colorsIn(blue, blue.rect())[QColor(Qt::blue).rgb()] >= 24);
         QVERIFY(draw(Icons::colorButton(Qt::blue), 16, QIcon::Disabled) != blue);
-        // A picture of straight strokes has no half-painted pixels.
-        const QImage grid = draw(Icons::icon("FMapG"), 32);
-        for (const auto &[color, count] : colorsIn(grid, grid.rect()))
-            QVERIFY(qAlpha(color) < 3 || qAlpha(color) > 251);
-    }
-
-    void picturesAreSharpOnADenseScreen()
-    {
+        // A dense screen shows pictures drawn for it; straight strokes have no half-painted pixels.
         QImage screen(60, 32, QImage::Format_ARGB32_Premultiplied);
         screen.setDevicePixelRatio(2);
         screen.fill(Qt::transparent);
@@ -218,6 +164,9 @@ private slots:
         screen.setDevicePixelRatio(1);
         screen.convertTo(QImage::Format_ARGB32);
         QCOMPARE(screen.copy(14, 0, 32, 32), draw(Icons::icon("Zoom"), 32));
+        const QImage grid = draw(Icons::icon("FMapG"), 32);
+        for (const auto &[color, count] : colorsIn(grid, grid.rect()))
+            QVERIFY(qAlpha(color) < 3 || qAlpha(color) > 251);
     }
 
     void statesCanBeTold()
@@ -233,107 +182,20 @@ private slots:
             QVERIFY2(strongest(pictureOf(*button), edge, face) < 3, name);
             button->setChecked(true);
             QVERIFY2(strongest(pictureOf(*button), edge, face) >= 3, name);
-            // The picture in it stays readable.
             const QColor ground = pictureOf(*button).pixelColor(5, 5);
             QVERIFY2(ground != face, name);
             button->setIcon(Icons::icon("Bold"));
             QVERIFY2(strongest(pictureOf(*button), {3, 3, 16, 16}, ground) >= 4.5, name);
-
-            QCheckBox box("Match Case");
+            QCheckBox box;
             box.resize(box.sizeHint());
-            QStyleOptionButton option;
-            option.initFrom(&box);
-            const QRect mark =
-                box.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
-            const QRect inside = mark.adjusted(2, 2, -2, -2);
             const QColor paper = palette.color(QPalette::Base);
-            QVERIFY2(strongest(pictureOf(box), mark, paper) >= 3, name); // the frame
+            QVERIFY2(strongest(pictureOf(box), box.rect(), paper) >= 3, name); // the frame
+            const QRect inside(box.rect().center() - QPoint(2, 2), QSize(5, 5));
             QCOMPARE(strongest(pictureOf(box), inside, paper), 1.0);
             box.setChecked(true);
             QVERIFY2(strongest(pictureOf(box), inside, paper) >= 4.5, name);
         }
     }
-
-    void pickerWearsTheMapsColors()
-    {
-        SetColorScheme(RGBValue(250, 240, 10), RGBValue(10, 20, 60));
-        ColorSchemeOn = true;
-        PickColorValue = "0";
-        TBColorPicker picker(nullptr);
-        ColorSchemeOn = false;
-        const QImage image = pictureOf(picker);
-        for (const char *name : {"Frame1", "Frame2"}) {
-            const QRect frame = picker.findChild<QFrame *>(name)->geometry();
-            QVERIFY(!frame.intersects(picker.ColorContainer->geometry()));
-            QCOMPARE(image.pixelColor(frame.topLeft() + QPoint(1, 1)), QColor(10, 20, 60));
-            QCOMPARE(image.pixelColor(frame.bottomRight() - QPoint(1, 1)), QColor(10, 20, 60));
-        }
-        QVERIFY(!(picker.windowFlags() & Qt::WindowMinMaxButtonsHint));
-    }
-
-    void rowsAreLevel()
-    {
-        for (const double dotsPerInch : {96.0, 120.0}) {
-            begin({1600, 1200}, dotsPerInch);
-            for (const char *name : {"FontLabel", "FontSizeLabel", "FontSizeNumber", "FontSizeEdit",
-                                     "FontSizeSlider", "FontNameCombo"})
-                QVERIFY2(isLevel(window->findChild<QWidget *>(name), window->FontNameCombo), name);
-            for (const char *name : {"FindStrLabel", "FindNextButton", "FindOpt0", "FindString"})
-                QVERIFY2(isLevel(window->findChild<QWidget *>(name), window->FindFrame->FindString),
-                         name);
-            QVERIFY(window->windowFlags() & Qt::WindowMinimizeButtonHint);
-            QVERIFY(!(window->windowFlags() & Qt::WindowMaximizeButtonHint));
-        }
-    }
-
-    void fontsOfTheDesktop()
-    {
-        QFont large = QApplication::font();
-        large.setPointSizeF(17);
-        QApplication::setFont(large);
-        begin();
-        HelpViewer help(window);
-        const FontDialog fonts({.Fonts = window->FontNameCombo->model(),
-                                .FontOf = [](const QString &) { return QFont(); },
-                                .Colors = {},
-                                .LeastSize = 8,
-                                .MostSize = 36},
-                               {}, window);
-        const QWidgetList own = {window->menuBar(), window->findChild<QMenu *>("ItemEdit"),
-                                 window->FontNameCombo->view(), help.findChild<QWidget *>("Page"),
-                                 help.findChild<QWidget *>("FindText")};
-        for (const QWidget *widget : own)
-            QVERIFY2(widget->font().pointSizeF() == 17, widget->metaObject()->className());
-        QCOMPARE(fonts.font().pointSizeF(), 17.0);
-        for (const char *name : {"FontLabel", "FontNameCombo", "FindNextButton"})
-            QCOMPARE(window->findChild<QWidget *>(name)->font(), TwipForm::font());
-    }
-
-    void fileDialogsShowAll()
-    {
-        writeFile(desktop->Folder.filePath("somewhat longer.txt"), QByteArray(148231, 'x'));
-        const FileOffer offer{.DialogTitle = "Load",
-                              .Filter = "Uniform (*.ZUF)|*.zuf|Text (*.TXT)|*.txt",
-                              .FilterIndex = 2,
-                              .Flags = 0,
-                              .InitDir = desktop->Folder.path()};
-        for (const bool save : {false, true}) {
-            desktop->Dialogs.dialog("Load", [](QDialog *dialog) {
-                const auto hint = dialog->findChild<QLineEdit *>("fileNameEdit")->placeholderText();
-                QVERIFY(hint.contains(".zuf") && hint.contains(".txt"));
-                auto *files = dialog->findChild<QTreeView *>("treeView");
-                const QAbstractItemView *view = files;
-                QTRY_VERIFY(files->model()->rowCount(files->rootIndex()) == 1);
-                for (int column = 1; column < files->header()->count(); ++column)
-                    QTRY_VERIFY(files->columnWidth(column) >= view->sizeHintForColumn(column));
-                dialog->reject();
-            });
-            save ? CmnDlg::ShowSave(nullptr, offer) : CmnDlg::ShowOpen(nullptr, offer);
-        }
-    }
-
-private:
-    const QFont Before = QApplication::font();
 };
 
 ZENDOVA_WINDOW_TEST(TestLook)

@@ -1,13 +1,9 @@
 // What the desktop does to the running window (assistive tools that ask what is there, the colours
-// changed while it runs, changes under a dialog), and the two ways of a command, its button and its
-// menu item: what a menu takes over as it opens and at no other time.
+// changed while it runs, changes under a dialog), and menus that take over states as they open.
 #include "tests/support/MainWindow.h"
 
 #include "core/Message.h"
 
-#include <QAccessible>
-#include <QContextMenuEvent>
-#include <QWindow>
 #include <set>
 
 namespace {
@@ -65,7 +61,6 @@ private slots:
                 control->objectName().toUtf8() + control->metaObject()->className();
             const QAccessibleInterface *told = speaker(control);
             QVERIFY2(told && told->isValid() && told->role() != QAccessible::NoRole, which);
-            // The name of a loaded map is empty where there is none.
             if (told->role() == QAccessible::Separator ||
                 control == window->FMapContainer->lblCFMName ||
                 control == window->TBPContainer->ProgressFore)
@@ -75,7 +70,6 @@ private slots:
                 QVERIFY2(focusable.insert(nameOf(control)).second, which);
         }
         QVERIFY(focusable.size() >= 5);
-        // The labels that stand before a control are told with it.
         for (const char *name : {"FontLabel", "FontSizeLabel", "ZoomSizeLabel", "MapSizeLabel"}) {
             const auto *label = window->findChild<QLabel *>(name);
             QVERIFY2(label->buddy(), name);
@@ -137,8 +131,64 @@ private slots:
         }
     }
 
-    void locksAreReadAsTheWindowComesBack()
+    void mapIsATable()
     {
+        FontMap &panel = *window->FMapContainer;
+        QAccessibleInterface *map = speaker(panel.CharButton);
+        QCOMPARE(map->role(), QAccessible::Table);
+        QAccessibleTableInterface *table = map->tableInterface();
+        QCOMPARE(QSize(table->columnCount(), table->rowCount()), QSize(28, 8));
+        QCOMPARE(map->childCount(), 224);
+        QVERIFY(!table->cellAt(8, 0) && !table->cellAt(0, 28) && !table->cellAt(-1, 0));
+        QVERIFY(!map->child(224));
+        for (const int index : {0, 27, 28, 223}) {
+            QAccessibleInterface *cell = table->cellAt(index / 28, index % 28);
+            QCOMPARE(cell, map->child(index));
+            QCOMPARE(map->indexOfChild(cell), index);
+            QCOMPARE(cell->tableCellInterface()->rowIndex(), index / 28);
+            QCOMPARE(cell->tableCellInterface()->columnIndex(), index % 28);
+            QCOMPARE(map->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+        }
+        QAccessibleInterface *letter = map->child(cellOf('A'));
+        QAccessibleInterface *accented = map->child(cellOf(233));
+        QCOMPARE(letter->text(QAccessible::Name), QString("65, A, A"));
+        QCOMPARE(accented->text(QAccessible::Name), QString("233, é, Alt+0233"));
+        panel.CharButton_MouseMove(cellOf(233));
+        QCOMPARE(map->focusChild(), accented);
+        QVERIFY(accented->state().active && !letter->state().active);
+        panel.CharButton->setCaption(cellOf(233), {});
+        panel.CharInfo.at(cellOf(233)) = {};
+        QCOMPARE(accented->text(QAccessible::Name), QString("Empty"));
+        const QSignalSpy picked(&panel, &FontMap::CharacterPicked);
+        QAccessibleActionInterface *actions = letter->actionInterface();
+        actions->doAction(actions->actionNames().value(0));
+        QCOMPARE(picked.value(0).value(0).toString(), QString("A"));
+        // A tool may still hold it.
+        const QAccessible::Id gone = QAccessible::uniqueId(map->child(5));
+        desktop->Window.reset();
+        const QAccessibleInterface *left = QAccessible::accessibleInterface(gone);
+        QVERIFY(!left || !left->isValid());
+    }
+
+    void locksAreShown()
+    {
+        LockPanels panels(nullptr);
+        std::optional<LockState> keyboard;
+        panels.locks().readFrom([&keyboard] { return keyboard; });
+        for (const auto &[state, shown, told] :
+             {std::tuple(std::optional<LockState>(), "000", "unknown"),
+              {LockState{.Num = true}, "100", "on"},
+              {LockState{.Caps = true, .Scroll = true}, "011", "off"},
+              {{}, "000", "unknown"}}) {
+            keyboard = state;
+            panels.locks().refresh();
+            QString on;
+            for (const char *name : {"NUM", "CAPS", "SCRL"})
+                on += panels.findChild<QLabel *>(name)->isEnabled() ? '1' : '0';
+            QCOMPARE(on, QString(shown));
+            QCOMPARE(speaker(panels.findChild<QLabel *>("NUM"))->text(QAccessible::Description),
+                     QString(told));
+        }
         window->StatBar->locks().readFrom([] { return LockState{.Caps = true}; });
         QEvent activation(QEvent::WindowActivate);
         QApplication::sendEvent(window, &activation);
@@ -163,64 +213,7 @@ private slots:
         QVERIFY(desktop->close());
     }
 
-    void menusCopyAsTheyOpen()
-    {
-        const auto openMenus = [this] {
-            for (const char *menu : {"ItemFile", "ItemEdit", "ItemTools"})
-                lookAtMenu(window, menu);
-        };
-        const auto areOn = [&](bool inMenu, bool onBar) {
-            for (const auto &[item, key] : {std::pair("FileSave", "Save"),
-                                            {"EditCut", "Cut"},
-                                            {"EditCopy", "Copy"},
-                                            {"ToolsCopy", "CopyButton"},
-                                            {"ToolsCut", "CutButton"},
-                                            {"ToolsClear", "ClearButton"}}) {
-                QVERIFY2(menuItem(window, item)->isEnabled() == inMenu, item);
-                QVERIFY2(button(key)->isEnabled() == onBar, key);
-            }
-        };
-        openMenus();
-        areOn(false, false);
-        QTest::keyClicks(board(), "a");
-        keys("Shift+Left");
-        areOn(false, true);
-        openMenus();
-        areOn(true, true);
-        keys("Backspace");
-        areOn(true, false);
-        openMenus();
-        areOn(false, false);
-        // A key brings its menu in step first.
-        QTest::keyClicks(board(), "a");
-        keys("Shift+Left");
-        keys("Ctrl+X");
-        QCOMPARE(board()->Text(), QString());
-    }
-
-    void sideOfTheViews()
-    {
-        // The marks of the two items, and whether the views are on the right.
-        const auto state = [this] {
-            return QList{window->VCOnL->isChecked(), window->VCOnR->isChecked(),
-                         window->ViewsContainer->x() > board()->x()};
-        };
-        lookAtMenu(window, "ItemDisplay");
-        QCOMPARE(state(), QList({true, false, false}));
-        window->VCOnR->trigger();
-        QVERIFY(button("VCRight")->isChecked());
-        // The marks are from before; an item that bears one does nothing.
-        QCOMPARE(state(), QList({true, true, true}));
-        window->VCOnL->trigger();
-        QCOMPARE(state(), QList({true, true, true}));
-        lookAtMenu(window, "ItemDisplay");
-        QCOMPARE(state(), QList({false, true, true}));
-        window->VCOnL->trigger();
-        QCOMPARE(state(), QList({true, true, false}));
-        QVERIFY(button("VCLeft")->isChecked());
-    }
-
-    void boardOffersItsCommands()
+    void contextMenus()
     {
         auto *menu = window->findChild<QMenu *>("ItemEdit");
         QTest::keyClicks(board(), "ba");
@@ -231,25 +224,19 @@ private slots:
         QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
         QCOMPARE(board()->Text(), QString("b"));
-        // The menu key.
-        const QPoint at(5, 5);
-        QContextMenuEvent key(QContextMenuEvent::Keyboard, at, board()->mapToGlobal(at));
-        QApplication::sendEvent(board(), &key);
+        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {5, 5},
+                                  board()->mapToGlobal(QPoint()));
+        QApplication::sendEvent(board(), &menuKey);
         QCOMPARE(QApplication::activePopupWidget(), menu);
         QVERIFY(!menuItem(window, "EditCut")->isEnabled());
         QTest::keyClick(menu, Qt::Key_Escape);
         QVERIFY(board()->hasFocus());
-    }
-
-    void findBoxOffersItsOwn()
-    {
         QTest::keyClicks(board(), "a");
         press("Find");
         rightClick(window, window->FindFrame->FindString);
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu && menu->objectName() != "ItemEdit");
         QVERIFY(menu->actions().at(0)->text().endsWith("\tCtrl+Z")); // the box's own
-        // The board's keys are not promised.
         for (const QAction *item : menu->actions())
             for (const char *key : {"Ctrl+X", "Ctrl+C", "Ctrl+V", "Ctrl+A"})
                 QVERIFY2(!item->text().endsWith(key), key);

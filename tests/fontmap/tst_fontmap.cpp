@@ -2,10 +2,7 @@
 // change it, the wheel, clicks, the mouse passing over, and which glyph is really drawn in a cell.
 #include "tests/support/MainWindow.h"
 
-#include <QScrollBar>
-#include <QSlider>
-#include <QWheelEvent>
-#include <QWindow>
+#include "fontmap/MapSize.h"
 
 namespace {
 
@@ -83,12 +80,11 @@ private slots:
 
     void numberBoxes()
     {
-        for (const auto &[typed, key, mapSize, zoomSize] : {std::tuple("9", Qt::Key_Enter, 9, 9),
-                                                            {"200", Qt::Key_Return, 9, 72},
-                                                            {"-3", Qt::Key_Return, 1, 8},
-                                                            {"abc", Qt::Key_Return, 1, 8},
-                                                            {"7.6", Qt::Key_Return, 8, 8},
-                                                            {"7", Qt::Key_Escape, 4, 40}}) {
+        const std::tuple<const char *, Qt::Key, int, int> rows[] = {
+            {"9", Qt::Key_Enter, 9, 9},    {"200", Qt::Key_Return, 9, 72},
+            {"-3", Qt::Key_Return, 1, 8},  {"abc", Qt::Key_Return, 1, 8},
+            {"7.6", Qt::Key_Return, 8, 8}, {"7", Qt::Key_Escape, 4, 40}};
+        for (const auto &[typed, key, mapSize, zoomSize] : rows) {
             map->sldSetFMapSize->setValue(4);
             QVERIFY2(fillNumberBox(map->sldSetFMapSize, typed, key), typed);
             QCOMPARE(map->sldSetFMapSize->number()->text(), QString::number(mapSize));
@@ -123,11 +119,17 @@ private slots:
         QCOMPARE(map->SizeIndex, 8);
         press("FMap+");
         QCOMPARE(map->SizeIndex, 9);
+        // Of a thumb that is moved only the number follows, until it is let go.
+        QSlider *thumb = map->sldSetFMapSize->slider();
+        thumb->setSliderDown(true);
+        thumb->setSliderPosition(3);
+        QCOMPARE(map->SizeIndex, 9);
+        thumb->setSliderDown(false);
+        QCOMPARE(map->SizeIndex, 3);
     }
 
     void wheel()
     {
-        // Font, map and zoom.
         const auto sizes = [this] {
             return QList{int(board()->FontSize()), map->CharButton->pixels(0).width() - 27,
                          views->TextZoom->cellFont().pointSize()};
@@ -148,18 +150,10 @@ private slots:
         views->ZoomViewSet(false);
         turn(views->TextZoom, 120);
         QCOMPARE(sizes(), expected);
-        // Small turns add up.
         const int before = expected[0];
-        for (const auto &[delta, more] : {std::pair(50, 0),
-                                          {50, 0},
-                                          {50, 1},
-                                          {80, 1},
-                                          {10, 2},
-                                          {-119, 2},
-                                          {-1, 1},
-                                          {-60, 1},
-                                          {110, 1},
-                                          {10, 2}}) {
+        const std::pair<int, int> rows[] = {{50, 0},   {50, 0}, {50, 1},  {80, 1},  {10, 2},
+                                            {-119, 2}, {-1, 1}, {-60, 1}, {110, 1}, {10, 2}};
+        for (const auto &[delta, more] : rows) {
             turn(places[0], delta);
             QCOMPARE(sizes()[0], before + more);
         }
@@ -198,7 +192,6 @@ private slots:
         clickCell(window, cellOf('A'), Qt::RightButton);
         QCOMPARE(QApplication::activePopupWidget(), window->FormatFM);
         QTest::keyClick(window->FormatFM, Qt::Key_Escape);
-        // A cell that the map leaves empty.
         board()->selectAll();
         map->CharButton->setCaption(7, {});
         window->FontNameCombo->setFocus();
@@ -207,18 +200,67 @@ private slots:
         QCOMPARE(board()->SelText(), QString(" xx"));
     }
 
-    void hoverFeedsTheViews()
+    void sizesOfAScreen()
     {
-        hover(window, cellOf('<'));
-        leaveTheMap(window); // and the last cell is still told of
-        QCOMPARE(views->TextZoom->Caption(0) + views->AscCode->text() + views->KS->text(),
-                 QString("<60<"));
-        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
-                          views->KS->mapTo(window, QPoint(2, 2)));
-        QWidget *menu = QApplication::activePopupWidget();
-        QVERIFY(menu);
-        QCOMPARE(menu->actions(), QList<QAction *>{views->ViewKS});
-        QTest::keyClick(menu, Qt::Key_Escape);
+        using MapSize::Sizing;
+        QString told; // pixels and twips a pixel, the largest size, and whether it can be changed
+        const std::pair<int, int> rows[] = {{800, 15},  {801, 15},  {809, 15},  {810, 15},
+                                            {1920, 15}, {1024, 12}, {1025, 12}, {1280, 12}};
+        for (const auto &[width, twips] : rows) {
+            const Sizing sizing = MapSize::SizingFor(width, twips);
+            told += QString(" %1%2")
+                        .arg(MapSize::Largest(width, twips))
+                        .arg(sizing == Sizing::Off  ? "off"
+                             : sizing == Sizing::On ? "on"
+                                                    : "");
+        }
+        QCOMPARE(told, QString(" 1off 1on 1on 2on 41on 2off 2 11"));
+    }
+
+    void viewsAlone()
+    {
+        Views alone({}, nullptr);
+        for (QAction *item : {alone.ViewZoom, alone.ViewCode, alone.ViewKS, alone.ViewAll})
+            item->setCheckable(true); // as the menu makes them
+        alone.ViewAll->trigger();
+        for (const QStringList &row : {QStringList{" ", "32", "20", "40", "100000", "Space Bar"},
+                                       {"~", "126", "7E", "176", "1111110", "~"},
+                                       {"\u007F", "127", "7F", "177", "1111111", "Alt+0127"},
+                                       {"\u00FF", "255", "FF", "377", "11111111", "Alt+0255"}}) {
+            alone.ShowCharacter(row[0], DefaultCharTexts(row[1].toInt()));
+            QCOMPARE((QStringList{alone.TextZoom->Caption(0), alone.AscCode->text(),
+                                  alone.HexCode->text(), alone.OctCode->text(),
+                                  alone.BinCode->text(), alone.KS->text()}),
+                     row);
+        }
+        QCOMPARE(
+            QAccessible::queryAccessibleInterface(alone.TextZoom)->text(QAccessible::Description),
+            QString("\u00FF"));
+        alone.resize(134, 253);
+        alone.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&alone));
+        const QSignalSpy menus(&alone, &Views::MenuWanted);
+        for (const auto &[control, command] :
+             {std::pair<QWidget *, QAction *>(alone.TextZoom, alone.ViewZoom),
+              {alone.ZoomSizeSlider->number(), alone.ViewZoom},
+              {alone.findChild<QWidget *>("CVACover"), alone.ViewCode},
+              {alone.BinCode, alone.ViewCode},
+              {alone.findChild<QWidget *>("KVACover"), alone.ViewKS},
+              {alone.KS, alone.ViewKS}}) {
+            const QPoint corner = control->mapTo(&alone, QPoint(2, 2));
+            QTest::mouseClick(alone.windowHandle(), Qt::RightButton, {}, corner);
+            QVERIFY(!menus.isEmpty());
+            QCOMPARE(menus.last()[0].value<QAction *>(), command);
+            QCOMPARE(menus.last()[1].toPoint(), alone.mapToGlobal(corner));
+        }
+        const QPoint key = alone.ViewsTB->mapTo(&alone, QPoint(10, 10));
+        QTest::mouseClick(alone.windowHandle(), Qt::RightButton, {}, key);
+        QCOMPARE(menus.count(), 6);
+
+        alone.ZoomViewSet(true);
+        alone.ZoomSizeSlider->slider()->setSliderDown(true);
+        alone.ZoomSizeSlider->slider()->setSliderPosition(30); // the zoom follows at once
+        QCOMPARE(alone.TextZoom->cellFont().pointSize(), 30);
     }
 
     void viewsSwitch()
@@ -239,6 +281,7 @@ private slots:
               {"KS", "ViewKS", "72 1000001 Off A", "72 1000001 On A"}}) {
             press(key);
             hover(window, cellOf('A'));
+            leaveTheMap(window); // and the last cell is still told of
             QCOMPARE(shown(), QString(off));
             QTest::mouseClick(views->ZoomSizeSlider->number(), Qt::LeftButton);
             QCOMPARE(views->ZoomSizeSlider->edit()->isVisible(), *off == '7');
@@ -248,6 +291,11 @@ private slots:
             QCOMPARE(shown(), QString(on));
         }
         QVERIFY(allMarked());
+        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
+                          views->KS->mapTo(window, QPoint(2, 2)));
+        QWidget *menu = QApplication::activePopupWidget();
+        QVERIFY(menu && menu->actions() == QList<QAction *>{views->ViewKS});
+        menu->close();
         views->ViewAll->trigger();
         QCOMPARE(shown(), QString("Off Off Off "));
         views->ViewAll->trigger();
@@ -291,7 +339,6 @@ private slots:
     void showsTheFontsOwnGlyphs()
     {
         makeGlyphsReadable(window);
-        // Of the text font, whose measures all test fonts share.
         const QPoint origin = originOfFullRow(pictureOf(map->CharButton, cellOf(FullRowCode)));
         const QPoint middle = map->CharButton->pixels(0).center();
         QVERIFY(qAbs(origin.x() + 16 - middle.x()) <= 1); // an em is 32 pixels

@@ -1,12 +1,9 @@
-// The fonts of the system: the list's order, its tables and limit; the font picker of the window:
-// how it is filled at start, what happens when the stored font is gone, finding fonts.
+// The fonts of the system: the list's order; the font picker of the window: how it is filled at
+// start, what happens when the stored font is gone, finding fonts.
 #include "tests/support/MainWindow.h"
 
 #include "fonttools/FontLoadProcedure.h"
 #include "platform/controls/Icons.h"
-
-#include <QAbstractItemView>
-#include <stdexcept>
 
 class TestFontPicking : public WindowTest
 {
@@ -30,32 +27,9 @@ private slots:
         }
     }
 
-    void takesFontsUpToTheLimit()
-    {
-        constexpr int limit = 32767;
-        FontLF.resize(7); // of the last time; the first font discards them
-        FontTM.resize(7);
-        FontCount = 0;
-        FontList list;
-        const auto add = [&list](int number) {
-            const QString name = QStringLiteral("F%1").arg(number, 6, 10, QChar(u'0'));
-            return FontEnumProc({.lfFaceName = name}, {}, TRUETYPE_FONTTYPE, list);
-        };
-        for (int number = limit; number >= 1; --number)
-            QCOMPARE(add(number), 1);
-        QCOMPARE(FontLF.size(), std::size_t(limit));
-        QCOMPARE(FontTM.size(), std::size_t(limit));
-        // The worst order for sorting by insertion: quadratic work would run into the time limit.
-        list.sort();
-        QCOMPARE(list.entry(0), QStringLiteral("F0000014"));
-        QCOMPARE(list.column(0), limit - 1);
-        QVERIFY_EXCEPTION_THROWN(add(0), std::overflow_error);
-        QCOMPARE(FontCount, qint16(limit));
-    }
-
     void loadsTheFonts()
     {
-        store("Zt Test 24");
+        desktop->store("TextBoard", "FontName", "Zt Test 24");
         restart();
         const FontCombo *combo = window->FontNameCombo;
         const auto count = static_cast<int>(FontCatalog::current().families().size());
@@ -77,7 +51,6 @@ private slots:
         QCOMPARE(odd.join(' '), QString("Zt Liar4 Zt Symbol4 Zt Wide Extra Light4"));
         QCOMPARE(int(SysFontCount), 3);
         QCOMPARE(int(TTFontCount), count - 3);
-        QCOMPARE(combo->Text(), QString("Zt Test 24"));
         QCOMPARE(window->Format.TBFontIndex, combo->SelectedItem());
         QCOMPARE(board()->FontName(), QString("Zt Test 24"));
     }
@@ -85,7 +58,7 @@ private slots:
     void storedFontIsMissing()
     {
         const QString stored = "zt latin"; // names of fonts are told apart by their case
-        store(stored);
+        desktop->store("TextBoard", "FontName", stored);
         expect(Says::FontGone, "No");
         QVERIFY_THROWS_EXCEPTION(ProgramEnd, desktop->start());
         QVERIFY(!desktop->Window->isVisible());
@@ -97,10 +70,8 @@ private slots:
         QCOMPARE(window->TextBoard->FontName(), window->FontNameCombo->ItemText(1));
         QCOMPARE(window->Format.TBFontName, stored);
         QCOMPARE(window->FindCurrentFontIndex(), 0);
-        // The next choice makes the two agree again.
         QVERIFY(chooseFont(window, "Zt Latin"));
         QCOMPARE(window->Format.TBFontName, QString("Zt Latin"));
-        QCOMPARE(window->Format.TBFontIndex, window->FontNameCombo->SelectedItem());
         QCOMPARE(window->FindCurrentFontIndex(), window->FontNameCombo->SelectedItem());
     }
 
@@ -136,14 +107,6 @@ private slots:
         QTest::keyClick(fonts->view(), Qt::Key_Down);
         QTest::keyClick(fonts->view(), Qt::Key_Return);
         QTRY_VERIFY(board()->hasFocus());
-    }
-
-private:
-    /// Leaves this font's name in the settings.
-    void store(const QString &fontName)
-    {
-        QVERIFY(desktop->close());
-        desktop->store("TextBoard", "FontName", fontName);
     }
 };
 

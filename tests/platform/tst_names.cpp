@@ -5,8 +5,7 @@
 #include "platform/FileName.h"
 #include "tests/support/Files.h"
 
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 using namespace Qt::StringLiterals;
 
@@ -70,7 +69,7 @@ private slots:
         }
     }
 
-    void pathsAreCut()
+    void paths()
     {
         for (const auto &[path, folder, name, kept] :
              {std::tuple("/a/b.txt", "/a/", "b.txt", "/a"),
@@ -83,10 +82,6 @@ private slots:
             QCOMPARE(WithoutSeparator(split.Folder), kept);
         }
         QCOMPARE(EndingOf("/a/b.Zcm") + EndingOf("a"), QString("ZCMA"));
-    }
-
-    void noticesOfPaths()
-    {
         const QTemporaryDir temporary;
         const QString folder = temporary.path() + '/';
         writeFile(folder + "a b.txt", "abc");

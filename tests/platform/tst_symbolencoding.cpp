@@ -3,9 +3,7 @@
 #include "platform/SymbolEncoding.h"
 #include "tests/support/Files.h"
 
-#include <QRandomGenerator>
-#include <QTest>
-#include <QtEndian>
+#include <QtTest>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
@@ -115,24 +113,6 @@ private slots:
         QVERIFY(again);
         QCOMPARE(glyphOf(*again, 0xF041), 0U);
         QCOMPARE(glyphOf(*again, 0xF042), glyphOf(copy, 'B') + 1);
-    }
-
-    void mutated()
-    {
-        QRandomGenerator random(20);
-        int readable = 0;
-        for (int round = 0; round < 3000; ++round) {
-            QByteArray changed = Symbol;
-            // The directory and the character map are what is read.
-            for (int i = 0; i < 1 + round % 4; ++i)
-                changed[random.bounded(2) ? random.bounded(200)
-                                          : mapAt(Symbol) + random.bounded(80)] =
-                    static_cast<char>(random.bounded(256));
-            const auto copy = symbolFontAsUnicode(changed, 0);
-            readable += copy.has_value();
-            QVERIFY(!copy || copy->size() <= 2 * Symbol.size() + 4096);
-        }
-        QVERIFY(readable > 0 && readable < 3000);
     }
 
 private:

@@ -4,12 +4,6 @@
 #include "core/SettingsDefaults.h"
 #include "tests/support/OtherProgram.h"
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QPointer>
-#include <QSettings>
-#include <QTimer>
-
 Answers::Answers()
 {
     qApp->installEventFilter(this);
@@ -196,9 +190,9 @@ void WindowTest::useDesktop(const QSize &pixels, double dotsPerInch, const QByte
     desktop = std::make_unique<Desktop>(pixels, dotsPerInch, settings);
 }
 
-void WindowTest::begin(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
+void WindowTest::begin(const QSize &pixels, double dotsPerInch)
 {
-    useDesktop(pixels, dotsPerInch, settings);
+    useDesktop(pixels, dotsPerInch);
     restart();
 }
 

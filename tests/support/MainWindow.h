@@ -27,15 +27,8 @@
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QLabel>
-#include <QMap>
-#include <QMenu>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
+#include <QtTest>
+#include <QtWidgets>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -58,8 +51,7 @@ public:
     /// The same for a message by its whole title and its text.
     void message(const QString &title, const QString &text, const QString &button,
                  bool dontRepeat = false);
-    /// The next dialog has this title; `use` works it and must close it. One that a failed check
-    /// has left open is closed, for the test to end.
+    /// The next dialog has this title; `use` works it and must close it.
     void dialog(const QString &title, std::function<void(QDialog *)> use);
     /// True if every expected dialog came and no other; tells what was wrong otherwise.
     bool allCame();
@@ -132,11 +124,8 @@ protected:
     void useDesktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
                     const QByteArray &settings = {});
     /// The same, and a window on it.
-    void begin(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
-               const QByteArray &settings = {});
-    /// Another window on the desktop that is there.
+    void begin(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96);
     void restart(const QString &commandTail = {}) { window = desktop->start(commandTail); }
-    /// The next dialog is this message; arguments as for Answers.
     void expect(const ExpectedMessage &said, const QString &button = "Ok", const QString &what = {},
                 bool dontRepeat = false)
     {
@@ -146,7 +135,6 @@ protected:
     /// The button of this key, on whatever bar of the window it is.
     QToolButton *button(const char *key) const;
     void press(const char *key) const { QTest::mouseClick(button(key), Qt::LeftButton); }
-    /// Presses the keys where the focus is.
     void keys(const QString &sequence) const
     {
         QTest::keySequence(window->focusWidget(), QKeySequence(sequence));
@@ -156,7 +144,6 @@ protected:
     Zendova *window = nullptr;
 };
 
-/// What main() of a test of windows does: runs the test on the small fonts alone.
 template<typename Test>
 int runWindowTest(int argc, char *argv[])
 {

@@ -12,44 +12,32 @@ namespace Says {
 
 using Said = const ExpectedMessage;
 
-// ---- Start and end of a run
-
-constexpr Said ScreenTooSmall{" Resource Initilalization Error",
-                              "needs at least 800x600 resolution with Small Fonts"};
-constexpr Said FirstRun{" Init Information", "\r\r\r\rAre you running Zendova for the first time?"};
-constexpr Said Repair{" Registry Initialization Error", "seem to be incorrect. Continue Loading?"};
+constexpr Said ScreenTooSmall{" Resource Initilalization Error", "needs at least 800x600"};
+constexpr Said FirstRun{" Init Information", "running Zendova for the first time?"};
+constexpr Said Repair{" Registry Initialization Error", "seem to be incorrect."};
 constexpr Said MapTooLarge{" FontMap Size Error", "cannot be accommodated"};
 constexpr Said FontGone{" Font Initialization Error", "last used by Zendova is unavailable."};
 constexpr Said StartupFile{" Startup File Load Error", "%1"};
 constexpr Said Exit{" Exit Warning", "\r\r\r\rDiscard text on the TextBoard and Exit?"};
 
-// ---- Clipboard, find and unloading
-
 constexpr Said BoardIsFull{" Paste Error", "filled to it's capacity."};
 constexpr Said NoMemory{" Paste Error", "because of memory constraints."};
-constexpr Said PasteTooLong{" TextBoard Limit Warning",
-                            "you are trying to paste exceeds the maximum limit (61,440"};
+constexpr Said PasteTooLong{" TextBoard Limit Warning", "trying to paste exceeds the maximum"};
 constexpr Said Copied{" Copy Successful", "copied to Windows Clipboard."};
 constexpr Said WasCut{" Cut Successful", "cut to Windows Clipboard."};
-constexpr Said UnloadChanged{" TextBoard Save Warning", "has been changed. You will lose these "
-                                                        "changes by unloading the TextBoard"};
+constexpr Said UnloadChanged{" TextBoard Save Warning", "lose these changes by unloading"};
 constexpr Said Unload{" TextBoard Unload Warning", "You will lose this text by unloading"};
 constexpr Said NotFound{" Find Error", "\r\r\r%1\r\rWord not found upto end of TextBoard."};
 constexpr Said NotInSelection{" Find Error", "\r\r\r%1\r\rWord not found within selection."};
 
-// ---- Files
-
 constexpr Said LoadError{" File Load Error", "%1"};
-constexpr Said TextWasChanged{" TextBoard Save Warning",
-                              "has been changed. You will lose these changes by loading"};
+constexpr Said TextWasChanged{" TextBoard Save Warning", "lose these changes by loading"};
 constexpr Said TextIsThere{" TextBoard Overwrite Warning", "You will lose this text by loading"};
-constexpr Said AlreadyLoaded{" File Load Error",
-                             "\r\r\r%1\r\rText from this file is already loaded."};
-constexpr Said LoadedButChanged{" File Load Error", "%1 Text from this file was loaded but has "
-                                                    "since been changed."};
+constexpr Said AlreadyLoaded{" File Load Error", "%1 Text from this file is already"};
+constexpr Said LoadedButChanged{" File Load Error",
+                                "%1 Text from this file was loaded but has since"};
 constexpr Said WrongType{" File Type Error", "• *.ZUF (Zendova Uniform Format files) • *.TXT"};
-constexpr Said FileTooLong{" TextBoard Limit Warning",
-                           "you are trying to load exceeds the maximum limit (61,440"};
+constexpr Said FileTooLong{" TextBoard Limit Warning", "trying to load exceeds the maximum"};
 constexpr Said NotReadable{" File Load Error", "seem to be a valid .ZUF or .TXT file."};
 constexpr Said NotShown{" File Load Error", "Try closing Zendova and reloading the file again."};
 constexpr Said FontMissing{" File Font Error", "Font: %1 This font does not exist"};

@@ -3,13 +3,6 @@
 #include "tests/support/BoardText.h"
 #include "tests/textboard/BoardFormat.h"
 
-#include <QClipboard>
-#include <QMimeData>
-#include <new>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
-
 using namespace Qt::StringLiterals;
 using namespace Says;
 
@@ -19,46 +12,6 @@ QClipboard *clipboard()
 {
     return QGuiApplication::clipboard();
 }
-
-/// What another program offers, with the questions counted that it doesn't answer.
-class Offer : public QMimeData
-{
-public:
-    enum Answers { Nothing, Formats, All };
-
-    explicit Offer(Answers answers) : Answered(answers) { Unanswered = 0; }
-    QStringList formats() const override
-    {
-        return isAnswered(Formats) ? QStringList{"text/plain;charset=utf-8", "text/html"}
-                                   : QStringList();
-    }
-    bool hasFormat(const QString &format) const override { return formats().contains(format); }
-
-    static inline int Unanswered = 0;
-
-protected:
-    QVariant retrieveData(const QString &, QMetaType) const override
-    {
-        return isAnswered(All) ? QVariant(QByteArray("a\xC3\xA9")) : QVariant();
-    }
-
-private:
-    bool isAnswered(Answers question) const
-    {
-        Unanswered += Answered < question ? 1 : 0;
-        return Answered >= question;
-    }
-
-    Answers Answered;
-};
-
-/// The toolkit does not tidy up behind an exception that passes through it.
-class LeaksAllowed
-{
-#ifdef __SANITIZE_ADDRESS__
-    __lsan::ScopedDisabler Disabler;
-#endif
-};
 
 } // namespace
 
@@ -75,24 +28,17 @@ private slots:
 
     void commands()
     {
-        const struct
-        {
-            const char *Item;
-            QStringList Ways;
-            const char *Board;
-            const char *Clipboard;
-            const char *Selected;
-        } rows[] = {
+        // An item, its ways, and then the board, the clipboard and the selection.
+        const std::tuple<const char *, QStringList, QString, QString, QString> rows[] = {
             {"EditCut", {"menu", "button", "Ctrl+X", "Shift+Del", "F20"}, "abef", "cd", ""},
             {"EditCopy", {"menu", "button", "Ctrl+C", "Ctrl+Ins", "F16"}, "abcdef", "cd", "cd"},
             {"EditPaste", {"menu", "button", "Ctrl+V", "Shift+Ins", "F18"}, "aboldef", "old", ""},
             {"EditDelete", {"menu", "Ctrl+D"}, "abef", "old", ""},
-            {"EditSelectAll", {"menu", "Ctrl+A"}, "abcdef", "old", "abcdef"},
-        };
+            {"EditSelectAll", {"menu", "Ctrl+A"}, "abcdef", "old", "abcdef"}};
         // The commands are the board's also while the focus is in the find bar.
         for (const bool inFindBar : {false, true}) {
-            for (const auto &row : rows) {
-                for (const QString &way : row.Ways) {
+            for (const auto &[item, ways, text, copied, selected] : rows) {
+                for (const QString &way : ways) {
                     board()->setText("abcdef");
                     clipboard()->setText("old");
                     if (inFindBar) {
@@ -101,10 +47,10 @@ private slots:
                         keys("Shift+Home");
                     }
                     select(window, 2, 2);
-                    give(way, row.Item);
-                    QCOMPARE(board()->Text(), QString(row.Board));
-                    QCOMPARE(board()->SelText(), QString(row.Selected));
-                    QCOMPARE(clipboard()->text(), QString(row.Clipboard));
+                    give(way, item);
+                    QCOMPARE(board()->Text(), text);
+                    QCOMPARE(board()->SelText(), selected);
+                    QCOMPARE(clipboard()->text(), copied);
                     QCOMPARE(window->FindFrame->FindString->selectedText(),
                              QString(inFindBar ? "find" : ""));
                     board()->setText(""); // closes the bar
@@ -128,10 +74,15 @@ private slots:
         };
         QVERIFY(!isOn("Cut") && !isOn("Delete") && !isOn("SelectAll"));
         whatNeedsTextIsOn(false);
-        QVERIFY(!window->TextFile.TextChanged);
+        lookAtMenu(window, "ItemTools");
         QTest::keyClicks(board(), "ab");
         QVERIFY(window->TextFile.TextChanged);
         whatNeedsTextIsOn(true);
+        for (const bool opened : {false, true}) { // the menu comes in step as it opens
+            for (const char *item : {"ToolsCopy", "ToolsCut", "ToolsClear"})
+                QVERIFY2(menuItem(window, item)->isEnabled() == opened, item);
+            lookAtMenu(window, "ItemTools");
+        }
         QCOMPARE(window->TBPContainer->NoOfChars->text(), QString("2"));
         QVERIFY(isOn("SelectAll") && !isOn("Delete"));
         keys("Shift+Left");
@@ -139,12 +90,10 @@ private slots:
         keys("Ctrl+C");
         QCOMPARE(clipboard()->text(), QString("b"));
         QVERIFY(isOn("Cut") && isOn("Copy") && isOn("Delete"));
-        QTest::mouseClick(board()->viewport(), Qt::LeftButton);
-        QVERIFY(!button("Cut")->isEnabled() && !isOn("Copy"));
         for (const char *key : {"Home", "Ctrl+C", "Ctrl+X", "Ctrl+D"})
             keys(key);
         QCOMPARE(clipboard()->text() + board()->Text(), QString("bab"));
-
+        QVERIFY(!button("Cut")->isEnabled() && !isOn("Copy"));
         clipboard()->clear();
         QVERIFY(!button("Paste")->isEnabled() && !isOn("Paste"));
         clipboard()->setText("text of another program");
@@ -193,66 +142,12 @@ private slots:
         QCOMPARE(board()->Text().right(7), u"\u00E9ofi??\u20AC"_s);
     }
 
-    void partialPasteGoesWhereTheFocusIs()
-    {
-        board()->setText(linesOfText(BoardLimit - 3));
-        keys("Ctrl+F");
-        expect(PasteTooLong, "Yes");
-        for (const char *text : {"abcdef", "ghi"}) {
-            clipboard()->setText(text);
-            give("button", "EditPaste");
-        }
-        QCOMPARE(window->FindFrame->FindString->text(), QString("abc"));
-        QCOMPARE(board()->TextLength(), BoardLimit);
-    }
-
-    void pasteWithoutMemory()
-    {
-        [[maybe_unused]] const LeaksAllowed inTheToolkit; // of use under the sanitizers only
-        restart();
-        const auto failure =
-            connect(board(), &TextBoard::Change, window, [] { throw std::bad_alloc(); });
-        expect(NoMemory, "Ok");
-        QTRY_VERIFY(button("Paste")->isEnabled()); // the clipboard is asked behind the first paint
-        give("button", "EditPaste");
-        disconnect(failure);
-        QTest::keyClicks(board(), "!");
-        QCOMPARE(board()->Text(), QString("old!"));
-    }
-
-    void anOwnerOfTheClipboardIsAskedOnce()
-    {
-        for (const auto &[answers, pasted, unanswered] : {std::tuple(Offer::Nothing, u""_s, 1),
-                                                          {Offer::Formats, u""_s, 1},
-                                                          {Offer::All, u"a\u00E9"_s, 0}}) {
-            clipboard()->setMimeData(new Offer(answers));
-            Offer::Unanswered = 0;
-            window->EditPaste_Click();
-            QCOMPARE(board()->Text(), pasted);
-            QCOMPARE(Offer::Unanswered, unanswered);
-            QCOMPARE(button("Paste")->isEnabled(), answers != Offer::Nothing);
-        }
-        // At the start that is behind the first paint.
-        desktop->Window.reset();
-        clipboard()->setMimeData(new Offer(Offer::Nothing));
-        QTest::qWait(0);
-        Offer::Unanswered = 0;
-        desktop->Window = std::make_unique<Zendova>(QString());
-        desktop->Window->Start();
-        QCOMPARE(Offer::Unanswered, 0);
-        QTRY_COMPARE(Offer::Unanswered, 1);
-        desktop->Window->repaint();
-        QCoreApplication::processEvents();
-        QCOMPARE(Offer::Unanswered, 1);
-    }
-
     void boardToClipboard()
     {
         board()->setText(u"1 { \\ } \u00E9\u20AC\r\n\r\nend\r\n"_s);
         giveFormat(window);
         expect(Copied, "Ok");
         press("CopyButton");
-        // Both at once, for another program that takes the one or the other.
         const QMimeData *offered = clipboard()->mimeData();
         QCOMPARE(offered->data("text/plain"), QByteArray("1 { \\ } é€\n\nend\n"));
         const QByteArray rich = offered->data("text/rtf");
@@ -277,9 +172,7 @@ private slots:
         QCOMPARE(clipboard()->text(), QString("ab"));
         QCOMPARE(window->TextFile.LoadedFilePath, QString("/a/b.zuf")); // it still is its file's
         keys("Ctrl+Z");
-        QCOMPARE(board()->Text(), QString("ab"));
-        // The confirmation is silenced.
-        press("CopyButton");
+        press("CopyButton"); // the confirmation is silenced
         press("CutButton");
         QCOMPARE(board()->TextLength(), 0);
     }
@@ -287,11 +180,12 @@ private slots:
     void unloadAsks()
     {
         // Changed, warned about a text (DisplayOW), answered with; nothing if nothing is asked.
-        for (const auto &[changed, warn, answer] : {std::tuple(true, true, "Yes"),
-                                                    {true, false, "No"},
-                                                    {false, true, "Yes"},
-                                                    {false, true, "No"},
-                                                    {false, false, ""}}) {
+        const std::tuple<bool, bool, const char *> rows[] = {{true, true, "Yes"},
+                                                             {true, false, "No"},
+                                                             {false, true, "Yes"},
+                                                             {false, true, "No"},
+                                                             {false, false, ""}};
+        for (const auto &[changed, warn, answer] : rows) {
             begin();
             QTest::keyClicks(board(), "ab");
             window->TextFile.TextChanged = changed;
@@ -318,19 +212,16 @@ private slots:
     void unloadRestoresDefaults()
     {
         const QString first = window->FontNameCombo->ItemText(1);
-        for (const QString stored : {"", "Arial", "No Such"}) { // nothing: the format stays
-            QApplication::setActiveWindow(window); // no window system gives the focus back here
+        giveFormat(window);
+        for (const auto &[wished, stored, after] :
+             {std::tuple(false, "Arial", QString(GivenFormat)),
+              {true, "Arial", FirstFormat},
+              {true, "No Such", first + QString(FirstFormat).mid(5)}}) {
             QTest::keyClicks(board(), "ab");
-            if (stored != "Arial") // after the first round it is there already
-                giveFormat(window);
-            window->OptUnloadTD->setChecked(!stored.isEmpty());
-            desktop->alterSettings("UPDATE settings SET value = '" + stored +
-                                   "' WHERE name = 'FontName'");
+            window->OptUnloadTD->setChecked(wished);
+            desktop->store("TextBoard", "FontName", QString(stored));
             expect(UnloadChanged, "Yes");
             press("ClearButton");
-            const QString after = stored == "No Such" ? first + QString(FirstFormat).mid(5)
-                                  : stored.isEmpty()  ? GivenFormat
-                                                      : FirstFormat;
             QCOMPARE(formatOf(window), after);
         }
         QCOMPARE(window->Format.TBFontName, first);

@@ -2,17 +2,7 @@
 // each of them shows.
 #include "tests/textboard/BoardFormat.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
-
 namespace {
-
-constexpr const char *PickerTitle = "Pick A Color for TextBoard Font";
 
 enum Style { Bold, Italic, Underline, Strikeout };
 constexpr const char *StyleButtons[] = {"Bold", "Italic", "Underline", "Strikethrough"};
@@ -41,33 +31,6 @@ class TestFormatting : public WindowTest
     Q_OBJECT
 
 private slots:
-    void fontReachesEverything()
-    {
-        makeGlyphsReadable(window);
-        window->ViewsContainer->ZoomSizeSlider->setValue(24);
-        const auto cell = [this](int code) { return pictureOf(mapCells(), cellOf(code)); };
-        const auto zoom = [this] { // within its frame
-            return pictureOf(zoomCell(), 0).copy(4, 4, 126, 126);
-        };
-        hover(window, cellOf(FullRowCode));
-        const QPoint cellOrigin = originOfFullRow(cell(FullRowCode));
-        const QPoint zoomOrigin = originOfFullRow(zoom());
-        hover(window, cellOf('K'));
-        for (const auto &[name, font] : {std::pair("Zt Symbol", 3), {"Zt Four", 8}}) {
-            QVERIFY(chooseFont(window, name));
-            const GlyphPicture expected{.code = 'K', .font = font};
-            QCOMPARE(readGlyph(cell('K'), cellOrigin), expected);
-            QCOMPARE(readGlyph(zoom(), zoomOrigin), expected);
-            QCOMPARE(firstGlyph(window, "K"), expected);
-        }
-        // A style chooses the face of its own that the font has, but not in the map.
-        for (const auto &[style, font] : {std::pair(Bold, 9), {Italic, 11}, {Bold, 10}}) {
-            press(StyleButtons[style]);
-            QCOMPARE(firstGlyph(window, "K"), (GlyphPicture{.code = 'K', .font = font}));
-        }
-        QCOMPARE(readGlyph(cell('K'), cellOrigin), (GlyphPicture{.code = 'K', .font = 8}));
-    }
-
     void styles()
     {
         QVERIFY(chooseFont(window, "Zt Four"));
@@ -123,6 +86,8 @@ private slots:
             QVERIFY(button(StyleButtons[style])->isEnabled());
             QCOMPARE(button(StyleButtons[style])->isChecked(), wished);
             QCOMPARE(has(boardFont(), style) && has(zoomCell()->cellFont(), style), wished);
+            if (wished)
+                press(StyleButtons[style]);
         }
     }
 
@@ -160,13 +125,17 @@ private slots:
         QTest::keyClick(window->FontSizeSlider->slider(), Qt::Key_Left);
         QVERIFY(chooseFont(window, "Zt Gaps")); // the size goes with the font
         QCOMPARE(formatOf(window), QString("Zt Gaps 35 - left #000000 Black"));
+        const QFont find = window->FindFrame->FindString->font(); // never too high for its box
+        QCOMPARE(find.family(), mapCells()->cellFont().family());
+        QCOMPARE(find.pointSizeF(), 12.0);
         QCOMPARE(zoomCell()->cellFont().pointSize(), zoomed);
+        QCOMPARE(zoomCell()->cellFont().family(), mapCells()->cellFont().family());
     }
 
     void colour()
     {
         const auto pick = [this](Qt::Key move, bool byMenu) {
-            desktop->Dialogs.dialog(PickerTitle, [move](QDialog *dialog) {
+            desktop->Dialogs.dialog("Pick A Color for TextBoard Font", [move](QDialog *dialog) {
                 QTRY_VERIFY(dialog->focusWidget() && dialog->focusWidget()->hasFocus());
                 QTest::keyClick(dialog->focusWidget(), move);
                 QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
