@@ -243,6 +243,10 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     static bool IsSymbolFont(const QString &Name);
+    /// What follows every window in which a font can be set: the font goes to the board, unless it
+    /// is empty, and from there to all that show the board's.
+    void TakeFont(const QString &Chosen);
+    void ToolsKB_Click();
 
     class FontList FontList;
 

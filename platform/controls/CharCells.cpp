@@ -32,7 +32,7 @@ void CharCells::setCaption(int index, const QString &caption)
     if (cell.Caption == caption)
         return;
     cell.Caption = caption;
-    update(cell.Pixels);
+    update(reached(cell));
     announce(index, count() == 1 ? QAccessible::DescriptionChanged : QAccessible::NameChanged);
 }
 
@@ -43,7 +43,7 @@ void CharCells::setColors(int index, ColorValue fore, ColorValue back)
         return;
     cell.ForeColor = fore;
     cell.BackColor = back;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setBorderStyle(int index, int style)
@@ -52,13 +52,26 @@ void CharCells::setBorderStyle(int index, int style)
     if (cell.BorderStyle == style)
         return;
     cell.BorderStyle = style;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setTransparent(bool on)
 {
     if (std::exchange(Transparent, on) != on)
         update();
+}
+
+void CharCells::setReach(double twips)
+{
+    if (std::exchange(Reach, twips) != twips)
+        update();
+}
+
+QRect CharCells::reached(const Cell &cell) const
+{
+    const int across = Scale.across(Reach);
+    const int down = Scale.down(Reach);
+    return cell.Pixels.adjusted(-across, -down, across, down);
 }
 
 void CharCells::setSelectedCell(int index)
@@ -68,7 +81,7 @@ void CharCells::setSelectedCell(int index)
         return;
     for (const int changed : {before, index})
         if (changed >= 0)
-            update(at(changed).Pixels);
+            update(reached(at(changed)));
     if (before >= 0)
         announce(before, QAccessible::SelectionRemove);
     if (index >= 0) {
@@ -150,7 +163,7 @@ void CharCells::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     const DevicePixels device(painter.deviceTransform());
     const auto paint = [&](int index) {
-        if (event->region().intersects(at(index).Pixels))
+        if (event->region().intersects(reached(at(index))))
             paintCell(painter, device, at(index), index == Selected);
     };
     for (int index = 0; index < count(); ++index)
@@ -218,7 +231,7 @@ void CharCells::paintCaption(QPainter &painter, const DevicePixels &device, cons
     QPointF start(device.across(box.center().x() - width / 2),
                   device.down(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
     const double line = cell.BorderStyle == 1 ? device.line() : 0;
-    const QRectF room = box.adjusted(line, line, -line, -line);
+    const QRectF room = device.cell(reached(cell)).adjusted(line, line, -line, -line);
     const QRectF ink = run.boundingRect().translated(start);
     const bool spills = !ink.isEmpty() && !room.contains(ink);
     if (spills) {
