@@ -15,7 +15,6 @@
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/Icons.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -258,23 +257,38 @@ bool Keyboard::isShifted() const
 
 bool Keyboard::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        const Qt::KeyboardModifiers states = key->modifiers() & ShiftStates;
-        if (event->type() == QEvent::KeyPress && states == Qt::ShiftModifier)
-            ShowShifted();
-        if (event->type() == QEvent::KeyRelease && !key->isAutoRepeat() && !states)
-            ShowUnshifted();
-    }
+    if (event->type() == QEvent::KeyPress)
+        keyDown(*static_cast<QKeyEvent *>(event));
+    else if (event->type() == QEvent::KeyRelease)
+        keyUp(*static_cast<QKeyEvent *>(event));
     return FormDialog::eventFilter(watched, event);
+}
+
+void Keyboard::keyDown(const QKeyEvent &key)
+{
+    if (key.key() == Qt::Key_Shift)
+        HeldShifts.insert(key.nativeScanCode());
+    if ((key.modifiers() & ShiftStates) == Qt::ShiftModifier)
+        ShowShifted();
+}
+
+void Keyboard::keyUp(const QKeyEvent &key)
+{
+    if (key.isAutoRepeat())
+        return;
+    if (key.key() == Qt::Key_Shift)
+        HeldShifts.remove(key.nativeScanCode());
+    if (!(key.modifiers() & ShiftStates) && HeldShifts.isEmpty())
+        ShowUnshifted();
 }
 
 bool Keyboard::event(QEvent *event)
 {
-    // Another window will see the Shift key come up.
-    if (event->type() == QEvent::WindowDeactivate &&
-        QGuiApplication::keyboardModifiers() & Qt::ShiftModifier)
+    // Another window will see a Shift key that is held come up.
+    if (event->type() == QEvent::WindowDeactivate && !HeldShifts.isEmpty()) {
+        HeldShifts.clear();
         ShowUnshifted();
+    }
     return FormDialog::event(event);
 }
 

@@ -5,11 +5,14 @@
 
 #include "platform/controls/FormDialog.h"
 
+#include <QSet>
+
 class CharCells;
 class FontCombo;
 class FontList;
 class KeyboardPicture;
 class QFrame;
+class QKeyEvent;
 class QPushButton;
 class QToolButton;
 
@@ -59,6 +62,8 @@ private:
     void connectControls();
     void orderTabs();
     KeyboardPicture *makeShift(const char *name, const QString &file = {});
+    void keyDown(const QKeyEvent &key);
+    void keyUp(const QKeyEvent &key);
     bool isShifted() const;
     void showShift(bool shifted);
     void showFont(const QString &name);
@@ -67,4 +72,7 @@ private:
     QString KBStartFont;
     QString KBFontName;
     QString Chosen;
+    /// The Shift keys that are down, by their scan codes: as one of two comes up, the event itself
+    /// tells of no other.
+    QSet<quint32> HeldShifts;
 };

@@ -18,13 +18,13 @@ struct Tone
     float OnDark;
 };
 constexpr Tone Tones[] = {
-    {.34F, .07F}, // the case
-    {.52F, .36F}, // its edge
-    {.54F, .00F}, // the shadow of a key
-    {.17F, .17F}, // a character key: its side
-    {.02F, .25F}, // and its face
-    {.31F, .10F}, // another key: its side
-    {.16F, .15F}, // and its face
+    {.42F, .06F}, // the case
+    {.60F, .36F}, // its edge
+    {.64F, .00F}, // the shadow of a key
+    {.17F, .19F}, // a character key: its side
+    {.02F, .28F}, // and its face
+    {.31F, .11F}, // another key: its side
+    {.16F, .17F}, // and its face
 };
 constexpr Tone PressedFace = {.20F, .14F};
 constexpr float PressedTint = .45F; // of it is the desktop's highlight

@@ -65,7 +65,8 @@ private slots:
             QCOMPARE(shown(), Plain);
             QTest::keyPress(focus, Qt::Key_Shift);
             QCOMPARE(shown(), Shifted);
-            QTest::keyRelease(focus, Qt::Key_A, Qt::ShiftModifier);
+            QKeyEvent other(QEvent::KeyRelease, Qt::Key_A, Qt::ShiftModifier);
+            QApplication::sendEvent(focus, &other);
             QCOMPARE(shown(), Shifted);
             QTest::keyRelease(focus, Qt::Key_Shift, Qt::ShiftModifier);
             QCOMPARE(shown(), Plain);
