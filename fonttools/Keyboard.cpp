@@ -59,17 +59,6 @@ constexpr ControlRow Rows[] = {
 /// From a character's place to the edge of the face of its key.
 constexpr double FaceEdge = 60; // twips
 
-QString altKeystroke(int slot)
-{
-    return DefaultCharTexts(SpecialCode(slot))[KeystrokeRow];
-}
-
-QString spokenSpecial(int slot)
-{
-    const int code = SpecialCode(slot);
-    return QStringList{QString::number(code), CharacterOf(code), altKeystroke(slot)}.join(", ");
-}
-
 /// The modifiers that count as a state of Shift.
 constexpr auto ShiftStates =
     Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -77,14 +66,15 @@ constexpr auto ShiftStates =
 } // namespace
 
 Keyboard::Keyboard(const FontList &fonts, QWidget *parent)
-    : FormDialog("Keyboard", Rows, Width, Height, parent), Fonts(fonts)
+    : FormDialog("Keyboard", Rows, Width, Height, parent)
 {
     setWindowTitle("Keyboard Layout Viewer");
     createControls();
+    FillFontCombo(*cmbFontName, fonts);
     ShowUnshifted();
     SetToolTips(ToolTipsOn);
     for (int slot = 1; slot < SpecialSlots; ++slot)
-        lblSplChar->setToolTip(slot, ToolTipsOn ? altKeystroke(slot) : QString());
+        lblSplChar->setToolTip(slot, ToolTipsOn ? SpecialKeystroke(slot) : QString());
     orderTabs();
     // Shift is watched wherever the focus is, in the open list of the fonts too.
     installEventFilter(this);
@@ -95,7 +85,6 @@ Keyboard::Keyboard(const FontList &fonts, QWidget *parent)
 void Keyboard::createControls()
 {
     cmbFontName = Form.Make<FontCombo>("cmbFontName");
-    FillFontCombo(*cmbFontName, Fonts);
     QLabel *label = Form.MakeLabel("lblFontSize", "Font Size:", Qt::AlignLeft);
     sldFontSize = Form.MakeNumberSlider(
         {"sldFontSize", "lblFontSizeNumber", "tbxFontSizeEdit", "Set Font Size"}, 8, 36,
@@ -118,23 +107,31 @@ void Keyboard::createPicture()
 {
     picKeyboard = Form.Make<KeyboardPicture>("picKeyboard", "keyboard.svg", Form.scale());
     setAccessibleRole(picKeyboard, QAccessible::Graphic);
-    lblFontChar = Form.Make<CharCells>("lblFontChar", KeyCount);
-    lblFontChar->setScale(Form.scale());
+    lblFontChar = makeCells("lblFontChar", KeyCount, [](int key) {
+        return CharacterKeys.at(static_cast<std::size_t>(key)).Place;
+    });
     lblFontChar->setTransparent(true);
     lblFontChar->setReach(FaceEdge);
     // A click on a character is one on the picture.
     lblFontChar->setAttribute(Qt::WA_TransparentForMouseEvents);
     lblFontChar->setReading(1, [this](int key) { return SpokenKey(key, isShifted()); });
-    std::vector<TwipRect> places;
-    for (const CharacterKey &key : CharacterKeys)
-        places.push_back(key.Place);
-    lblFontChar->setPlaces(places);
     for (int key = 0; key < KeyCount; ++key)
         lblFontChar->setBorderStyle(key, 0);
     lblLShift = makeShift("lblLShift");
     lblRShift = makeShift("lblRShift");
     picLShiftPressed = makeShift("picLShiftPressed", "keyboard-left-shift.svg");
     picRShiftPressed = makeShift("picRShiftPressed", "keyboard-right-shift.svg");
+}
+
+CharCells *Keyboard::makeCells(const char *name, int count, TwipRect (*placeOf)(int))
+{
+    auto *cells = Form.Make<CharCells>(name, count);
+    cells->setScale(Form.scale());
+    std::vector<TwipRect> places;
+    for (int index = 0; index < count; ++index)
+        places.push_back(placeOf(index));
+    cells->setPlaces(places);
+    return cells;
 }
 
 KeyboardPicture *Keyboard::makeShift(const char *name, const QString &file)
@@ -151,14 +148,8 @@ void Keyboard::createPanel()
     picSplChar->setAutoFillBackground(true);
     picSplChar->setAttribute(Qt::WA_NoMousePropagation);
     picSplChar->hide();
-    lblSplChar = Form.Make<CharCells>("lblSplChar", SpecialSlots);
-    lblSplChar->setScale(Form.scale());
-    lblSplChar->setReading(SpecialColumns,
-                           [](int slot) { return slot == 0 ? "Empty" : spokenSpecial(slot); });
-    std::vector<TwipRect> places;
-    for (int slot = 0; slot < SpecialSlots; ++slot)
-        places.push_back(SpecialPlace(slot));
-    lblSplChar->setPlaces(places);
+    lblSplChar = makeCells("lblSplChar", SpecialSlots, SpecialPlace);
+    lblSplChar->setReading(SpecialColumns, SpokenSpecial);
     for (int slot = 1; slot < SpecialSlots; ++slot)
         lblSplChar->setCaption(slot, CharacterOf(SpecialCode(slot)));
 }

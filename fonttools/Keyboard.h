@@ -21,7 +21,6 @@ class Keyboard : public FormDialog
     Q_OBJECT
 
 public:
-    /// The list must be there as long as the window.
     Keyboard(const FontList &fonts, QWidget *parent);
 
     /// To be called once, before the window is shown: the program's current font, its position in
@@ -61,6 +60,7 @@ private:
     void createPanel();
     void connectControls();
     void orderTabs();
+    CharCells *makeCells(const char *name, int count, TwipRect (*placeOf)(int));
     KeyboardPicture *makeShift(const char *name, const QString &file = {});
     void keyDown(const QKeyEvent &key);
     void keyUp(const QKeyEvent &key);
@@ -68,7 +68,6 @@ private:
     void showShift(bool shifted);
     void showFont(const QString &name);
 
-    const FontList &Fonts;
     QString KBStartFont;
     QString KBFontName;
     QString Chosen;

@@ -3,7 +3,6 @@
 
 #include "fontmap/CharInfo.h"
 
-#include <QStringList>
 #include <string_view>
 
 namespace {
@@ -61,6 +60,11 @@ constexpr NamedKey Named[] = {
     cap("Alt", 7680, SpaceRow, 1035),   cap("Ctrl", 9480, SpaceRow, 1035),
 };
 
+QString spoken(int code, const QString &keystroke)
+{
+    return QString::number(code) + ", " + CharacterOf(code) + ", " + keystroke;
+}
+
 } // namespace
 
 constexpr std::array<CharacterKey, KeyCount> CharacterKeys = keysOfRows();
@@ -69,10 +73,7 @@ QString SpokenKey(int index, bool shifted)
 {
     const CharacterKey &key = CharacterKeys.at(static_cast<std::size_t>(index));
     const QString plain = CharacterOf(key.Unshifted);
-    if (!shifted)
-        return QStringList{QString::number(key.Unshifted), plain, plain}.join(", ");
-    return QStringList{QString::number(key.Shifted), CharacterOf(key.Shifted), "Shift+" + plain}
-        .join(", ");
+    return shifted ? spoken(key.Shifted, "Shift+" + plain) : spoken(key.Unshifted, plain);
 }
 
 std::span<const NamedKey> NamedKeys()
@@ -88,4 +89,14 @@ TwipRect SpecialPlace(int slot)
         return {};
     return {first + pitch * (slot % SpecialColumns),
             first + pitch * static_cast<double>(slot / SpecialColumns), LabelSize, LabelSize};
+}
+
+QString SpecialKeystroke(int slot)
+{
+    return DefaultCharTexts(SpecialCode(slot))[KeystrokeRow];
+}
+
+QString SpokenSpecial(int slot)
+{
+    return slot == 0 ? "Empty" : spoken(SpecialCode(slot), SpecialKeystroke(slot));
 }

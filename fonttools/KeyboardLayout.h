@@ -44,3 +44,6 @@ constexpr int SpecialCode(int slot)
 }
 /// Empty for the first.
 TwipRect SpecialPlace(int slot);
+/// The keys that type the code, and what assistive tools are told of the slot.
+QString SpecialKeystroke(int slot);
+QString SpokenSpecial(int slot);

@@ -9,7 +9,6 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSlider>
 
 namespace {
 
@@ -119,7 +118,6 @@ private slots:
                 QCOMPARE(cells->cellFont().pointSize(), points);
         }
         QVERIFY(fillNumberBox(keyboard->sldFontSize, "20", Qt::Key_Escape));
-        QCOMPARE(keyboard->sldFontSize->value(), 8);
         QVERIFY(keyboard->isVisible());
     }
 
@@ -169,7 +167,6 @@ private slots:
             QCOMPARE(spoken(cells, 98), QString("224, à, Alt+0224"));
             QCOMPARE(cells->toolTip(129), on ? QString("Alt+0255") : QString());
             QCOMPARE(keyboard->lblRShift->toolTip().isEmpty(), !on);
-            QCOMPARE(keyboard->sldFontSize->slider()->toolTip().isEmpty(), !on);
             click({600, 120}); // the keys are under it
             click({294, 42});
         }
@@ -211,7 +208,6 @@ private:
         desktop->Dialogs.dialog(keyboard->windowTitle(), [](QDialog *) {}); // stays open
         QVERIFY(window->FindFontItem(font));
         keyboard->SetupKeyboard(window->Format.TBFontIndex, font, size);
-        QCOMPARE(keyboard->cmbFontName->Text(), font);
         keyboard->show();
         QApplication::setActiveWindow(keyboard.get());
         QVERIFY(QTest::qWaitForWindowExposed(keyboard.get()));
