@@ -96,7 +96,7 @@ void Zendova::CreateControls()
     SplitBar = new ::SplitBar(Form.scale(), Client);
     Form.Adopt(SplitBar, "SplitBar");
     SplitBar->setLimits(
-        [this] { return ::SplitBar::Limits{.Top = TopmostSplit(), .Bottom = LowestSplit()}; });
+        [this] { return ::SplitBar::Limits{.First = TopmostSplit(), .Last = LowestSplit()}; });
 
     FMapContainer = new FontMap(Form.scale(), *ViewsContainer->TextZoom, Client);
     Form.Adopt(FMapContainer, "FMapContainer");

@@ -134,7 +134,7 @@ constexpr MenuRow Rows[] = {
     {1, "ToolsClear", "&Unload TextBoard Contents", "", &Zendova::ToolsClear_Click, nullptr, Plain,
      ClearHelp},
     {1, "ToolsSep1", Line},
-    {1, "ToolsFB", "&Browse Fonts..."},
+    {1, "ToolsFB", "&Browse Fonts...", "", &Zendova::ToolsFB_Click},
     {1, "ToolsKB", "View &Keyboard Layout...", "", &Zendova::ToolsKB_Click},
     {1, "ToolsSep2", Line},
     {1, "ToolsOpt", "Default &Options..."},

@@ -26,7 +26,7 @@ constexpr ButtonRow<Zendova> Buttons[] = {
     {&Zendova::ZndvDefTB,
      {"KB", "KB", "View Keyboard Layout"},
      [](Zendova &z) { z.ToolsKB_Click(); }},
-    {&Zendova::ZndvDefTB, {"FB", "FB", "Browse Fonts"}},
+    {&Zendova::ZndvDefTB, {"FB", "FB", "Browse Fonts"}, [](Zendova &z) { z.ToolsFB_Click(); }},
     {&Zendova::TBOperationsTB,
      {"CopyButton", "TBCopy", "Copy TextBoard Contents to Clipboard"},
      [](Zendova &z) { z.ToolsCopy_Click(); }},

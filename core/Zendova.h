@@ -243,12 +243,14 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     static bool IsSymbolFont(const QString &Name);
+    void ToolsFB_Click();
+    void ToolsKB_Click();
     /// What follows every window in which a font can be set: the font goes to the board, unless it
     /// is empty, and from there to all that show the board's.
     void TakeFont(const QString &Chosen);
-    void ToolsKB_Click();
 
     class FontList FontList;
+    QString BrowserFont; ///< SelFont of the font browser, from one opening to the next
 
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 

@@ -6,6 +6,7 @@
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
 #include "fonttools/FillFontCombo.h"
+#include "fonttools/FontBrowser.h"
 #include "fonttools/Keyboard.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
@@ -93,6 +94,19 @@ bool Zendova::IsSymbolFont(const QString &Name)
     const auto family = std::ranges::find(families, Name, &FontFamily::name);
     return family != families.end() &&
            catalog.traits(static_cast<int>(family - families.begin())).symbol;
+}
+
+void Zendova::ToolsFB_Click()
+{
+    QString chosen;
+    {
+        FontBrowser browser(FontList, BrowserFont, this);
+        browser.FontNameXchg(Format.TBFontIndex, Format.TBFontName);
+        browser.exec();
+        chosen = browser.ChosenFont();
+    }
+    // The browser has given its fonts back by now.
+    TakeFont(chosen);
 }
 
 void Zendova::TakeFont(const QString &Chosen)

@@ -74,7 +74,7 @@ struct Split
     {
         Parent.resize(100, 100);
         Bar.setGeometry(0, 50, 100, 2);
-        Bar.setLimits([] { return SplitBar::Limits{.Top = 600, .Bottom = 1200}; });
+        Bar.setLimits([] { return SplitBar::Limits{.First = 600, .Last = 1200}; });
         QObject::connect(&Bar, &SplitBar::Dragged, &Parent,
                          [this](double target) { Bar.move(0, Fifteen.down(target)); });
         Parent.show();
