@@ -109,6 +109,21 @@ void Zendova::ToolsFB_Click()
     TakeFont(chosen);
 }
 
+void Zendova::ToolsKB_Click()
+{
+    QString chosen;
+    {
+        Keyboard keyboard(FontList, this);
+        // The picker's position: where the stored font is gone, only the picker shows the board's.
+        keyboard.SetupKeyboard(FontNameCombo->SelectedItem(), TextBoard->FontName(),
+                               TextBoard->FontSize());
+        keyboard.exec();
+        chosen = keyboard.ChosenFont();
+    }
+    // So has the keyboard.
+    TakeFont(chosen);
+}
+
 void Zendova::TakeFont(const QString &Chosen)
 {
     if (!Chosen.isEmpty())
@@ -116,14 +131,4 @@ void Zendova::TakeFont(const QString &Chosen)
     if (TextBoard->FontName() != FontNameCombo->Text())
         SelectFontByName(TextBoard->FontName());
     ApplyFontToAll();
-}
-
-void Zendova::ToolsKB_Click()
-{
-    Keyboard keyboard(FontList, this);
-    // The picker's position: where the stored font is gone, only the picker shows the board's.
-    keyboard.SetupKeyboard(FontNameCombo->SelectedItem(), TextBoard->FontName(),
-                           TextBoard->FontSize());
-    keyboard.exec();
-    TakeFont(keyboard.ChosenFont());
 }

@@ -9,7 +9,6 @@
 #include "fonttools/KeyboardLayout.h"
 #include "fonttools/KeyboardPicture.h"
 #include "fonttools/TakeFont.h"
-#include "platform/FontCatalog.h"
 #include "platform/controls/Accessibility.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
@@ -192,12 +191,7 @@ void Keyboard::SetupKeyboard(int FontIndex, const QString &FontName, double Font
 
 void Keyboard::showFont(const QString &name)
 {
-    QFont font = FontCatalog::current().font(name);
-    // The desktop may have its texts bold.
-    font.setBold(false);
-    font.setItalic(false);
-    font.setUnderline(false);
-    font.setStrikeOut(false);
+    QFont font = Shown.font(name);
     font.setPointSize(sldFontSize->value());
     lblFontChar->setCellFont(font);
     lblSplChar->setCellFont(font);

@@ -1,8 +1,9 @@
 // The modal window that shows which key gives which character of a font, and the characters that no
 // key gives. It changes no font itself: its owner asks which one was set. What is chosen in it is
-// forgotten when it closes.
+// forgotten when it closes, and its fonts are given back.
 #pragma once
 
+#include "fonttools/PassingFonts.h"
 #include "platform/controls/FormDialog.h"
 
 #include <QSet>
@@ -68,6 +69,7 @@ private:
     void showShift(bool shifted);
     void showFont(const QString &name);
 
+    PassingFonts Shown;
     QString KBStartFont;
     QString KBFontName;
     QString Chosen;
