@@ -135,7 +135,7 @@ constexpr MenuRow Rows[] = {
      ClearHelp},
     {1, "ToolsSep1", Line},
     {1, "ToolsFB", "&Browse Fonts...", "", &Zendova::ToolsFB_Click},
-    {1, "ToolsKB", "View &Keyboard Layout..."},
+    {1, "ToolsKB", "View &Keyboard Layout...", "", &Zendova::ToolsKB_Click},
     {1, "ToolsSep2", Line},
     {1, "ToolsOpt", "Default &Options..."},
 

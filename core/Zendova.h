@@ -258,6 +258,7 @@ public:
     void FontNameCombo_Click();
     static bool IsSymbolFont(const QString &Name);
     void ToolsFB_Click();
+    void ToolsKB_Click();
     /// What follows every window in which a font can be set: the font goes to the board, unless it
     /// is empty, and from there to all that show the board's.
     void TakeFont(const QString &Chosen);

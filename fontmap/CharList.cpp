@@ -100,7 +100,7 @@ public:
             const double middle = line * 1.5;
             painter->drawRect(box.adjusted(middle, middle, -middle, -middle));
         }
-        Glyphs.paint(*painter, device, box, 0, List->Model->data(index, Qt::DisplayRole).toString(),
+        Glyphs.paint(*painter, device, box, box, List->Model->data(index, Qt::DisplayRole).toString(),
                      ink);
     }
 

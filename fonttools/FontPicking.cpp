@@ -1,5 +1,5 @@
 // The fonts of the system in the font picker of the main window: filling it once at start, finding
-// and selecting a font in it, and taking over a font from the window that browses them. Positions
+// and selecting a font in it, and taking over a font from the windows that show them. Positions
 // count from 1.
 #include "core/Zendova.h"
 
@@ -7,6 +7,7 @@
 #include "core/Message.h"
 #include "fonttools/FillFontCombo.h"
 #include "fonttools/FontBrowser.h"
+#include "fonttools/Keyboard.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
 #include "textboard/TextBoard.h"
@@ -105,6 +106,21 @@ void Zendova::ToolsFB_Click()
         chosen = browser.ChosenFont();
     }
     // The browser has given its fonts back by now.
+    TakeFont(chosen);
+}
+
+void Zendova::ToolsKB_Click()
+{
+    QString chosen;
+    {
+        Keyboard keyboard(FontList, this);
+        // The picker's position: where the stored font is gone, only the picker shows the board's.
+        keyboard.SetupKeyboard(FontNameCombo->SelectedItem(), TextBoard->FontName(),
+                               TextBoard->FontSize());
+        keyboard.exec();
+        chosen = keyboard.ChosenFont();
+    }
+    // So has the keyboard.
     TakeFont(chosen);
 }
 

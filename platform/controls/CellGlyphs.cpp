@@ -30,7 +30,7 @@ double CellGlyphs::lineHeight() const
 }
 
 void CellGlyphs::paint(QPainter &painter, const DevicePixels &device, const QRectF &box,
-                       double line, const QString &text, const QColor &color) const
+                       const QRectF &room, const QString &text, const QColor &color) const
 {
     const QRawFont &glyphs = raw();
     QGlyphRun run;
@@ -49,7 +49,6 @@ void CellGlyphs::paint(QPainter &painter, const DevicePixels &device, const QRec
     // Whole pixels, so that every cell shows the same glyph alike.
     QPointF start(device.across(box.center().x() - width / 2),
                   device.down(box.center().y() + (glyphs.ascent() - glyphs.descent()) / 2));
-    const QRectF room = box.adjusted(line, line, -line, -line);
     const QRectF ink = run.boundingRect().translated(start);
     const bool spills = !ink.isEmpty() && !room.contains(ink);
     if (spills) {

@@ -24,8 +24,8 @@ public:
     double lineHeight() const;
 
     /// Paints the text in the middle of the box, in the toolkit's pixels. A glyph that spills out
-    /// of it, less a line of this width round its edge, is moved into it and cut off there.
-    void paint(QPainter &painter, const DevicePixels &device, const QRectF &box, double line,
+    /// of the room is moved into it and cut off there.
+    void paint(QPainter &painter, const DevicePixels &device, const QRectF &box, const QRectF &room,
                const QString &text, const QColor &color) const;
 
 private:

@@ -28,7 +28,7 @@ void CharCells::setCaption(int index, const QString &caption)
     if (cell.Caption == caption)
         return;
     cell.Caption = caption;
-    update(cell.Pixels);
+    update(reached(cell));
     announce(index, count() == 1 ? QAccessible::DescriptionChanged : QAccessible::NameChanged);
 }
 
@@ -39,7 +39,7 @@ void CharCells::setColors(int index, ColorValue fore, ColorValue back)
         return;
     cell.ForeColor = fore;
     cell.BackColor = back;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setBorderStyle(int index, int style)
@@ -48,13 +48,26 @@ void CharCells::setBorderStyle(int index, int style)
     if (cell.BorderStyle == style)
         return;
     cell.BorderStyle = style;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setTransparent(bool on)
 {
     if (std::exchange(Transparent, on) != on)
         update();
+}
+
+void CharCells::setReach(double twips)
+{
+    if (std::exchange(Reach, twips) != twips)
+        update();
+}
+
+QRect CharCells::reached(const Cell &cell) const
+{
+    const int across = Scale.across(Reach);
+    const int down = Scale.down(Reach);
+    return cell.Pixels.adjusted(-across, -down, across, down);
 }
 
 void CharCells::setSelectedCell(int index)
@@ -64,7 +77,7 @@ void CharCells::setSelectedCell(int index)
         return;
     for (const int changed : {before, index})
         if (changed >= 0)
-            update(at(changed).Pixels);
+            update(reached(at(changed)));
     if (before >= 0)
         announce(before, QAccessible::SelectionRemove);
     if (index >= 0) {
@@ -141,7 +154,7 @@ void CharCells::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     const DevicePixels device(painter.deviceTransform());
     const auto paint = [&](int index) {
-        if (event->region().intersects(at(index).Pixels))
+        if (event->region().intersects(reached(at(index))))
             paintCell(painter, device, at(index), index == Selected);
     };
     for (int index = 0; index < count(); ++index)
@@ -184,9 +197,11 @@ void CharCells::paintCell(QPainter &painter, const DevicePixels &device, const C
     }
     if (!Transparent)
         painter.fillRect(inside, back);
-    if (!cell.Caption.isEmpty())
-        Glyphs.paint(painter, device, device.cell(cell.Pixels),
-                     cell.BorderStyle == 1 ? device.line() : 0, cell.Caption, fore);
+    if (cell.Caption.isEmpty())
+        return;
+    const double line = cell.BorderStyle == 1 ? device.line() : 0;
+    const QRectF room = device.cell(reached(cell)).adjusted(line, line, -line, -line);
+    Glyphs.paint(painter, device, device.cell(cell.Pixels), room, cell.Caption, fore);
 }
 
 void CharCells::mousePressEvent(QMouseEvent *event)

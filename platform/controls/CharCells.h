@@ -44,6 +44,10 @@ public:
     bool isTransparent() const { return Transparent; }
     void setTransparent(bool on);
 
+    /// How far a character may reach beyond its cell on every side, in twips; 0 at first. For cells
+    /// with nothing but ground around them.
+    void setReach(double twips);
+
     /// The cell with a frame that shows on any colours; -1 for none.
     int selectedCell() const { return Selected; }
     void setSelectedCell(int index);
@@ -99,6 +103,8 @@ private:
     };
     const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
     Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
+    /// The pixels that a cell's character can touch.
+    QRect reached(const Cell &cell) const;
     void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
     void announce(int index, int event);
 
@@ -110,4 +116,5 @@ private:
     int Active = -1;
     int Selected = -1;
     bool Transparent = false;
+    double Reach = 0; ///< twips
 };
