@@ -7,6 +7,7 @@
 
 #include <QFocusEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <cmath>
@@ -82,7 +83,6 @@ void TBPreview::showBoard(const TextBoard &board)
 {
     {
         const TextBoard::FontChange inOneGo(*PreviewTB);
-        PreviewTB->setText(board.Text());
         PreviewTB->setFontName(board.FontName());
         PreviewTB->setFontSize(board.FontSize());
         PreviewTB->setFontBold(board.FontBold());
@@ -92,6 +92,7 @@ void TBPreview::showBoard(const TextBoard &board)
     }
     PreviewTB->setForeColor(board.ForeColor());
     PreviewTB->setAlignment(board.Alignment());
+    PreviewTB->setText(board.Text()); // last, so that it is laid out once
     PreviewTB->setSelStart(board.SelStart());
 }
 
@@ -108,6 +109,11 @@ bool TBPreview::eventFilter(QObject *watched, QEvent *event)
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             PreviewTB_GotFocus();
+    }
+    if (watched == PreviewTB && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::InsertParagraphSeparator)) {
+        event->ignore(); // a text that can't be changed leaves it to the button
+        return true;
     }
     return FormDialog::eventFilter(watched, event);
 }

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -32,6 +33,10 @@ std::unique_ptr<PrintJob> CmnDlg::ShowPrinter(QWidget *parent, const PrintOffer 
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(offer.DocName);
+    // Without a printer there is no paper that the toolkit knows of.
+    if (printer->printerName().isEmpty() &&
+        QLocale::system().measurementSystem() == QLocale::ImperialUSSystem)
+        printer->setPageSize(QPageSize(QPageSize::Letter));
     printer->setPageMargins({Margin, Margin, Margin, Margin}, QPageLayout::Millimeter);
     QPrintDialog dialog(printer.get(), parent);
     dialog.setWindowTitle("Print");
