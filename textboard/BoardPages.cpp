@@ -15,7 +15,6 @@
 namespace {
 
 constexpr double ScreenDotsPerInch = 96;
-constexpr double TabStop = 80; ///< pixels of such a screen, as on the board
 
 constexpr std::array Alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
 
@@ -56,7 +55,6 @@ BoardPages::BoardPages(const RichText &text, const BoardFontFactory &fontOf,
     const double height = device.height() / Scale;
     QTextOption option(Alignments.at(text.Alignments.begin()->Of));
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTabStopDistance(TabStop * metrics.logicalDpiX() / ScreenDotsPerInch);
 
     std::size_t page = 0;
     double top = 0;

@@ -7,17 +7,17 @@
 #include "textboard/BoardPages.h"
 
 #include <QBuffer>
-#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QPushButton>
+#include <QRadioButton>
 
 namespace {
 
 constexpr int GlyphSize = 32; // pixels of 24 points
-constexpr ExpectedMessage NotPrinted{" Print Error", "It is still on the TextBoard. %1"};
+constexpr ExpectedMessage NotPrinted{" Print Error",
+                                     "It is still on the TextBoard. File too large %1"};
 
 /// Pictures of the pages of the board's text, without margins, at 96 dots per inch.
 QList<QImage> pagesOf(Zendova *window, int columns, int lines)
@@ -90,6 +90,9 @@ private slots:
                 }
             }
         }
+        window->TextBoard->setText("\tC"); // the stops are 80 pixels apart, as on the board
+        press("AlignLeft");
+        QCOMPARE(readGlyph(pagesOf(window, 5, 3)[0], {80, 30}), (GlyphPicture{'C', 2}));
     }
 
     void wholeBoardToFile()
@@ -172,11 +175,9 @@ private:
     {
         select(window, 80, 2);
         desktop->Dialogs.dialog("Print", [file, accepted](QDialog *dialog) {
-            QVERIFY(dialog->findChild<QAbstractButton *>("printSelection")->isChecked());
+            QVERIFY(dialog->findChild<QRadioButton *>("printSelection")->isChecked());
             dialog->findChild<QLineEdit *>("filename")->setText(file);
-            accepted
-                ? dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click()
-                : dialog->reject();
+            QTest::keyClick(dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
         });
     }
 };
