@@ -1,6 +1,6 @@
 // The desktop's common dialogs as the program uses them: initial values in, the choice out, and a
-// Cancel that says so. The file dialogs are the desktop's; the font dialog is our own: the
-// toolkit's lists only the fonts that the toolkit holds.
+// Cancel that says so. The file dialogs are the desktop's, the print dialog is the toolkit's; the
+// font dialog is our own: the toolkit's lists only the fonts that the toolkit holds.
 #pragma once
 
 #include "platform/ColorValue.h"
