@@ -59,7 +59,6 @@ void Zendova::ToolsFS_Click()
     TextSelStart = TextBoard->SelStart();
     ShowFullScreen();
     TextBoard->setSelStart(static_cast<int>(std::lround(TextSelStart)));
-    SyncEditCommands(); // nothing is selected any more
 }
 
 void Zendova::ShowFullScreen()

@@ -71,10 +71,9 @@ private slots:
         window->TextBoard->setText(linesOfText(2800));
         QVERIFY(chooseFont(window, "Zt Four"));
         press("PrintButton"); // the menu's alone
-        for (const bool accepted : {false, true}) {
-            print(file, accepted);
-            QCOMPARE(QFile::exists(file), accepted);
-        }
+        print(file, false);
+        QVERIFY(!QFile::exists(file));
+        print(file, true);
         // 105 lines, each 18 points high, on A4 or Letter without margins of 20 mm.
         const QByteArray pdf = contentOf(file);
         QCOMPARE(pdf.count("/Type /Page\n"), 3);
@@ -117,7 +116,6 @@ private slots:
         press("Underline");
         for (const bool closed : {false, true}) {
             select(window, 5000, 3);
-            QTest::keyClick(window->TextBoard, Qt::Key_Shift); // as after selecting by keys
             desktop->Dialogs.dialog("Zendova TextBoard Full Screen Preview", [&](QDialog *dialog) {
                 QTRY_VERIFY(dialog->focusWidget() && dialog->focusWidget()->hasFocus());
                 QCOMPARE(dialog->geometry(), QRect(40, 30, 1200, 900));
@@ -131,7 +129,7 @@ private slots:
             });
             press("FullScreen");
             QCOMPARE(board->SelStart() == 5000, !closed);
-            QVERIFY(board->SelLength() == 0 && !button("Copy")->isEnabled());
+            QCOMPARE(board->SelLength(), 0);
         }
     }
 
