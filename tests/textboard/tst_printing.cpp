@@ -10,7 +10,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QRadioButton>
 
 constexpr int GlyphSize = 32; // pixels of 24 points
 
@@ -157,7 +156,7 @@ private:
     {
         select(window, 80, 2);
         desktop->Dialogs.dialog("Print", [file, accepted](QDialog *dialog) {
-            QVERIFY(dialog->findChild<QRadioButton *>("printSelection")->isChecked());
+            QVERIFY(dialog->findChild<QAbstractButton *>("printSelection")->isChecked());
             dialog->findChild<QLineEdit *>("filename")->setText(file);
             QTest::keyClick(dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
         });
