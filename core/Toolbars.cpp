@@ -33,7 +33,9 @@ constexpr ButtonRow<Zendova> Buttons[] = {
     {&Zendova::TBOperationsTB,
      {"CutButton", "TBCut", "Cut TextBoard Contents to Clipboard"},
      [](Zendova &z) { z.ToolsCut_Click(); }},
-    {&Zendova::TBOperationsTB, {"FullScreen", "FullScr", "View TextBoard Full Screen"}},
+    {&Zendova::TBOperationsTB,
+     {"FullScreen", "FullScr", "View TextBoard Full Screen"},
+     [](Zendova &z) { z.ToolsFS_Click(); }},
     // Printing is the menu's alone; the button only keeps the state that the menu copies.
     {&Zendova::TBOperationsTB,
      {"PrintButton", "TBPrint", "Print TextBoard Contents"},

@@ -358,6 +358,14 @@ public:
 
     BoardFormat Format;
 
+    // ---- textboard/Printing.cpp: the board on paper and over the whole screen
+
+    void ToolsPrint_Click();
+    void PrintBoard();
+    /// The caret goes to the preview and comes back with its Close.
+    void ToolsFS_Click();
+    void ShowFullScreen();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;

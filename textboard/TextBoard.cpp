@@ -81,7 +81,7 @@ BoardFont CatalogBoardFont(const QString &name)
             .builtInItalic = catalog.builtInItalic(name)};
 }
 
-TextBoard::TextBoard(QWidget *parent, FontFactory factory)
+TextBoard::TextBoard(QWidget *parent, BoardFontFactory factory)
     : QPlainTextEdit(parent)
     , Factory(std::move(factory))
     , Face{.font = font()}
@@ -394,19 +394,8 @@ TextBoard::FontChange::~FontChange()
 
 void TextBoard::applyFont()
 {
-    if (OpenFontChanges > 0)
-        return;
-    // Each property is set even to the value that it has: one that isn't would follow the parent's.
-    QFont font = Face.font;
-    font.setPointSizeF(Points);
-    font.setWeight(Bold && !Face.builtInBold ? QFont::Bold : font.weight());
-    font.setStyle(Italic && !Face.builtInItalic ? QFont::StyleItalic : font.style());
-    font.setUnderline(Underline);
-    font.setStrikeOut(Strikethru);
-    // A glyph that the font lacks is shown as missing, never borrowed from another font.
-    font.setStyleStrategy(
-        static_cast<QFont::StyleStrategy>(font.styleStrategy() | QFont::NoFontMerging));
-    setFont(font);
+    if (OpenFontChanges == 0)
+        setFont(Face.drawn(Points, Bold, Italic, Underline, Strikethru));
 }
 
 QColor TextBoard::ForeColor() const
