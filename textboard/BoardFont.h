@@ -1,9 +1,10 @@
-// What stands behind the name of a font, and the one rule by which it is drawn: on a board as on
-// paper. Knows no window.
+// How text looks, on a board as on paper: what stands behind the name of a font, the one rule by
+// which it is drawn, and the alignments. Knows no window.
 #pragma once
 
 #include <QFont>
 #include <QString>
+#include <array>
 #include <functional>
 
 struct BoardFont
@@ -30,6 +31,11 @@ struct BoardFont
         return result;
     }
 };
+
+/// The toolkit's alignments of 0 left, 1 right, 2 centre. Left is left also where a line begins on
+/// the right, as in Hebrew and Arabic.
+inline constexpr std::array<Qt::Alignment, 3> BoardAlignments = {
+    Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
 
 /// Gives what stands behind a name.
 using BoardFontFactory = std::function<BoardFont(const QString &name)>;

@@ -9,14 +9,11 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QTextOption>
-#include <array>
 #include <cmath>
 
 namespace {
 
 constexpr double ScreenDotsPerInch = 96;
-
-constexpr std::array Alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
 
 /// A font made of bitmaps has the size of one of them, however many dots that is on paper.
 bool isScalable(QFont font)
@@ -53,7 +50,7 @@ BoardPages::BoardPages(const RichText &text, const BoardFontFactory &fontOf,
 
     const double width = device.width() / Scale;
     const double height = device.height() / Scale;
-    QTextOption option(Alignments.at(text.Alignments.begin()->Of));
+    QTextOption option(BoardAlignments.at(text.Alignments.begin()->Of));
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 
     std::size_t page = 0;

@@ -23,10 +23,6 @@ using EditKeys::isRedo;
 
 namespace {
 
-// Left is left also where a line begins on the right, as in Hebrew and Arabic.
-constexpr std::array<Qt::Alignment, 3> alignments = {
-    Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
-
 /// Brings text into the code page, every kind of line end as one LF.
 QString fitted(QStringView text)
 {
@@ -431,10 +427,10 @@ void TextBoard::keepSelectionVisible()
 
 void TextBoard::setAlignment(int alignment)
 {
-    if (alignment == TextAlignment || alignment < 0 || alignment >= std::ssize(alignments))
+    if (alignment == TextAlignment || alignment < 0 || alignment >= std::ssize(BoardAlignments))
         return;
     TextAlignment = alignment;
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(alignments[static_cast<std::size_t>(TextAlignment)]);
+    option.setAlignment(BoardAlignments[static_cast<std::size_t>(TextAlignment)]);
     document()->setDefaultTextOption(option);
 }
