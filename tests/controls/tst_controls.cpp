@@ -348,6 +348,8 @@ private slots:
         // symbol its middle, with 5 pixels left of them.
         const QRect top(0, 0, 28, 8);
         QCOMPARE((inkOf("/latin.ttf", "A", 64, 28) & top).boundingRect().bottom(), 7);
+        QCOMPARE((inkOf("/latin.ttf", "A", 64, 28) & QRect(1, 1, 7, 20)).boundingRect().bottom(),
+                 12);
         QCOMPARE((inkOf("/symbol.ttf", "\uF041", 64, 28) & top).boundingRect().bottom(), 5);
     }
 

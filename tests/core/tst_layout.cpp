@@ -82,6 +82,16 @@ class TestLayout : public WindowTest
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        // As high as a sans-serif of 8.25 points and, the test font being as wide as high in every
+        // character, brought to half of that, a sans-serif's average.
+        QFont font("sans-serif");
+        font.setPixelSize(11);
+        font.setLetterSpacing(QFont::PercentageSpacing, 50);
+        QApplication::setFont(font);
+    }
+
     void controls()
     {
         for (const auto &[mapSize, side] : {std::pair(1, "R"), {9, "L"}, {24, "R"}}) {
@@ -245,19 +255,5 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    const TestFonts fonts;
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    // As high as a sans-serif of 8.25 points and, the test font being as wide as high in every
-    // character, brought to half of that, a sans-serif's average.
-    QFont font("sans-serif");
-    font.setPixelSize(11);
-    font.setLetterSpacing(QFont::PercentageSpacing, 50);
-    QApplication::setFont(font);
-    TestLayout test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+ZENDOVA_WINDOW_TEST(TestLayout)
 #include "tst_layout.moc"
