@@ -211,6 +211,8 @@ void Zendova::ConnectPanels()
     connect(FMapContainer->FileCFMLoad, &QAction::triggered, this, &Zendova::FileCFMLoad_Click);
     connect(FMapContainer->FileCFMUnld, &QAction::triggered, this, &Zendova::FileCFMUnld_Click);
     connect(FMapContainer->FMRealign, &QAction::triggered, this, &Zendova::FMRealign_Click);
+    connect(FMapContainer->FMFColor, &QAction::triggered, this, &Zendova::FMFColor_Click);
+    connect(FMapContainer->FMBColor, &QAction::triggered, this, &Zendova::FMBColor_Click);
     connect(&SysInfo::current(), &SysInfo::DisplayChanged, this, &Zendova::SysInfo_DisplayChanged);
 }
 

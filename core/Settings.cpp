@@ -9,6 +9,7 @@
 #include "core/Message.h"
 #include "core/SettingsDefaults.h"
 #include "core/SettingsTable.h"
+#include "defaults/PaletteTables.h"
 #include "fontmap/FontMap.h"
 #include "fontmap/MapSize.h"
 #include "platform/SysInfo.h"
@@ -203,14 +204,7 @@ void Zendova::CreateSettingsKeys()
 
 void Zendova::WriteCustomColorDefaults()
 {
-    int number = 0;
-    for (const CustomColorDefault &color : CustomColorDefaults)
-        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"CustomColors"), QString::number(++number),
-                      color.stored, REG_DWORD);
-    number = 0;
-    for (const CustomColorDefault &color : CustomColorDefaults)
-        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"CustomLabels"), QString::number(++number),
-                      color.label.toString(), REG_SZ);
+    WriteCustomColors(FirstCustomColors());
 }
 
 void Zendova::WriteMiscDefaults()

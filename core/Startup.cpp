@@ -10,6 +10,7 @@
 #include "core/Message.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "defaults/FMColorPalette.h"
 #include "fontmap/FontMap.h"
 #include "fontmap/MapSize.h"
 #include "fontmap/Views.h"
@@ -126,6 +127,7 @@ void Zendova::Form_Load()
     ApplyFontToAll();
     if (LoadAborted)
         EndProgram();
+    FMColorPalette = new ::FMColorPalette(this);
     InitFontMapSizing();
     CreditLine += "ork";
     ApplyTextBoardSettings();
@@ -354,6 +356,9 @@ void Zendova::Form_Unload()
 {
     Unloaded = true;
     hide();
+    if (FMColorPalette) // a screen that is too small ends the start before
+        FMColorPalette->SaveCustomColors();
+    delete std::exchange(FMColorPalette, nullptr);
     for (const QStringView name : {u"FMFPaletteRef", u"FMBPaletteRef", u"FMFColorIndex",
                                    u"FMBColorIndex", u"FMFColorName", u"FMBColorName"})
         RegDropValue(HKEY_CURRENT_USER, SettingsPath(u"Temp"), name);

@@ -14,6 +14,7 @@
 #include <optional>
 
 class BandBar;
+class FMColorPalette;
 class FillBar;
 class FindBar;
 class FontCombo;
@@ -230,6 +231,13 @@ public:
     void FileCFMUnld_Click();
 
     CustomMapState CustomMap;
+
+    // ---- defaults/MapColors.cpp: the colours of the map
+
+    void FMFColor_Click();
+    void FMBColor_Click();
+
+    ::FMColorPalette *FMColorPalette = nullptr; ///< from start-up to the unload
 
     // ---- fonttools/FontPicking.cpp: the fonts of the system in the font picker
 

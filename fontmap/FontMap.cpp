@@ -55,8 +55,12 @@ constexpr ButtonRow<FontMap> Buttons[] = {
      {"RAFMap", "RAFMap", "Realign FontMap (Activates Map Sizing)"},
      [](FontMap &map) { map.FMRealign->trigger(); }},
     {&FontMap::tlbCFMapFmt, {"", "", ""}},
-    {&FontMap::tlbCFMapFmt, {"FMapFC", "FMapFC", "Set FontMap Font Color"}},
-    {&FontMap::tlbCFMapFmt, {"FMapBC", "FMapBC", "Set FontMap Back Color"}},
+    {&FontMap::tlbCFMapFmt,
+     {"FMapFC", "FMapFC", "Set FontMap Font Color"},
+     [](FontMap &map) { map.FMFColor->trigger(); }},
+    {&FontMap::tlbCFMapFmt,
+     {"FMapBC", "FMapBC", "Set FontMap Back Color"},
+     [](FontMap &map) { map.FMBColor->trigger(); }},
     {&FontMap::tlbCFMapFmt, {"", "", ""}},
     {&FontMap::tlbCFMapFmt,
      {"FMapH", "FMapH", "Show Mouse Highlight", Check},
@@ -133,6 +137,8 @@ void FontMap::createControls(const TwipScale &scale)
     FMSmaller = ControlTable::MakeCommand(this, "FMSmaller");
     FMLarger = ControlTable::MakeCommand(this, "FMLarger");
     FMRealign = ControlTable::MakeCommand(this, "FMRealign");
+    FMFColor = ControlTable::MakeCommand(this, "FMFColor");
+    FMBColor = ControlTable::MakeCommand(this, "FMBColor");
     FMHiLite = ControlTable::MakeCommand(this, "FMHiLite");
     FMBorders = ControlTable::MakeCommand(this, "FMBorders");
 }
@@ -231,11 +237,23 @@ void FontMap::ApplyFontMapColors(bool SetFore, ColorValue NewFore, bool SetBack,
 {
     if (!SetFore && !SetBack)
         return;
+    const bool highlighted = isHighlighted();
     for (int cell = 0; cell < CellCount; ++cell)
         CharButton->setColors(cell, SetFore ? NewFore : CharButton->ForeColor(cell),
                               SetBack ? NewBack : CharButton->BackColor(cell));
     TextZoom.setColors(0, Fore.Color, Back.Color);
+    if (highlighted)
+        CharButton->setColors(LastCell, Back.Color, Fore.Color);
     emit ColorsChanged();
+}
+
+/// True if LastCell shows the two colours reversed.
+bool FontMap::isHighlighted() const
+{
+    const ColorValue fore = TextZoom.ForeColor(0);
+    const ColorValue back = TextZoom.BackColor(0);
+    return fore != back && CharButton->ForeColor(LastCell) == back &&
+           CharButton->BackColor(LastCell) == fore;
 }
 
 void FontMap::SetCellBorders(int Style)

@@ -81,6 +81,7 @@ public:
     QAction *FileCFMLoad = nullptr, *FileCFMNew = nullptr;
     QAction *FileCFMEdit = nullptr, *FileCFMUnld = nullptr;
     QAction *FMSmaller = nullptr, *FMLarger = nullptr, *FMRealign = nullptr;
+    QAction *FMFColor = nullptr, *FMBColor = nullptr;
     QAction *FMHiLite = nullptr, *FMBorders = nullptr;
 
 signals:
@@ -111,6 +112,7 @@ private:
     void createControls(const TwipScale &scale);
     void connectControls();
     void sizeContainers();
+    bool isHighlighted() const;
 
     CharCells &TextZoom;
     ControlTable Form;

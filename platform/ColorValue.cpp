@@ -11,20 +11,22 @@ struct SystemRole
     QPalette::ColorGroup Group = QPalette::Active;
 };
 
+// What is written on a ground has the ink that goes with it in every palette: title bars, menus,
+// windows, the highlight, buttons and tooltips can be read on any desktop.
 constexpr std::array<SystemRole, SystemColorCount> SystemRoles = {{
-    {QPalette::Button},                         // 0 scroll bars
-    {QPalette::Dark},                           // 1 desktop
+    {QPalette::Midlight, QPalette::Inactive},   // 0 scroll bars
+    {QPalette::Dark, QPalette::Inactive},       // 1 desktop
     {QPalette::Highlight},                      // 2 active title bar
-    {QPalette::Mid},                            // 3 inactive title bar
+    {QPalette::Window, QPalette::Inactive},     // 3 inactive title bar
     {QPalette::Window},                         // 4 menu bar
     {QPalette::Base},                           // 5 window background
     {QPalette::WindowText},                     // 6 window frame
     {QPalette::WindowText},                     // 7 menu text
     {QPalette::Text},                           // 8 window text
     {QPalette::HighlightedText},                // 9 active title bar text
-    {QPalette::Button},                         // 10 active border
+    {QPalette::Mid},                            // 10 active border
     {QPalette::Button, QPalette::Inactive},     // 11 inactive border
-    {QPalette::Mid},                            // 12 application workspace
+    {QPalette::Mid, QPalette::Inactive},        // 12 application workspace
     {QPalette::Highlight},                      // 13 highlight
     {QPalette::HighlightedText},                // 14 highlight text
     {QPalette::Button},                         // 15 button face

@@ -1,15 +1,17 @@
 // The font dialog: list and search at the left, size, styles and colour at the right, the sample
-// below. And the door to the help window.
+// below. And the doors to the desktop's colour dialog and to the help window.
 #include "platform/controls/CmnDlg.h"
 
 #include "platform/controls/HelpViewer.h"
 
 #include <QAbstractListModel>
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -215,6 +217,16 @@ ChosenFont FontDialog::choice() const
             .Underline = Underline->isChecked(),
             .Strikeout = Strikeout->isChecked(),
             .Color = Color->currentData().toInt()};
+}
+
+bool CmnDlg::ShowColor(QWidget *parent, ColorValue &color)
+{
+    QColorDialog dialog(ToColor(color, QGuiApplication::palette()), parent);
+    dialog.setWindowTitle("Color");
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    color = FromColor(dialog.selectedColor());
+    return true;
 }
 
 bool CmnDlg::ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice)

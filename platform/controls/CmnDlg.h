@@ -1,6 +1,6 @@
 // The desktop's common dialogs as the program uses them: initial values in, the choice out, and a
-// Cancel that says so. The file dialogs are the desktop's; the font dialog is our own: the
-// toolkit's lists only the fonts that the toolkit holds.
+// Cancel that says so. The file and colour dialogs are the desktop's; the font dialog is our own:
+// the toolkit's lists only the fonts that the toolkit holds.
 #pragma once
 
 #include "platform/ColorValue.h"
@@ -107,6 +107,10 @@ namespace CmnDlg {
 /// Names of other kinds than the offered can be typed. Nothing is given after Cancel.
 std::optional<ChosenFile> ShowOpen(QWidget *parent, const FileOffer &offer);
 std::optional<ChosenFile> ShowSave(QWidget *parent, const FileOffer &offer);
+
+/// Asks for a colour: the desktop's own dialog where it has one. False, with the colour untouched,
+/// after Cancel.
+bool ShowColor(QWidget *parent, ColorValue &color);
 
 /// Shows the font dialog. False, with the choice untouched, after Cancel.
 bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);

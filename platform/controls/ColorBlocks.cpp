@@ -1,16 +1,29 @@
 // Painting of the blocks and the mark, and the way from keys and clicks to a choice.
 #include "platform/controls/ColorBlocks.h"
 
+#include "platform/controls/Accessibility.h"
+#include "platform/controls/DevicePixels.h"
+#include "platform/controls/Tones.h"
+
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
+
+namespace {
+
+/// Of the frames, between ground and ink.
+constexpr float FrameTone = 0.45F;
+
+} // namespace
 
 ColorBlocks::ColorBlocks(std::vector<Block> blocks, const TwipScale &scale, KeyRule rule,
                          QWidget *parent)
     : QWidget(parent), Blocks(std::move(blocks)), Scale(scale), Rule(std::move(rule))
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleRole(this, QAccessible::ColorChooser);
 }
 
 void ColorBlocks::setChosenBlock(int n)
@@ -33,6 +46,12 @@ void ColorBlocks::setMarkSize(double width, double height)
     update();
 }
 
+void ColorBlocks::setScale(const TwipScale &scale)
+{
+    Scale = scale;
+    update();
+}
+
 int ColorBlocks::blockAt(const QPoint &point) const
 {
     for (int n = 1; n <= static_cast<int>(Blocks.size()); ++n)
@@ -41,21 +60,42 @@ int ColorBlocks::blockAt(const QPoint &point) const
     return 0;
 }
 
+/// Shows on the ground, which may be one that the desktop knows nothing of.
+QColor ColorBlocks::markColor() const
+{
+    constexpr double told = 2; // contrast
+    const QColor ground = palette().color(QPalette::Window);
+    const QColor ink = palette().color(QPalette::WindowText);
+    const QColor highlight = palette().color(QPalette::Highlight);
+    if (!hasFocus())
+        return mix(ground, ink, FrameTone);
+    return contrast(highlight, ground) >= told ? highlight : ink;
+}
+
 void ColorBlocks::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    const DevicePixels device(painter.deviceTransform());
+    const auto fillInside = [&](QRectF box, double edge, const QColor &color) {
+        edge *= device.line();
+        painter.fillRect(box.adjusted(edge, edge, -edge, -edge), color);
+    };
     const TwipRect &chosen = at(Chosen).Place;
-    const QRect mark = Scale.toPixels({.Left = chosen.Left - (MarkWidth - chosen.Width) / 2,
+    const QRectF mark =
+        device.between(Scale.toPixels({.Left = chosen.Left - (MarkWidth - chosen.Width) / 2,
                                        .Top = chosen.Top - (MarkHeight - chosen.Height) / 2,
                                        .Width = MarkWidth,
-                                       .Height = MarkHeight});
-    painter.fillRect(mark, palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
-    const QRect inner = mark.adjusted(2, 2, -2, -2);
-    painter.fillRect(inner, palette().color(QPalette::Base));
+                                       .Height = MarkHeight}));
+    fillInside(mark, 0, markColor());
+    fillInside(mark, 2, palette().color(QPalette::Base));
+    const QColor frame =
+        mix(palette().color(QPalette::Window), palette().color(QPalette::WindowText), FrameTone);
+    // This may wear colours of its own: those of the desktop are others.
+    const QPalette desktop = QGuiApplication::palette();
     for (const Block &block : Blocks) {
-        const QRect box = Scale.toPixels(block.Place);
-        painter.fillRect(box, palette().color(QPalette::Mid));
-        painter.fillRect(box.adjusted(1, 1, -1, -1), ToColor(block.Color, palette()));
+        const QRectF box = device.between(Scale.toPixels(block.Place));
+        fillInside(box, 0, frame);
+        fillInside(box, 1, ToColor(block.Color, desktop));
     }
 }
 
@@ -65,7 +105,9 @@ void ColorBlocks::keyPressEvent(QKeyEvent *event)
         emit Taken();
         return;
     }
-    if (event->key() == Qt::Key_Escape) {
+    // The keys of the window's own.
+    if (event->key() == Qt::Key_Escape ||
+        event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
         QWidget::keyPressEvent(event);
         return;
     }
@@ -93,7 +135,7 @@ bool ColorBlocks::event(QEvent *event)
     if (event->type() == QEvent::ToolTip) {
         const auto *help = static_cast<QHelpEvent *>(event);
         const int n = blockAt(help->pos());
-        if (n && !label(n).isEmpty())
+        if (ToolTips && n && !label(n).isEmpty())
             QToolTip::showText(help->globalPos(), label(n), this, pixels(n));
         else
             QToolTip::hideText();

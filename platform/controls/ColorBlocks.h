@@ -19,7 +19,7 @@ public:
     {
         TwipRect Place; ///< within this widget
         ColorValue Color = 0;
-        QString Label; ///< tooltip; empty for none
+        QString Label; ///< also the tooltip; empty for none
     };
     /// Where a key (Qt::Key) takes the choice from block n, counted from 1; n for a key without
     /// effect.
@@ -31,7 +31,6 @@ public:
     int ChosenBlock() const { return Chosen; }
     /// Moves the mark to block n, counted from 1.
     void setChosenBlock(int n);
-    /// Label of block n, as its tooltip shows it.
     const QString &label(int n) const { return at(n).Label; }
     void setLabel(int n, const QString &text) { at(n).Label = text; }
     ColorValue color(int n) const { return at(n).Color; }
@@ -40,6 +39,8 @@ public:
     QRect pixels(int n) const { return Scale.toPixels(at(n).Place); }
     /// Size of the mark in twips; it stands behind the block, centred on it.
     void setMarkSize(double width, double height);
+    void setToolTips(bool on) { ToolTips = on; }
+    void setScale(const TwipScale &scale);
 
 signals:
     /// The mark moved, or was set again.
@@ -58,6 +59,7 @@ private:
     const Block &at(int n) const { return Blocks.at(static_cast<std::size_t>(n - 1)); }
     Block &at(int n) { return Blocks.at(static_cast<std::size_t>(n - 1)); }
     int blockAt(const QPoint &point) const;
+    QColor markColor() const;
 
     std::vector<Block> Blocks;
     TwipScale Scale;
@@ -65,4 +67,5 @@ private:
     int Chosen = 1;
     double MarkWidth = 0;
     double MarkHeight = 0;
+    bool ToolTips = true;
 };

@@ -128,6 +128,8 @@ private slots:
     void statesCanBeTold();
     void chosenRowsAreReadable_data() { palettes(); }
     void chosenRowsAreReadable();
+    void systemColorsAreReadable_data() { palettes(); }
+    void systemColorsAreReadable();
     void pickerWearsTheMapsColors();
     void rowsAreLevel();
     void fontsOfTheDesktop();
@@ -279,6 +281,18 @@ void TestLook::chosenRowsAreReadable()
             ++tones;
         }
         QVERIFY2(tones > 0, picture.Key);
+    }
+}
+
+void TestLook::systemColorsAreReadable()
+{
+    QFETCH(QPalette, palette);
+    // Title bars, menu, window, highlight, button, tooltip: the text and its ground.
+    for (const auto &[ink, ground] :
+         {std::pair(9, 2), {19, 3}, {7, 4}, {8, 5}, {14, 13}, {18, 15}, {23, 24}}) {
+        const double told = contrast(ToColor(SystemColorValue(ink), palette),
+                                     ToColor(SystemColorValue(ground), palette));
+        QVERIFY2(told >= 3.5, qPrintable(QString("%1 on %2: %3").arg(ink).arg(ground).arg(told)));
     }
 }
 
