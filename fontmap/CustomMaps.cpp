@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr auto FileFilter = "Zendova Custom Map Files (*.ZCM)|*.zcm";
-
 void tell(const QString &text)
 {
     ZndvMsg(text, "OK", ProductName + " Custom Map Load Error", false, 1);
@@ -44,7 +42,7 @@ void Zendova::FileCFMLoad_Click()
 void Zendova::AskLoadCustomMap()
 {
     const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Load a Custom Map",
-                                                .Filter = FileFilter,
+                                                .Filter = CustomMapFile::Filter,
                                                 .Flags = FileOffer::FileMustExist,
                                                 .InitDir = Folders.LMLoadPath});
     if (chosen && CheckMapNotLoaded(chosen->FileName))
