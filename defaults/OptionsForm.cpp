@@ -279,6 +279,7 @@ void Options::createTextBoardPage()
     Form.MakeLabel("Label1", "Sample:", Qt::AlignLeft);
     OTBSample = makeBoard("OTBSample");
     OTBSample->setText("AaBbYyZz");
+    OTBSample->document()->setDocumentMargin(2); // the largest letters need the room
     OTBSample->setReadOnly(true);
     OTBSample->setTextInteractionFlags(Qt::NoTextInteraction);
     OTBSample->viewport()->setCursor(Qt::ArrowCursor);

@@ -1,5 +1,5 @@
-// The values of the dialog of defaults without its window: what counts as a change, and what stands
-// in for values that can't be right.
+// The values of the dialog of defaults without its window: what stands in for those that can't be
+// right.
 #include "defaults/OptionValues.h"
 
 #include <QTest>
@@ -9,15 +9,6 @@ class TestOptionValues : public QObject
     Q_OBJECT
 
 private slots:
-    void whatIsNoChange()
-    {
-        OptionValues values;
-        values.OFMapStart = values.ZoomedLetter = 70;
-        values.Fore.PaletteRef = values.Back.PaletteRef = 2;
-        values.InitMapPath = "/b/a.zcm"; // of the same name as before
-        QVERIFY(TakeSnapshot(values) == TakeSnapshot({}));
-    }
-
     void limits()
     {
         const auto codes = [](int code) {
