@@ -320,6 +320,7 @@ void TestOptions::samplesFollow()
         clickCell(o, 2);
         QCOMPARE(o.OTextZoom->Caption(0), QString(">"));
         QVERIFY(o.OCharButton->pixels(2).contains(o.CharButtonBox->geometry()));
+        QCOMPARE(o.OCharButton->spokenCell(), 2);
         QTest::keyClick(o.OCharButtonScroll, Qt::Key_PageDown);
         QCOMPARE(o.OCharButtonStart->text(), QString("139"));
         QVERIFY(!o.CharButtonBox->isVisible());
@@ -335,8 +336,11 @@ void TestOptions::samplesFollow()
             QCoreApplication::processEvents();
             QCOMPARE(ground(o.OCharButton, 3), QColor(on ? Qt::black : Qt::white));
         }
+        click(o, "OFMapBorders");
+        QCOMPARE(o.OCharButton->BorderStyle(12), 0);
         click(o, "oSampleText");
-        QTest::keyClicks(o.oSampleText, "  ");
+        QTest::keyClicks(o.oSampleText, QString(50, ' '));
+        QCOMPARE(o.oSampleText->text().size(), 45);
         o.ChgFont->setFocus();
         QCOMPARE(o.oSampleText->text(), QString());
     });
@@ -356,6 +360,12 @@ void TestOptions::chooses()
                  QString("ToolTip Background241"));
         QVERIFY(!o.ocmdInitMap->isEnabled());
         QCOMPARE(o.olblInitMap->wholeText(), QString("None"));
+        QPalette desktopPalette(QColor(50, 60, 70));
+        QApplication::setPalette(desktopPalette);
+        QCoreApplication::processEvents();
+        QCOMPARE(o.OFMapBColor->grab().toImage().pixelColor(9, 9),
+                 desktopPalette.color(QPalette::Base));
+        QApplication::setPalette(QPalette());
         const QString path = chooseMap(o, "sub/<b>.zcm");
         QCOMPARE(o.olblInitMap->wholeText(), QString("<b>.zcm"));
         QVERIFY(o.olblInitMap->toolTip().contains(path.toHtmlEscaped()));
@@ -398,7 +408,7 @@ void TestOptions::keyboard()
                 met += o.focusWidget()->objectName();
                 QTest::keyClick(o.focusWidget(), Qt::Key_Tab);
             } while (o.focusWidget() != o.ChgFont && met.size() < 30);
-            met.removeLast(); // the tabs
+            QCOMPARE(met.takeLast(), o.SSTabOption->tabBar()->objectName());
             QCOMPARE(met.join(' '), QString("ChgFont OFontSizeSlider %1 OCharButtonScroll cmdOK "
                                             "cmdCancel")
                                         .arg(pages[page]));
