@@ -42,7 +42,7 @@ constexpr ControlRow Rows[] = {
     {"ResetButton", "CustomPage", {4800, 2610, 555, 330}, "Reset All Custom Colors"},
     {"CurrentColorFrame", "FMColorPalette", {75, 3735, 5520, 420}},
     {"CurrentColorCaption", "CurrentColorFrame", {120, 105, 1290, 210}},
-    {"CurrentColorBlock", "CurrentColorFrame", {1440, 105, 375, 210}},
+    {"CurrentColorBlock", "CurrentColorFrame", {1440, 105, 375, 210}, "", "Current Color"},
     {"CurrentColorLabel", "CurrentColorFrame", {1890, 105, 3540, 210}},
     {"Button1", "FMColorPalette", {2940, 4245, 1290, 330}},
     {"Button2", "FMColorPalette", {4305, 4245, 1290, 330}},
@@ -309,6 +309,7 @@ void FMColorPalette::TextButton_Click()
 {
     if (TextButton->isChecked()) {
         LabelEditOn = true;
+        EditedBlock = CColorContainer->ChosenBlock();
         CCText->setText(chosenCustomColor().Label);
         CCText->selectAll();
         CCText->show();
@@ -316,7 +317,8 @@ void FMColorPalette::TextButton_Click()
         return;
     }
     if (LabelEditOn) {
-        chosenCustomColor().Label = CCText->text();
+        Palettes[CustomPalette].at(static_cast<std::size_t>(EditedBlock - 1)).Label =
+            CCText->text();
         showCustomColors();
     }
     CCText->hide();
@@ -394,7 +396,7 @@ void FMColorPalette::reject()
 
 void FMColorPalette::closeEvent(QCloseEvent *event)
 {
-    // What runs closes it, and a window that is hidden already may be told to close once more.
+    // A window that is hidden already may be told to close, too.
     if (isVisible()) {
         TextButton->setChecked(false);
         SaveCustomColors();

@@ -81,4 +81,5 @@ private:
     std::array<ColorPalette, PaletteCount> Palettes;
     ColorPalette SavedColors; ///< the custom ones as they stood when the window opened
     bool LabelEditOn = false; ///< what CCText holds is to be taken
+    int EditedBlock = 1;      ///< whose label it is
 };

@@ -9,12 +9,19 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
 
 /// Of the frames, between ground and ink.
 constexpr float FrameTone = 0.45F;
+
+/// A label can be anybody's, and is no markup whatever it looks like.
+QString plain(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
 
 } // namespace
 
@@ -136,7 +143,7 @@ bool ColorBlocks::event(QEvent *event)
         const auto *help = static_cast<QHelpEvent *>(event);
         const int n = blockAt(help->pos());
         if (ToolTips && n && !label(n).isEmpty())
-            QToolTip::showText(help->globalPos(), label(n), this, pixels(n));
+            QToolTip::showText(help->globalPos(), plain(label(n)), this, pixels(n));
         else
             QToolTip::hideText();
         return true;

@@ -1,4 +1,4 @@
-// The palettes without their window: where keys lead, and the custom colours in the settings.
+// The custom colours in the settings, without a window.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "defaults/PaletteTables.h"
@@ -11,26 +11,6 @@ class TestPaletteTables : public QObject
     Q_OBJECT
 
 private slots:
-    void keysMoveByTheirPalette()
-    {
-        const struct
-        {
-            std::size_t Count;
-            int From;
-            Qt::Key Key;
-            int To;
-        } rows[] = {
-            {48, 41, Qt::Key_Down, 2}, {48, 48, Qt::Key_Down, 1},  {48, 1, Qt::Key_Up, 48},
-            {48, 2, Qt::Key_Up, 41},   {25, 17, Qt::Key_Down, 25}, {25, 18, Qt::Key_Down, 3},
-            {25, 8, Qt::Key_Up, 23},   {25, 1, Qt::Key_Left, 25},  {40, 32, Qt::Key_Down, 40},
-            {40, 33, Qt::Key_Down, 2}, {40, 9, Qt::Key_Up, 1},     {40, 40, Qt::Key_Right, 1},
-        };
-        QCOMPARE(PresetColors().size() + SystemColors().size() + FirstCustomColors().size(),
-                 std::size_t(48 + 25 + 40));
-        for (const auto &row : rows)
-            QCOMPARE(MoveInPalette(row.From, row.Key, static_cast<int>(row.Count)), row.To);
-    }
-
     void customColorsAreKept()
     {
         const QTemporaryDir folder;
@@ -40,8 +20,6 @@ private slots:
         for (const QStringView key : SettingsKeys)
             RegMakeKey(HKEY_CURRENT_USER, SettingsPath(key));
         ColorPalette palette = ResetCustomColors();
-        QCOMPARE(palette[25].Color, RGBValue(0xB2, 0x22, 0x22));
-        QVERIFY(AreCustomColorsChanged(palette) && !AreCustomColorsChanged(FirstCustomColors()));
         palette[0] = {.Color = SystemColorValue(8), .Label = ""};
         palette[39] = {.Color = RGBValue(1, 2, 3), .Label = "Мой & <b>цвет</b>"};
         WriteCustomColors(palette);
