@@ -7,6 +7,7 @@
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
+#include "platform/UserCodePage.h"
 #include "platform/controls/AltCode.h"
 #include "platform/controls/Icons.h"
 #include "platform/controls/Look.h"
@@ -114,6 +115,7 @@ int main(int argc, char *argv[])
     // as any failure, and not to end the program. A handler, as programs started from here would go
     // on ignoring a signal that is ignored.
     std::signal(SIGXFSZ, [](int) {});
+    UserCodePage::settle();
     FontCatalog catalog; // the toolkit must find the lean configuration when it starts
     std::optional<DisplaySearch> search(std::in_place);
     Application application(argc, argv); // takes the toolkit's own options out

@@ -1,10 +1,11 @@
 // What the running window costs: a change of the font over map, zoom and a full board, the size of
-// the map, the mouse over the cells, a full board from and to a file. Each round ends with
-// everything painted.
+// the map, the mouse over the cells, the font browser, a full board from and to a file. Each round
+// ends with everything painted.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
 #include "core/Zendova.h"
 #include "fontmap/FontMap.h"
+#include "fonttools/FontBrowser.h"
 #include "platform/FontCatalog.h"
 #include "platform/SettingsTree.h"
 #include "platform/SysInfo.h"
@@ -17,6 +18,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFile>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -158,8 +161,51 @@ void copyBoard(benchmark::State &state)
         window->CopyBoardToClipboard();
 }
 
+/// The font browser from the click to the painted window, closed again.
+void browserOpens(benchmark::State &state)
+{
+    for ([[maybe_unused]] auto unused : state) {
+        QString shown;
+        FontBrowser browser(window->FontList, shown, window);
+        browser.FontNameXchg(1, window->FontNameCombo->ItemText(1));
+        browser.show();
+        paint();
+        state.PauseTiming();
+        browser.hide();
+        paint();
+        state.ResumeTiming();
+    }
+}
+
+/// Rows of the browser's list one after the other, as with the arrow held down: every row once, or
+/// the first two in turn. Tells the memory that the process then has, in MiB of proportional set
+/// size.
+void browse(benchmark::State &state, bool known)
+{
+    QString shown;
+    FontBrowser browser(window->FontList, shown, window);
+    browser.FontNameXchg(1, window->FontNameCombo->ItemText(1));
+    browser.show();
+    paint();
+    const QAbstractItemModel &items = *browser.FontListView->model();
+    int row = 0;
+    for ([[maybe_unused]] auto unused : state) {
+        row = known ? 1 - row : (row + 1) % items.rowCount();
+        browser.FontListView->setCurrentIndex(items.index(row, 0));
+        paint();
+    }
+    QFile memory("/proc/self/smaps_rollup");
+    if (memory.open(QIODevice::ReadOnly))
+        for (const QByteArray &line : memory.readAll().split('\n'))
+            if (line.startsWith("Pss:"))
+                state.counters["MiB"] = line.mid(4).simplified().split(' ').front().toInt() / 1024;
+}
+
 } // namespace
 
+BENCHMARK(browserOpens)->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK_CAPTURE(browse, knownFonts, true)->Unit(benchmark::kMillisecond)->Iterations(100);
+BENCHMARK_CAPTURE(browse, newFonts, false)->Unit(benchmark::kMillisecond)->Iterations(10000);
 BENCHMARK(changeToKnownFont)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(changeToNewFont)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK_CAPTURE(hover, plain, false)->Unit(benchmark::kMillisecond);

@@ -13,9 +13,8 @@ std::optional<QByteArray> CommandLine::Answer(int argc, const char *const *argv)
         return QByteArray("Zendova") + VersionSuffix + '\n';
     if (qstrcmp(argv[1], "--help") == 0)
         return "Usage: zendova [PATH | --help | --version]\n"
-               "PATH is a text file and its folder, as in ./notes.txt: .ZUF (text with its font) "
-               "or "
-               ".TXT (plain text).\n"
+               "PATH is a file and its folder, as in ./notes.txt: .ZUF (text with its font), .TXT "
+               "(plain text)\nor .ZCM (custom map).\n"
                "Settings are in " +
                FileName::toBytes(SettingsTree::defaultPath()) + '\n';
     return std::nullopt;

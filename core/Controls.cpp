@@ -96,7 +96,7 @@ void Zendova::CreateControls()
     SplitBar = new ::SplitBar(Form.scale(), Client);
     Form.Adopt(SplitBar, "SplitBar");
     SplitBar->setLimits(
-        [this] { return ::SplitBar::Limits{.Top = TopmostSplit(), .Bottom = LowestSplit()}; });
+        [this] { return ::SplitBar::Limits{.First = TopmostSplit(), .Last = LowestSplit()}; });
 
     FMapContainer = new FontMap(Form.scale(), *ViewsContainer->TextZoom, Client);
     Form.Adopt(FMapContainer, "FMapContainer");
@@ -209,6 +209,8 @@ void Zendova::ConnectPanels()
     connect(FMapContainer, &FontMap::FocusFree, this, toBoard);
     connect(FMapContainer, &FontMap::RecentMapsWanted, this, &Zendova::FillMapMenu);
     connect(FMapContainer->FileCFMLoad, &QAction::triggered, this, &Zendova::FileCFMLoad_Click);
+    connect(FMapContainer->FileCFMNew, &QAction::triggered, this, &Zendova::FileCFMNew_Click);
+    connect(FMapContainer->FileCFMEdit, &QAction::triggered, this, &Zendova::FileCFMEdit_Click);
     connect(FMapContainer->FileCFMUnld, &QAction::triggered, this, &Zendova::FileCFMUnld_Click);
     connect(FMapContainer->FMRealign, &QAction::triggered, this, &Zendova::FMRealign_Click);
     connect(FMapContainer->FMFColor, &QAction::triggered, this, &Zendova::FMFColor_Click);

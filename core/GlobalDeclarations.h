@@ -38,6 +38,12 @@ inline QString PickColorName;
 inline QString PickColorValue;
 inline int PickPaletteRef = 0;
 
+/// Set by the map editor: the loaded map was saved in it and is to be loaded again.
+inline bool MapEditSaved = false;
+
+/// The caret, carried from the board to the full-screen preview and back.
+inline double TextSelStart = 0;
+
 /// What is known of a font's design, under the names of the Win32 structure LOGFONT. Heights and
 /// widths are 0 (any size), as are the fields for which fontconfig has no counterpart: the record
 /// is whole, so that a list of fonts can show any of its columns.

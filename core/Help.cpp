@@ -4,7 +4,9 @@
 
 #include "core/About.h"
 #include "core/Addresses.h"
+#include "core/CheckDFFFunctions.h"
 #include "core/GlobalDeclarations.h"
+#include "platform/ProgramFile.h"
 #include "platform/Shell.h"
 #include "platform/controls/CmnDlg.h"
 
@@ -14,10 +16,15 @@
 #include <QMenu>
 #include <QUrl>
 
+QString Zendova::HelpFile()
+{
+    const QString name = "Zendova300.hlp";
+    return CheckFile(name) ? name : ProgramFile(name);
+}
+
 void Zendova::HelpContents_Click()
 {
-    CmnDlg::ShowHelp(
-        this, {.Command = CmnDlg::HelpCommand::Contents, .HelpFile = ProductName + "300.hlp"});
+    CmnDlg::ShowHelp(this, {.Command = CmnDlg::HelpCommand::Contents, .HelpFile = HelpFile()});
 }
 
 bool Zendova::eventFilter(QObject *watched, QEvent *event)
@@ -37,15 +44,15 @@ bool Zendova::ShowMenuHelp(const QMenu &Menu, const QKeyEvent &Key)
     while (QWidget *open = QApplication::activePopupWidget())
         open->close();
     using enum CmnDlg::HelpCommand;
-    CmnDlg::ShowHelp(this, {.Command = context ? Context : Contents,
-                            .HelpFile = ProductName + "300.hlp",
-                            .HelpContext = context});
+    CmnDlg::ShowHelp(
+        this,
+        {.Command = context ? Context : Contents, .HelpFile = HelpFile(), .HelpContext = context});
     return true;
 }
 
 void Zendova::HelpReadme_Click()
 {
-    Shell::OpenFile(QCoreApplication::applicationDirPath() + "/Readme.doc");
+    Shell::OpenFile(ProgramFile("Readme.doc"));
 }
 
 void Zendova::HelpCheckUpd_Click()

@@ -61,7 +61,7 @@ void Zendova::SetAllMenuPics()
 {
     const QMenuBar &bar = *menuBar();
     setPics(bar, FixedPics);
-    if (CheckFile("Zendova300.hlp")) { // in the current folder
+    if (CheckFile(HelpFile())) {
         for (const char *name : {"HelpContents", "HelpSep1"})
             bar.findChild<QAction *>(name)->setVisible(true);
         setPics(bar, PicsWithHelp);

@@ -14,6 +14,7 @@
 #include <optional>
 
 class BandBar;
+class CustomMap;
 class FMColorPalette;
 class FillBar;
 class FindBar;
@@ -182,11 +183,13 @@ public:
 
     // ---- core/SetMenuPics.cpp: the pictures of the menus
 
-    /// All pictures, once; shows HelpContents if the help file is in the current folder.
+    /// All pictures, once; shows HelpContents if there is a help file.
     void SetAllMenuPics();
 
     // ---- core/Help.cpp: the commands of the Help menu
 
+    /// In the current folder, or where the program has its files; it need not be there.
+    static QString HelpFile();
     void HelpContents_Click();
     /// The key of the help, pressed in an open menu: closes all menus and shows the topic of the
     /// item that is highlighted, or else of the menu. False, with nothing done, for any other key
@@ -228,6 +231,9 @@ public:
     bool CheckMapNotLoaded(const QString &Path);
     /// Shows the map of a file in the grid. A file that holds none is told, and nothing changes.
     void LoadCustomMap(const QString &Path);
+    void FileCFMNew_Click();
+    /// Opens the editor on the loaded map, and loads it again if it was saved there.
+    void FileCFMEdit_Click();
     /// Back to the default map.
     void FileCFMUnld_Click();
 
@@ -252,8 +258,14 @@ public:
     void SelectFontByName(const QString &FaceName);
     void FontNameCombo_Click();
     static bool IsSymbolFont(const QString &Name);
+    void ToolsFB_Click();
+    void ToolsKB_Click();
+    /// What follows every window in which a font can be set: the font goes to the board, unless it
+    /// is empty, and from there to all that show the board's.
+    void TakeFont(const QString &Chosen);
 
     class FontList FontList;
+    QString BrowserFont; ///< SelFont of the font browser, from one opening to the next
 
     // ---- textboard/Statistics.cpp: the board's text and what shows its state
 
@@ -347,6 +359,14 @@ public:
 
     BoardFormat Format;
 
+    // ---- textboard/Printing.cpp: the board on paper and over the whole screen
+
+    void ToolsPrint_Click();
+    void PrintBoard();
+    /// The caret goes to the preview and comes back with its Close.
+    void ToolsFS_Click();
+    void ShowFullScreen();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
@@ -365,6 +385,7 @@ private:
     double LowestSplit() const;
     void PlaceFindBar();
     void ShowLoadedMap();
+    void ShowEditor(::CustomMap &editor);
     void EmptyBoard();
     bool MayUnload();
     void CopyButtonStates(const char *Menu);

@@ -169,7 +169,7 @@ void Options::changeMapColor(const MapColor &which)
 void Options::ocmdInitMap_Click()
 {
     const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Specify Startup Custom Map",
-                                                .Filter = CustomMapFile::Filter,
+                                                .Filter = CustomMapFile::FileFilter,
                                                 .Flags = FileOffer::FileMustExist,
                                                 .InitDir = MapFolder});
     if (!chosen)

@@ -68,3 +68,12 @@ CharTexts CustomCharTexts(const QString &caption, int &control)
         return charTexts(code, QStringLiteral("Ctrl+") + QString::number(control++));
     return charTexts(code, altKeystroke(code));
 }
+
+QString SpokenCell(const QStringList &texts)
+{
+    QStringList spoken;
+    for (const QString &text : texts)
+        if (!text.trimmed().isEmpty())
+            spoken += text;
+    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
+}

@@ -2,7 +2,7 @@
 // Values in, values out; filled once for a map, never while the mouse moves.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <array>
 
 constexpr int CellCount = 224;
@@ -29,3 +29,6 @@ CharTexts CustomCharTexts(const QString &caption, int &control);
 
 /// The character of a code as text of one character.
 QString CharacterOf(int code);
+
+/// What is read out of a cell: those of the texts that show something, or that it is empty.
+QString SpokenCell(const QStringList &texts);

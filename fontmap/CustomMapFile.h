@@ -12,8 +12,8 @@ namespace CustomMapFile {
 /// What the cells hold, by their index: a character as a rule, nothing in a blank cell.
 using Captions = std::array<QString, CellCount>;
 
-/// The kind of the files, for a file dialog.
-constexpr auto Filter = "Zendova Custom Map Files (*.ZCM)|*.zcm";
+/// What file dialogs offer.
+constexpr auto FileFilter = "Zendova Custom Map Files (*.ZCM)|*.zcm";
 
 /// No map is larger, unless something else was written behind its records; 1,909 bytes are a full
 /// one. Bounds the memory that a file can ask for.

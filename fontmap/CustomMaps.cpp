@@ -6,11 +6,13 @@
 #include "core/CheckDFFFunctions.h"
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "fontmap/CustomMap.h"
 #include "fontmap/CustomMapFile.h"
 #include "fontmap/FontMap.h"
 #include "platform/FileName.h"
 #include "platform/RegularFile.h"
 #include "platform/controls/CmnDlg.h"
+#include "textboard/TextBoard.h"
 
 #include <algorithm>
 
@@ -42,7 +44,7 @@ void Zendova::FileCFMLoad_Click()
 void Zendova::AskLoadCustomMap()
 {
     const auto chosen = CmnDlg::ShowOpen(this, {.DialogTitle = "Load a Custom Map",
-                                                .Filter = CustomMapFile::Filter,
+                                                .Filter = CustomMapFile::FileFilter,
                                                 .Flags = FileOffer::FileMustExist,
                                                 .InitDir = Folders.LMLoadPath});
     if (chosen && CheckMapNotLoaded(chosen->FileName))
@@ -68,6 +70,37 @@ void Zendova::LoadCustomMap(const QString &Path)
     CustomMap.LoadedMapPath = Path;
     CustomMap.LoadedMapName = SplitAtLastSeparator(Path).Name;
     UpdateMapCommands(1);
+}
+
+void Zendova::FileCFMNew_Click()
+{
+    ::CustomMap editor(FontList, this);
+    editor.SetupNewCFMap(Format.TBFontIndex, TextBoard->FontName(), TextBoard->FontSize());
+    ShowEditor(editor);
+    UpdateMapCommands(1);
+}
+
+void Zendova::FileCFMEdit_Click()
+{
+    MapEditSaved = false;
+    const QString path = CustomMap.LoadedMapPath;
+    ::CustomMap editor(FontList, this);
+    const auto failure = editor.SetupEditCFMap(path, CustomMap.LoadedMapName, Format.TBFontIndex,
+                                               TextBoard->FontName(), TextBoard->FontSize());
+    if (failure)
+        tellUnloadable(path, *failure);
+    else
+        ShowEditor(editor);
+    if (MapEditSaved)
+        LoadCustomMap(path);
+    UpdateMapCommands(1);
+}
+
+void Zendova::ShowEditor(::CustomMap &editor)
+{
+    editor.LMSavePath = Folders.LMSavePath;
+    editor.exec();
+    Folders.LMSavePath = editor.LMSavePath;
 }
 
 void Zendova::FileCFMUnld_Click()

@@ -3,6 +3,7 @@
 #include "fontmap/FontMap.h"
 
 #include "core/SettingsDefaults.h"
+#include "fontmap/MapSize.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/ElidedLabel.h"
@@ -40,8 +41,12 @@ constexpr ButtonRow<FontMap> Buttons[] = {
      {"CFMapLoad", "CFMapLoad", "Load a Cutsom FontMap", DropDown},
      [](FontMap &map) { map.FileCFMLoad->trigger(); },
      [](FontMap &map) { emit map.RecentMapsWanted(map.tlbCustFMap->button("CFMapLoad")->menu()); }},
-    {&FontMap::tlbCustFMap, {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"}},
-    {&FontMap::tlbCustFMap, {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"}},
+    {&FontMap::tlbCustFMap,
+     {"CFMapNew", "CFMapNew", "Create a New Custom FontMap"},
+     [](FontMap &map) { map.FileCFMNew->trigger(); }},
+    {&FontMap::tlbCustFMap,
+     {"CFMapEdit", "CFMapEdit", "Edit Current Custom FontMap"},
+     [](FontMap &map) { map.FileCFMEdit->trigger(); }},
     {&FontMap::tlbCustFMap,
      {"CFMapUnld", "CFMapUnld", "Unload Current Custom FontMap"},
      [](FontMap &map) { map.FileCFMUnld->trigger(); }},
@@ -70,24 +75,6 @@ constexpr ButtonRow<FontMap> Buttons[] = {
      [](FontMap &map) { map.FMBorders->trigger(); }},
 };
 
-/// Places of the 224 cells at size 1: neighbours share 15 twips, one pixel.
-std::vector<TwipRect> designCells()
-{
-    constexpr double side = 420;
-    constexpr double pitch = 405;
-    constexpr double firstTop = 375;
-    std::vector<TwipRect> places;
-    places.reserve(CellCount);
-    for (int cell = 0; cell < CellCount; ++cell) {
-        const int row = cell / MapColumns;
-        places.push_back({.Left = pitch * (cell % MapColumns),
-                          .Top = firstTop + pitch * row,
-                          .Width = side,
-                          .Height = side});
-    }
-    return places;
-}
-
 } // namespace
 
 FontMap::FontMap(const TwipScale &scale, CharCells &zoom, QWidget *parent)
@@ -102,7 +89,8 @@ void FontMap::createControls(const TwipScale &scale)
     CharButton = new CharCells(CellCount, this);
     Form.Adopt(CharButton, "CharButton");
     CharButton->setScale(scale);
-    CharButton->setPlaces(designCells());
+    constexpr double firstTop = 375; // below the bars
+    CharButton->setPlaces(MapSize::Cells(firstTop));
     CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
 
     clbFontMap = Form.Make<BandBar>("clbFontMap", scale);
@@ -195,7 +183,8 @@ void FontMap::ShowLoadedMap(bool loaded, const QString &name)
 {
     for (const char *key : {"CFMapEdit", "CFMapUnld"})
         tlbCustFMap->enableButton(key, loaded);
-    FileCFMUnld->setEnabled(loaded);
+    for (QAction *item : {FileCFMEdit, FileCFMUnld})
+        item->setEnabled(loaded);
     clbFontMap->setBandVisible(NameBand, loaded);
     if (loaded)
         lblCFMName->setWholeText(name);
@@ -226,11 +215,7 @@ void FontMap::CharButton_MouseMove(int Index)
 QString FontMap::SpokenCell(int Index) const
 {
     const CharTexts &texts = CharInfo.at(static_cast<std::size_t>(Index));
-    QStringList spoken;
-    for (const QString &text : {texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]})
-        if (!text.trimmed().isEmpty())
-            spoken += text;
-    return spoken.isEmpty() ? "Empty" : spoken.join(", ");
+    return ::SpokenCell({texts[DecimalRow], CharButton->Caption(Index), texts[KeystrokeRow]});
 }
 
 void FontMap::ApplyFontMapColors(bool SetFore, ColorValue NewFore, bool SetBack, ColorValue NewBack)

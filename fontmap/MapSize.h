@@ -2,7 +2,10 @@
 // Values in, values out; lengths in twips.
 #pragma once
 
+#include "fontmap/CharInfo.h"
 #include "platform/Twips.h"
+
+#include <vector>
 
 namespace MapSize {
 
@@ -38,6 +41,24 @@ constexpr Sizing SizingFor(int screenWidth, double twipsX)
     if (twipsX >= 15)
         return screenWidth > 800 ? Sizing::On : Sizing::Off;
     return screenWidth < 1025 ? Sizing::Off : Sizing::AsItIs;
+}
+
+/// Places of the 224 cells at size 1, the first one at the left and at this top: neighbours share
+/// 15 twips, one pixel.
+inline std::vector<TwipRect> Cells(double firstTop)
+{
+    constexpr double side = 420;
+    constexpr double pitch = 405;
+    std::vector<TwipRect> places;
+    places.reserve(CellCount);
+    for (int cell = 0; cell < CellCount; ++cell) {
+        const int row = cell / MapColumns;
+        places.push_back({.Left = pitch * (cell % MapColumns),
+                          .Top = firstTop + pitch * row,
+                          .Width = side,
+                          .Height = side});
+    }
+    return places;
 }
 
 } // namespace MapSize

@@ -4,13 +4,18 @@
 #include "fonttools/FontLoadProcedure.h"
 #include "platform/controls/FontCombo.h"
 
-void FillFontCombo(FontCombo &combo, const FontList &list)
+std::vector<FontItem> FontItemsOf(const FontList &list)
 {
-    std::vector<FontCombo::Item> items;
+    std::vector<FontItem> items;
     items.reserve(static_cast<std::size_t>(list.count()));
     for (int i = 0; i < list.count(); ++i) {
         const QString &entry = list.entry(i);
         items.push_back({.Text = fontFaceName(entry), .IconKey = fontIconKey(fontClass(entry))});
     }
-    combo.setItems(std::move(items));
+    return items;
+}
+
+void FillFontCombo(FontCombo &combo, const FontList &list)
+{
+    combo.setItems(FontItemsOf(list));
 }

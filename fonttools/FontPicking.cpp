@@ -1,12 +1,16 @@
-// The fonts of the system in the font picker of the main window: filling it once at start, and
-// finding and selecting a font in it. Positions count from 1.
+// The fonts of the system in the font picker of the main window: filling it once at start, finding
+// and selecting a font in it, and taking over a font from the windows that show them. Positions
+// count from 1.
 #include "core/Zendova.h"
 
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
 #include "fonttools/FillFontCombo.h"
+#include "fonttools/FontBrowser.h"
+#include "fonttools/Keyboard.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/FontCombo.h"
+#include "textboard/TextBoard.h"
 
 #include <algorithm>
 
@@ -90,4 +94,41 @@ bool Zendova::IsSymbolFont(const QString &Name)
     const auto family = std::ranges::find(families, Name, &FontFamily::name);
     return family != families.end() &&
            catalog.traits(static_cast<int>(family - families.begin())).symbol;
+}
+
+void Zendova::ToolsFB_Click()
+{
+    QString chosen;
+    {
+        FontBrowser browser(FontList, BrowserFont, this);
+        browser.FontNameXchg(Format.TBFontIndex, Format.TBFontName);
+        browser.exec();
+        chosen = browser.ChosenFont();
+    }
+    // The browser has given its fonts back by now.
+    TakeFont(chosen);
+}
+
+void Zendova::ToolsKB_Click()
+{
+    QString chosen;
+    {
+        Keyboard keyboard(FontList, this);
+        // The picker's position: where the stored font is gone, only the picker shows the board's.
+        keyboard.SetupKeyboard(FontNameCombo->SelectedItem(), TextBoard->FontName(),
+                               TextBoard->FontSize());
+        keyboard.exec();
+        chosen = keyboard.ChosenFont();
+    }
+    // So has the keyboard.
+    TakeFont(chosen);
+}
+
+void Zendova::TakeFont(const QString &Chosen)
+{
+    if (!Chosen.isEmpty())
+        TextBoard->setFontName(Chosen);
+    if (TextBoard->FontName() != FontNameCombo->Text())
+        SelectFontByName(TextBoard->FontName());
+    ApplyFontToAll();
 }

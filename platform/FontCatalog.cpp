@@ -131,14 +131,15 @@ QString keyOf(const QString &family)
     return family.toCaseFolded();
 }
 
-/// Adds the font, or answers false when the file cannot be read or is not what it says.
-bool addSymbolFont(const QString &fileName, int face, const QByteArray &names)
+/// Adds the font and gives the toolkit's number of it: below 0 when the file cannot be read or is
+/// not what it says.
+int addSymbolFont(const QString &fileName, int face, const QByteArray &names)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return false;
+        return -1;
     const auto font = symbolFontAsUnicode(file.readAll(), face, names);
-    return font && QFontDatabase::addApplicationFontFromData(*font) >= 0;
+    return font ? QFontDatabase::addApplicationFontFromData(*font) : -1;
 }
 
 /// The rows of a configuration in a set of our own, which keeps them when the configuration gives
@@ -162,6 +163,14 @@ struct FontCatalog::Rows
 {
     Config config{FcInitLoadConfigAndFonts()};
     FontSet set = rowsOfConfiguration(config.get());
+
+    /// What the toolkit was given of a family.
+    struct Loaded
+    {
+        std::vector<FcPattern *> faces; ///< rows of the lean configuration
+        std::vector<int> fonts;         ///< the toolkit's numbers of those that it has as data
+    };
+    QHash<int, Loaded> loaded; ///< by the family's index
 
     std::vector<bool> calledBold = std::vector<bool>(static_cast<std::size_t>(count()));
     QHash<QString, QStringList> rulesRun;
@@ -550,11 +559,8 @@ QFont FontCatalog::font(const QString &family)
     QStringList names = {family};
     if (const auto index = indexOf(family)) {
         names = {toolkitName(*index), missingFamily};
-        Entry &entry = Entries[static_cast<std::size_t>(*index)];
-        if (!entry.loaded) {
-            entry.loaded = true;
+        if (!isLoaded(family))
             load(*index);
-        }
     }
     QFont font;
     // As a list: in a single name the toolkit takes a comma for a separator. It shows the second
@@ -564,9 +570,32 @@ QFont FontCatalog::font(const QString &family)
     return font;
 }
 
+bool FontCatalog::isLoaded(const QString &family) const
+{
+    const auto index = indexOf(family);
+    return index && Table->loaded.contains(*index);
+}
+
+void FontCatalog::giveBack(const QStringList &families)
+{
+    FcFontSet *fonts = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
+    for (const QString &family : families) {
+        const Rows::Loaded gone = Table->loaded.take(indexOf(family).value_or(-1));
+        for (const int font : gone.fonts)
+            QFontDatabase::removeApplicationFont(font);
+        for (FcPattern *face : gone.faces) {
+            fonts->nfont = static_cast<int>(
+                std::remove(fonts->fonts, fonts->fonts + fonts->nfont, face) - fonts->fonts);
+            FcPatternDestroy(face);
+        }
+    }
+    letToolkitReadAnew();
+}
+
 /// Gives the toolkit the faces of the four styles.
 void FontCatalog::load(int index)
 {
+    Table->loaded.insert(index, {});
     const std::vector<int> &family = rowsAt(index);
     const auto styles = Table->fourStyles(family);
     for (std::size_t style = 0; style < styles.size(); ++style) {
@@ -579,8 +608,13 @@ void FontCatalog::load(int index)
         for (const int row : Table->sizes(family, *styles[style]))
             addToToolkit(row, index, bold, italic);
     }
-    // The toolkit reads its configuration anew after a font of the application is taken away, and
-    // only then. Ours is one that is always wanted.
+    letToolkitReadAnew();
+}
+
+/// The toolkit reads its configuration anew after a font of the application is taken away, and only
+/// then. Ours is one that is always wanted.
+void FontCatalog::letToolkitReadAnew()
+{
     const QByteArray missing = sfnt::missingGlyphFont(missingFamily);
     if (MissingFont < 0)
         MissingFont = QFontDatabase::addApplicationFontFromData(missing);
@@ -604,9 +638,15 @@ void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
     const auto sizes = isScalable(face) ? std::vector<int>() : drawableSizes(encoded, place);
     if (isScalable(face) ? !hasDrawableOutlines(encoded, place) : sizes.empty())
         return;
-    if (flagOf(face, FC_SYMBOL) &&
-        addSymbolFont(QFile::decodeName(encoded), place & 0xFFFF, sfnt::writeNames(name, style)))
+    Rows::Loaded &given = Table->loaded[index];
+    const int symbols = flagOf(face, FC_SYMBOL)
+                            ? addSymbolFont(QFile::decodeName(encoded), place & 0xFFFF,
+                                            sfnt::writeNames(name, style))
+                            : -1;
+    if (symbols >= 0) {
+        given.fonts.push_back(symbols);
         return;
+    }
     FcPattern *own = FcPatternDuplicate(face);
     // The toolkit groups by maker, and weighs width and weight: they are of no use within one
     // family, and lead to a wrong face. Which languages a face is for does not count where no
@@ -629,14 +669,18 @@ void FontCatalog::addToToolkit(int row, int index, bool bold, bool italic)
     FcPatternAddString(own, FC_FAMILY,
                        bytes(Families[static_cast<std::size_t>(index)].name.toUtf8().constData()));
     // The sizes that fontconfig tells are those that the font's properties claim.
+    const auto give = [&](FcPattern *added) {
+        if (FcFontSetAdd(fonts, added))
+            given.faces.push_back(added);
+    };
     for (const int size : sizes) {
         FcPattern *sized = FcPatternDuplicate(own);
         FcPatternDel(sized, FC_PIXEL_SIZE);
         FcPatternAddDouble(sized, FC_PIXEL_SIZE, size);
-        FcFontSetAdd(fonts, sized);
+        give(sized);
     }
     if (sizes.empty())
-        FcFontSetAdd(fonts, own);
+        give(own);
     else
         FcPatternDestroy(own);
 }

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -69,12 +70,17 @@ public:
     /// glyphs; a family that is not there shows in a text font.
     QFont font(const QString &family);
 
+    /// The toolkit knows the family, as somebody has asked for its font.
+    bool isLoaded(const QString &family) const;
+    /// Takes families from the toolkit, with the memory that they hold; others are passed over. No
+    /// font of theirs may be shown any more: the next call of font() loads the family anew.
+    void giveBack(const QStringList &families);
+
 private:
     struct Rows;
     struct Entry
     {
         std::vector<int> rows; ///< the family's faces, by their place in fontconfig's list
-        bool loaded = false;
     };
 
     std::optional<int> indexOf(const QString &family) const;
@@ -94,6 +100,7 @@ private:
     void useLeanConfiguration();
     void load(int index);
     void addToToolkit(int row, int index, bool bold, bool italic);
+    void letToolkitReadAnew();
 
     std::unique_ptr<Rows> Table;
     std::vector<FontFamily> Families;

@@ -41,8 +41,8 @@ QByteArray writeFont(quint32 version, const std::vector<Table> &tables);
 /// A "name" table with a family and one of the four styles ("Regular", "Bold Italic").
 QByteArray writeNames(const QString &family, const QString &style);
 
-/// A font whose only picture is a hollow box, for every printing character of code page 1252 and
-/// of the Latin alphabets: what stands for a font that can't be shown.
+/// A font whose only picture is a hollow box, for the characters of the Latin
+/// alphabets and, as glyph 0, for all others: what stands for a font that can't be shown.
 QByteArray missingGlyphFont(const QString &family);
 
 } // namespace sfnt

@@ -77,6 +77,11 @@ int SysInfo::screenWidth() const
     return look().Pixels.width();
 }
 
+int SysInfo::screenHeight() const
+{
+    return look().Pixels.height();
+}
+
 double SysInfo::WorkAreaLeft() const
 {
     return look().WorkArea.left() * scale().X;

@@ -40,8 +40,9 @@ public:
     /// Put this screen in place of the real one and report the change.
     void pretend(const std::optional<Screen> &screen);
 
-    /// Width of the screen in device-independent pixels; 0 without a screen.
+    /// Size of the screen in device-independent pixels; 0 without a screen.
     int screenWidth() const;
+    int screenHeight() const;
     /// The screen without panels and docks: its place on the desktop and its size, in twips.
     double WorkAreaLeft() const;
     double WorkAreaTop() const;

@@ -26,17 +26,18 @@ struct PageRow
 };
 
 constexpr PageRow Pages[] = {
-    {437, "IBM437"},        {737, "IBM737"},           {775, "IBM775"},
-    {850, "IBM850"},        {852, "IBM852"},           {855, "IBM855"},
-    {857, "IBM857"},        {858, "IBM858"},           {860, "IBM860"},
-    {861, "IBM861"},        {862, "IBM862"},           {863, "IBM863"},
-    {864, "IBM864"},        {865, "IBM865"},           {866, "IBM866"},
-    {869, "IBM869"},        {874, "windows-874"},      {932, "windows-932"},
-    {936, "windows-936"},   {949, "windows-949"},      {950, "windows-950"},
-    {1250, "windows-1250"}, {1251, "windows-1251"},    {1253, "windows-1253"},
-    {1254, "windows-1254"}, {1255, "windows-1255"},    {1256, "windows-1256"},
-    {1257, "windows-1257"}, {1258, "windows-1258"},    {10000, "macintosh"},
-    {10001, "Shift_JIS"},   {10007, "x-mac-cyrillic"}, {65001, "UTF-8"}};
+    {437, "IBM437"},        {737, "IBM737"},        {775, "IBM775"},
+    {850, "IBM850"},        {852, "IBM852"},        {855, "IBM855"},
+    {857, "IBM857"},        {858, "IBM858"},        {860, "IBM860"},
+    {861, "IBM861"},        {862, "IBM862"},        {863, "IBM863"},
+    {864, "IBM864"},        {865, "IBM865"},        {866, "IBM866"},
+    {869, "IBM869"},        {874, "windows-874"},   {932, "windows-932"},
+    {936, "windows-936"},   {949, "windows-949"},   {950, "windows-950"},
+    {1250, "windows-1250"}, {1251, "windows-1251"}, {1252, "windows-1252"},
+    {1253, "windows-1253"}, {1254, "windows-1254"}, {1255, "windows-1255"},
+    {1256, "windows-1256"}, {1257, "windows-1257"}, {1258, "windows-1258"},
+    {10000, "macintosh"},   {10001, "Shift_JIS"},   {10007, "x-mac-cyrillic"},
+    {65001, "UTF-8"}};
 
 } // namespace
 
@@ -44,6 +45,13 @@ int DocumentCodePage::ofCharset(int charset)
 {
     const auto row = std::ranges::find(Charsets, charset, &CharsetRow::Charset);
     return row == std::end(Charsets) ? 0 : row->Page;
+}
+
+int DocumentCodePage::charsetOf(int page)
+{
+    const auto row = std::ranges::find(Charsets, page, &CharsetRow::Page);
+    Q_ASSERT(row != std::end(Charsets));
+    return row->Charset;
 }
 
 bool DocumentCodePage::isLeadByte(int page, quint8 byte)
@@ -64,7 +72,7 @@ bool DocumentCodePage::isLeadByte(int page, quint8 byte)
 QString DocumentCodePage::Decoder::decode(int page, QByteArrayView bytes)
 {
     const auto row = std::ranges::find(Pages, page, &PageRow::Page);
-    if (row == std::end(Pages))
+    if (row == std::end(Pages) || page == CodePage::number())
         return CodePage::fromBytes(bytes);
     QStringDecoder &decoder = Decoders.try_emplace(page, row->Name).first->second;
     if (!decoder.isValid()) // a toolkit that was built without them

@@ -9,11 +9,12 @@
 
 namespace DocumentCodePage {
 
-constexpr int Windows1252 = 1252;
-
 /// The page of a font's `\fcharset` in the Rich Text Format; 0 where that leaves it to the
 /// document.
 int ofCharset(int charset);
+
+/// The charset of a page that the program can be used in.
+int charsetOf(int page);
 
 /// The byte is the first of two that make one character.
 bool isLeadByte(int page, quint8 byte);
@@ -29,7 +30,7 @@ constexpr bool isTrailByte(quint8 byte)
 class Decoder
 {
 public:
-    /// Bytes of a page that isn't known are taken for those of 1252, by the mapping of `CodePage`.
+    /// Bytes of a page that isn't known are taken for those of the page in force.
     QString decode(int page, QByteArrayView bytes);
 
 private:

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr std::size_t MaxGroups = 1 << 20; ///< deeper ones are read, but restore no format
+constexpr char16_t SoftHyphen = 0xAD;
 constexpr std::size_t MaxColors = 1 << 16;
 
 /// What `\deff` says; no document can give this number to a font.
@@ -126,7 +127,7 @@ private:
     std::optional<int> Unspelled; ///< the last `\u`, whose substitute in the document is awaited
 
     PendingCharacters Pending; ///< in the current code page
-    int Page = DocumentCodePage::Windows1252;
+    int Page = CodePage::Western;
     RichTextFonts Fonts;
     std::vector<ColorValue> Colors;
     ColorValue ColorEntry = 0; ///< what is told of the next one
@@ -136,7 +137,7 @@ private:
 
 // By name, for the search.
 constexpr Reader::Keyword Reader::Keywords[] = {
-    {"ansi", &Reader::documentPage, DocumentCodePage::Windows1252},
+    {"ansi", &Reader::documentPage, CodePage::Western},
     {"ansicpg", &Reader::documentPageNumber},
     {"b", &Reader::style, BoldStyle},
     {"bin", &Reader::binary},
@@ -278,7 +279,8 @@ void Reader::obeySymbol(char symbol)
         character(0xA0, {});
         break;
     case '-':
-        character(0xAD, {});
+        if (CodePage::toUnicode(SoftHyphen) == SoftHyphen) // Thai has a letter there
+            character(SoftHyphen, {});
         break;
     case '_':
         character('-', {});
@@ -353,9 +355,8 @@ void Reader::takeByte(quint8 byte)
     if (Now.Into == Destination::ColorTable || Now.Hidden)
         return;
     const int page = currentPage();
-    const bool isOneToOne =
-        Now.Into == Destination::Body &&
-        (page == DocumentCodePage::Windows1252 || Fonts.font(Now.Format.Font).Symbol);
+    const bool isOneToOne = Now.Into == Destination::Body &&
+                            (page == CodePage::number() || Fonts.font(Now.Format.Font).Symbol);
     if (Pending.awaitsSecondByte() && !DocumentCodePage::isTrailByte(byte))
         flush(); // a line end would get into the text undecoded
     if (Pending.awaitsSecondByte() || (byte >= 0x80 && !isOneToOne)) {

@@ -2,6 +2,7 @@
 #include "textboard/RichTextWriter.h"
 
 #include "platform/CodePage.h"
+#include "textboard/DocumentCodePage.h"
 
 #include <array>
 #include <utility>
@@ -93,11 +94,13 @@ void Writer::appendHead()
         Colors.numberOf(quint32(run.Of.Color));
     }
     Document.reserve(Text.Codes.size() + Text.Codes.size() / 8 + 1024);
-    Document += "{\\rtf1\\ansi\\ansicpg1252\\deff0\r\n{\\fonttbl";
+    const int page = CodePage::number();
+    Document += "{\\rtf1\\ansi\\ansicpg" + QByteArray::number(page) + "\\deff0\r\n{\\fonttbl";
+    const int charset = DocumentCodePage::charsetOf(page);
     for (const quint32 place : Fonts.Used) {
         const RichFont &font = Text.font(place);
         Document += "{\\f" + QByteArray::number(Fonts.numberOf(place));
-        Document += font.Symbol ? "\\fnil\\fcharset2 " : "\\fnil\\fcharset0 ";
+        Document += "\\fnil\\fcharset" + QByteArray::number(font.Symbol ? 2 : charset) + ' ';
         appendFontName(font.Name);
         Document += ";}";
     }

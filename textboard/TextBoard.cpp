@@ -23,7 +23,9 @@ using EditKeys::isRedo;
 
 namespace {
 
-constexpr std::array alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+// Left is left also where a line begins on the right, as in Hebrew and Arabic.
+constexpr std::array<Qt::Alignment, 3> alignments = {
+    Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute, Qt::AlignHCenter};
 
 /// Brings text into the code page, every kind of line end as one LF.
 QString fitted(QStringView text)
@@ -79,7 +81,7 @@ BoardFont CatalogBoardFont(const QString &name)
             .builtInItalic = catalog.builtInItalic(name)};
 }
 
-TextBoard::TextBoard(QWidget *parent, FontFactory factory)
+TextBoard::TextBoard(QWidget *parent, BoardFontFactory factory)
     : QPlainTextEdit(parent)
     , Factory(std::move(factory))
     , Face{.font = font()}
@@ -392,19 +394,8 @@ TextBoard::FontChange::~FontChange()
 
 void TextBoard::applyFont()
 {
-    if (OpenFontChanges > 0)
-        return;
-    // Each property is set even to the value that it has: one that isn't would follow the parent's.
-    QFont font = Face.font;
-    font.setPointSizeF(Points);
-    font.setWeight(Bold && !Face.builtInBold ? QFont::Bold : font.weight());
-    font.setStyle(Italic && !Face.builtInItalic ? QFont::StyleItalic : font.style());
-    font.setUnderline(Underline);
-    font.setStrikeOut(Strikethru);
-    // A glyph that the font lacks is shown as missing, never borrowed from another font.
-    font.setStyleStrategy(
-        static_cast<QFont::StyleStrategy>(font.styleStrategy() | QFont::NoFontMerging));
-    setFont(font);
+    if (OpenFontChanges == 0)
+        setFont(Face.drawn(Points, Bold, Italic, Underline, Strikethru));
 }
 
 QColor TextBoard::ForeColor() const

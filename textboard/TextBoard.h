@@ -4,18 +4,9 @@
 #pragma once
 
 #include "platform/controls/WheelSteps.h"
+#include "textboard/BoardFont.h"
 
-#include <QFont>
 #include <QPlainTextEdit>
-#include <functional>
-
-/// What stands behind the name of a font.
-struct BoardFont
-{
-    QFont font;                 ///< size and styles are the board's affair
-    bool builtInBold = false;   ///< the family has no upright weight: it always shows bold
-    bool builtInItalic = false; ///< the family always shows slanted
-};
 
 /// Positions and lengths are characters of the text, counted from 0. A line end is CR LF, two
 /// characters, in everything that is given out; CR LF, a lone CR and a lone LF are all taken in as
@@ -34,10 +25,8 @@ class TextBoard : public QPlainTextEdit
     Q_OBJECT
 
 public:
-    /// Gives the font for a name, called once for each change of the name.
-    using FontFactory = std::function<BoardFont(const QString &name)>;
-
-    explicit TextBoard(QWidget *parent = nullptr, FontFactory factory = {});
+    /// The factory is called once for each change of the font's name.
+    explicit TextBoard(QWidget *parent = nullptr, BoardFontFactory factory = {});
 
     /// The most characters that the text can have.
     static constexpr int MaxLength() { return 61440; }
@@ -139,7 +128,7 @@ private:
     void applyFont();
     void keepSelectionVisible();
 
-    FontFactory Factory;
+    BoardFontFactory Factory;
     BoardFont Face;
     QString FaceName;
     double Points;

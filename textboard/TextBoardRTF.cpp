@@ -61,6 +61,12 @@ RichText uniformText(QByteArray codes)
 
 // Search
 
+bool isInPage(QStringView text)
+{
+    return std::ranges::all_of(
+        text, [](QChar character) { return CodePage::toCode(character.unicode()).has_value(); });
+}
+
 using CodeTable = std::array<char, 256>;
 
 /// Each code's lower case, if that is in the code page; otherwise the code itself.
@@ -285,13 +291,10 @@ void TextBoardRTF::setSelAlignment(int alignment)
 qsizetype TextBoardRTF::Find(const QString &text, qsizetype start, std::optional<qsizetype> end,
                              int options)
 {
-    const QString composed = text.normalized(QString::NormalizationForm_C);
-    for (const QChar character : composed)
-        if (!CodePage::toCode(character.unicode()))
-            return -1; // it would match the question mark that stands for it
-    static const CodeTable LowerCases = lowerCases();
-    static const CodeTable AsTheyAre = asTheyAre();
-    const CodeTable &form = options & MatchCase ? AsTheyAre : LowerCases;
+    const QString composed = isInPage(text) ? text : text.normalized(QString::NormalizationForm_C);
+    if (!isInPage(composed))
+        return -1; // it would match the question mark that stands for it
+    const CodeTable form = options & MatchCase ? asTheyAre() : lowerCases();
     const auto inForm = [&form](char code) { return form[static_cast<quint8>(code)]; };
 
     const QByteArray &codes = Contents.Codes;

@@ -1,14 +1,10 @@
-// Painting and hit-testing of the cells. Glyphs are looked up in the font's own character map and
-// drawn by their index: no text layout, which would hide the soft hyphen and borrow from other
-// fonts.
+// Painting and hit-testing of the cells.
 #include "platform/controls/CharCells.h"
 
 #include "platform/controls/Accessibility.h"
 #include "platform/controls/DevicePixels.h"
 
 #include <QAccessible>
-#include <QFontMetricsF>
-#include <QGlyphRun>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -19,7 +15,7 @@
 #include <utility>
 
 CharCells::CharCells(int count, QWidget *parent)
-    : QWidget(parent), Cells(static_cast<std::size_t>(count)), CellFont(font())
+    : QWidget(parent), Cells(static_cast<std::size_t>(count)), Glyphs(font())
 {
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
@@ -32,7 +28,7 @@ void CharCells::setCaption(int index, const QString &caption)
     if (cell.Caption == caption)
         return;
     cell.Caption = caption;
-    update(cell.Pixels);
+    update(reached(cell));
     announce(index, count() == 1 ? QAccessible::DescriptionChanged : QAccessible::NameChanged);
 }
 
@@ -43,7 +39,7 @@ void CharCells::setColors(int index, ColorValue fore, ColorValue back)
         return;
     cell.ForeColor = fore;
     cell.BackColor = back;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setBorderStyle(int index, int style)
@@ -52,13 +48,26 @@ void CharCells::setBorderStyle(int index, int style)
     if (cell.BorderStyle == style)
         return;
     cell.BorderStyle = style;
-    update(cell.Pixels);
+    update(reached(cell));
 }
 
 void CharCells::setTransparent(bool on)
 {
     if (std::exchange(Transparent, on) != on)
         update();
+}
+
+void CharCells::setReach(double twips)
+{
+    if (std::exchange(Reach, twips) != twips)
+        update();
+}
+
+QRect CharCells::reached(const Cell &cell) const
+{
+    const int across = Scale.across(Reach);
+    const int down = Scale.down(Reach);
+    return cell.Pixels.adjusted(-across, -down, across, down);
 }
 
 void CharCells::setSelectedCell(int index)
@@ -68,7 +77,7 @@ void CharCells::setSelectedCell(int index)
         return;
     for (const int changed : {before, index})
         if (changed >= 0)
-            update(at(changed).Pixels);
+            update(reached(at(changed)));
     if (before >= 0)
         announce(before, QAccessible::SelectionRemove);
     if (index >= 0) {
@@ -105,11 +114,8 @@ int CharCells::cellAt(const QPoint &point) const
 
 void CharCells::setCellFont(const QFont &font)
 {
-    if (CellFont == font)
-        return;
-    CellFont = font;
-    Glyphs = QRawFont();
-    update();
+    if (Glyphs.setFont(font))
+        update();
 }
 
 void CharCells::setReading(int columns, std::function<QString(int)> textOf)
@@ -145,12 +151,10 @@ QSize CharCells::sizeHint() const
 
 void CharCells::paintEvent(QPaintEvent *event)
 {
-    if (!Glyphs.isValid())
-        Glyphs = QRawFont::fromFont(CellFont);
     QPainter painter(this);
     const DevicePixels device(painter.deviceTransform());
     const auto paint = [&](int index) {
-        if (event->region().intersects(at(index).Pixels))
+        if (event->region().intersects(reached(at(index))))
             paintCell(painter, device, at(index), index == Selected);
     };
     for (int index = 0; index < count(); ++index)
@@ -193,76 +197,11 @@ void CharCells::paintCell(QPainter &painter, const DevicePixels &device, const C
     }
     if (!Transparent)
         painter.fillRect(inside, back);
-    if (!cell.Caption.isEmpty())
-        paintCaption(painter, device, cell, fore);
-}
-
-void CharCells::paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
-                             const QColor &color)
-{
-    QGlyphRun run;
-    run.setRawFont(Glyphs);
-    const QList<quint32> indexes = Glyphs.glyphIndexesForString(cell.Caption);
-    const QList<QPointF> advances = Glyphs.advancesForGlyphIndexes(indexes);
-    QList<QPointF> positions;
-    positions.reserve(indexes.size());
-    double width = 0;
-    for (const QPointF &advance : advances) {
-        positions.append(QPointF(width, 0));
-        width += advance.x();
-    }
-    run.setGlyphIndexes(indexes);
-    run.setPositions(positions);
-    const QRectF box = device.cell(cell.Pixels);
-    // Whole pixels, so that every cell shows the same glyph alike.
-    QPointF start(device.across(box.center().x() - width / 2),
-                  device.down(box.center().y() + (Glyphs.ascent() - Glyphs.descent()) / 2));
+    if (cell.Caption.isEmpty())
+        return;
     const double line = cell.BorderStyle == 1 ? device.line() : 0;
-    const QRectF room = box.adjusted(line, line, -line, -line);
-    const QRectF ink = run.boundingRect().translated(start);
-    const bool spills = !ink.isEmpty() && !room.contains(ink);
-    if (spills) {
-        painter.save();
-        painter.setClipRect(room, Qt::IntersectClip);
-        start += device.steps(intoRoom(ink, room, start.y(), cell.Caption.front()));
-    }
-    painter.setPen(color);
-    painter.drawGlyphRun(start, run);
-    const double thickness = std::max(1.0, Glyphs.lineThickness());
-    if (CellFont.underline())
-        painter.fillRect(
-            QRectF(start.x(), start.y() + Glyphs.underlinePosition(), width, thickness), color);
-    if (CellFont.strikeOut())
-        painter.fillRect(QRectF(start.x(), start.y() - Glyphs.ascent() / 3, width, thickness),
-                         color);
-    if (spills)
-        painter.restore();
-}
-
-/// The way by which a glyph that spills out of its cell is moved: into it and no further. What is
-/// larger than the cell is centred, but of a letter that is too high the end shows that tells it
-/// from others: the accent above, or what is below the base line.
-QPointF CharCells::intoRoom(const QRectF &ink, const QRectF &room, double baseLine,
-                            QChar shown) const
-{
-    const auto inward = [](double from, double to, double first, double last) {
-        return from < first ? first - from : std::min(0.0, last - to);
-    };
-    QPointF way = room.center() - ink.center();
-    if (ink.width() <= room.width())
-        way.setX(inward(ink.left(), ink.right(), room.left(), room.right()));
-    const bool isSymbol = shown.category() == QChar::Other_PrivateUse;
-    if (ink.height() <= room.height()) {
-        way.setY(inward(ink.top(), ink.bottom(), room.top(), room.bottom()));
-    } else if (!isSymbol) {
-        constexpr int above = 230; // class of the combining marks above a letter
-        const QString parts = shown.decomposition();
-        const bool accented = !parts.isEmpty() && parts.back().combiningClass() == above;
-        // Round letters reach a little below the base line.
-        const bool descends = ink.bottom() - baseLine > Glyphs.descent() / 3;
-        way.setY(descends && !accented ? room.bottom() - ink.bottom() : room.top() - ink.top());
-    }
-    return way;
+    const QRectF room = device.cell(reached(cell)).adjusted(line, line, -line, -line);
+    Glyphs.paint(painter, device, device.cell(cell.Pixels), room, cell.Caption, fore);
 }
 
 void CharCells::mousePressEvent(QMouseEvent *event)

@@ -4,9 +4,8 @@
 
 #include "platform/ColorValue.h"
 #include "platform/Twips.h"
+#include "platform/controls/CellGlyphs.h"
 
-#include <QFont>
-#include <QRawFont>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -45,6 +44,10 @@ public:
     bool isTransparent() const { return Transparent; }
     void setTransparent(bool on);
 
+    /// How far a character may reach beyond its cell on every side, in twips; 0 at first. For cells
+    /// with nothing but ground around them.
+    void setReach(double twips);
+
     /// The cell with a frame that shows on any colours; -1 for none.
     int selectedCell() const { return Selected; }
     void setSelectedCell(int index);
@@ -60,7 +63,7 @@ public:
 
     /// The font of all cells. It must not merge glyphs from other fonts.
     void setCellFont(const QFont &font);
-    const QFont &cellFont() const { return CellFont; }
+    const QFont &cellFont() const { return Glyphs.font(); }
 
     /// What assistive tools are told: a table of so many columns, and the text that stands for a
     /// cell. Without it one column, and the captions alone.
@@ -100,19 +103,18 @@ private:
     };
     const Cell &at(int index) const { return Cells.at(static_cast<std::size_t>(index)); }
     Cell &at(int index) { return Cells.at(static_cast<std::size_t>(index)); }
+    /// The pixels that a cell's character can touch.
+    QRect reached(const Cell &cell) const;
     void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
-    void paintCaption(QPainter &painter, const DevicePixels &device, const Cell &cell,
-                      const QColor &color);
-    QPointF intoRoom(const QRectF &ink, const QRectF &room, double baseLine, QChar shown) const;
     void announce(int index, int event);
 
     std::vector<Cell> Cells;
     TwipScale Scale;
-    QFont CellFont;
-    QRawFont Glyphs; ///< of CellFont, made when first painted
+    CellGlyphs Glyphs;
     int Columns = 1;
     std::function<QString(int)> TextOf;
     int Active = -1;
     int Selected = -1;
     bool Transparent = false;
+    double Reach = 0; ///< twips
 };

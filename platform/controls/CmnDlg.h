@@ -1,6 +1,6 @@
 // The desktop's common dialogs as the program uses them: initial values in, the choice out, and a
-// Cancel that says so. The file and colour dialogs are the desktop's; the font dialog is our own:
-// the toolkit's lists only the fonts that the toolkit holds.
+// Cancel that says so. The file and colour dialogs are the desktop's, the print dialog is the
+// toolkit's; the font dialog is our own: the toolkit's lists only the fonts that the toolkit holds.
 #pragma once
 
 #include "platform/ColorValue.h"
@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -20,6 +21,7 @@ class QLineEdit;
 class QListView;
 class QPushButton;
 class QSpinBox;
+class PrintJob;
 
 /// What the font dialog starts from and gives back.
 struct ChosenFont
@@ -101,6 +103,13 @@ struct ChosenFile
     QString FileTitle; ///< the name without its folder
 };
 
+/// What the print dialog starts from.
+struct PrintOffer
+{
+    QString DocName;        ///< names the job, and the file if it is printed to one
+    bool Selection = false; ///< something is selected: the dialog opens with Selection chosen
+};
+
 namespace CmnDlg {
 
 /// Asks for a file of this computer to read or to write: the desktop's own dialog where it has one.
@@ -114,6 +123,10 @@ bool ShowColor(QWidget *parent, ColorValue &color);
 
 /// Shows the font dialog. False, with the choice untouched, after Cancel.
 bool ShowFont(QWidget *parent, const FontOffer &offer, ChosenFont &choice);
+
+/// Asks where and how to print: on one of the desktop's printers, or to a PDF file, which needs
+/// none. Nothing is given after Cancel.
+std::unique_ptr<PrintJob> ShowPrinter(QWidget *parent, const PrintOffer &offer);
 
 /// What of a help file is to be shown: the topic of a context id, or the top. The numbers are those
 /// of HELP_CONTEXT and HELP_FORCEFILE in winuser.h.

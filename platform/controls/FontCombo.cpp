@@ -1,46 +1,14 @@
 // A combo box over a plain table: ten thousand rows cost no items of their own.
 #include "platform/controls/FontCombo.h"
 
-#include "platform/controls/Icons.h"
+#include "platform/controls/FontItems.h"
 #include "platform/controls/TwipForm.h"
 
-#include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QListView>
 #include <QProxyStyle>
 
 namespace {
-
-class FontModel : public QAbstractListModel
-{
-public:
-    FontModel(std::vector<FontCombo::Item> items, QObject *parent)
-        : QAbstractListModel(parent), Items(std::move(items))
-    {
-    }
-
-    int rowCount(const QModelIndex &parent) const override
-    {
-        return parent.isValid() ? 0 : static_cast<int>(Items.size());
-    }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        const FontCombo::Item &item = Items.at(static_cast<std::size_t>(index.row()));
-        switch (role) {
-        case Qt::DisplayRole:
-        case Qt::EditRole:
-            return item.Text;
-        case Qt::DecorationRole:
-            return Icons::icon(item.IconKey);
-        default:
-            return {};
-        }
-    }
-
-private:
-    std::vector<FontCombo::Item> Items;
-};
 
 /// The list as a box below with a scroll bar: some styles make of it a menu over the whole screen.
 class ListBelow : public QProxyStyle
@@ -96,7 +64,7 @@ FontCombo::FontCombo(QWidget *parent) : QComboBox(parent)
 
 void FontCombo::setItems(std::vector<Item> items)
 {
-    setModel(new FontModel(std::move(items), this));
+    setModel(new FontItemModel(std::move(items), this));
     setCurrentIndex(-1);
 }
 

@@ -2,20 +2,17 @@
 // letter instead of searching as you type. Positions count from 1; 0 is no position.
 #pragma once
 
+#include "platform/controls/FontItems.h"
+
 #include <QComboBox>
 #include <QString>
-#include <vector>
 
 class FontCombo : public QComboBox
 {
     Q_OBJECT
 
 public:
-    struct Item
-    {
-        QString Text;
-        QString IconKey;
-    };
+    using Item = FontItem;
 
     explicit FontCombo(QWidget *parent = nullptr);
 

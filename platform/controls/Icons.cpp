@@ -63,29 +63,16 @@ Tones tonesFor(QIcon::Mode mode, const QColor &bar)
     return {line, accent, bar};
 }
 
-QByteArray readPicture(const QString &file)
-{
-    linkResources();
-    QFile picture(QStringLiteral(":/icons/") + file);
-    if (!picture.open(QIODevice::ReadOnly))
-        qWarning("The picture %s is missing", qPrintable(file));
-    return picture.readAll();
-}
-
 QPixmap render(const QString &file, const Tones &tones, const QSize &size)
 {
-    QByteArray svg = readPicture(file);
-    svg.replace("#000001", tones.Line.name().toLatin1());
-    svg.replace("#000002", tones.Accent.name().toLatin1());
-    svg.replace("#000003", tones.Bar.name().toLatin1());
-
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     // Whole pixels for the square in the middle, so that strokes stay on the pixel grid.
     const int side = std::min(size.width(), size.height());
     const QRect square((size.width() - side) / 2, (size.height() - side) / 2, side, side);
     QPainter painter(&pixmap);
-    QSvgRenderer(svg).render(&painter, square);
+    QSvgRenderer(Icons::inColors(file, {tones.Line, tones.Accent, tones.Bar}))
+        .render(&painter, square);
     return pixmap;
 }
 
@@ -133,6 +120,18 @@ private:
 };
 
 } // namespace
+
+QByteArray Icons::inColors(const QString &file, const QList<QColor> &colors)
+{
+    linkResources();
+    QFile picture(QStringLiteral(":/icons/") + file);
+    if (!picture.open(QIODevice::ReadOnly))
+        qWarning("The picture %s is missing", qPrintable(file));
+    QByteArray svg = picture.readAll();
+    for (int i = 0; i < colors.size(); ++i)
+        svg.replace("#00000" + QByteArray::number(i + 1), colors.at(i).name().toLatin1());
+    return svg;
+}
 
 QIcon Icons::icon(const QString &imageKey)
 {

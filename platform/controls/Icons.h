@@ -9,6 +9,7 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QList>
 #include <QString>
 #include <array>
 
@@ -21,8 +22,8 @@ struct Picture
     const char *File;
 };
 
-/// Every picture that has a key, by toolbar; the last groups serve menus and the help
-/// alone.
+/// Every picture that has a key, by toolbar; the last groups serve menus, the keyboard
+/// and the help alone.
 inline constexpr auto Pictures = std::to_array<Picture>({
     {"Load", "load.svg"},
     {"Save", "save.svg"},
@@ -82,6 +83,8 @@ inline constexpr auto Pictures = std::to_array<Picture>({
     {"Mail", "mail.svg"},
     {"About", "about.svg"},
 
+    {"SplChar", "splchar.svg"},
+
     {"Back", "back.svg"},
     {"Forward", "forward.svg"},
 });
@@ -114,5 +117,9 @@ QIcon colorButton(const QColor &color);
 /// The application's own icon, for window titles and the About window. It keeps its colours on
 /// every desktop.
 QIcon application();
+
+/// The drawing of a file in `:/icons` with the placeholder colours #000001, #000002, ... replaced
+/// by these, at most nine.
+QByteArray inColors(const QString &file, const QList<QColor> &colors);
 
 } // namespace Icons

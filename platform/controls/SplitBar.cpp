@@ -10,16 +10,22 @@
 namespace {
 
 constexpr int ReachBelow = 3; // pixels
-constexpr int HeldAt = 2;     // the pixel of the bar that stays under the mouse
-constexpr int Jitter = 2;     // pixels
+
+struct Feel
+{
+    int HeldAt; ///< the pixel of the bar that stays under the mouse
+    int Jitter; ///< pixels
+};
+constexpr Feel UpAndDown{2, 2};
+constexpr Feel LeftAndRight{4, 0};
 
 } // namespace
 
-SplitBar::SplitBar(const TwipScale &scale, QWidget *parent)
-    : QFrame(parent), Scale(scale), Grip(new QWidget(parent))
+SplitBar::SplitBar(const TwipScale &scale, QWidget *parent, Qt::Orientation moves)
+    : QFrame(parent), Scale(scale), Moves(moves), Grip(new QWidget(parent))
 {
-    setFrameStyle(QFrame::HLine | QFrame::Raised);
-    setCursor(Qt::SplitVCursor);
+    setFrameStyle((isVertical() ? QFrame::HLine : QFrame::VLine) | QFrame::Raised);
+    setCursor(isVertical() ? Qt::SplitVCursor : Qt::SplitHCursor);
     setAccessibleRole(this, QAccessible::Grip);
     Grip->setObjectName("SplitGrip");
     Grip->setCursor(cursor());
@@ -43,7 +49,8 @@ void SplitBar::placeGrip()
 {
     if (!Grip)
         return;
-    Grip->setGeometry(geometry().adjusted(0, -ReachAbove, 0, ReachBelow));
+    Grip->setGeometry(isVertical() ? geometry().adjusted(0, -ReachAbove, 0, ReachBelow)
+                                   : geometry().adjusted(-ReachAbove, 0, ReachBelow, 0));
     Grip->setVisible(!isHidden());
     Grip->setEnabled(isEnabled());
     Grip->setToolTip(toolTip());
@@ -78,8 +85,9 @@ bool SplitBar::eventFilter(QObject *watched, QEvent *event)
 bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
 {
     const auto at = [&] {
-        const auto *mouse = static_cast<QMouseEvent *>(event);
-        return static_cast<int>(std::floor(mouse->position().y())) + under->y() - y();
+        const QPointF place = static_cast<QMouseEvent *>(event)->position();
+        return isVertical() ? static_cast<int>(std::floor(place.y())) + under->y() - y()
+                            : static_cast<int>(std::floor(place.x())) + under->x() - x();
     };
     const auto isLeft = [&] {
         return static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
@@ -88,10 +96,10 @@ bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
     case QEvent::MouseButtonPress:
         // Taken beside the bar, the bar does not jump to the mouse.
         if (isLeft())
-            Hold = at() - std::clamp(at(), 0, height() - 1);
+            Hold = at() - std::clamp(at(), 0, (isVertical() ? height() : width()) - 1);
         return true;
     case QEvent::MouseMove:
-        if (Hold && static_cast<QMouseEvent *>(event)->buttons() & Qt::LeftButton)
+        if (Hold && static_cast<QMouseEvent *>(event)->buttons() == Qt::LeftButton)
             drag(at() - *Hold);
         return true;
     case QEvent::MouseButtonRelease:
@@ -111,13 +119,14 @@ bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
 
 void SplitBar::drag(int at)
 {
-    const int by = at - HeldAt;
-    if (std::abs(by) <= Jitter)
+    const Feel feel = isVertical() ? UpAndDown : LeftAndRight;
+    const int by = at - feel.HeldAt;
+    if (std::abs(by) <= feel.Jitter)
         return;
-    const double target = (y() + by) * Scale.Y;
+    const double target = isVertical() ? (y() + by) * Scale.Y : (x() + by) * Scale.X;
     if (LimitsNow) {
-        const auto [top, bottom] = LimitsNow();
-        if (target < top || target > bottom)
+        const auto [first, last] = LimitsNow();
+        if (target < first || target > last)
             return;
     }
     emit Dragged(target);

@@ -1,5 +1,5 @@
-// The bar between two areas, one above the other, by which they are pulled up and down. It tells
-// where it is wanted and moves nothing: its owner places it and the areas.
+// The bar between two areas by which they are pulled up and down, or to the left and right. It
+// tells where it is wanted and moves nothing: its owner places it and the areas.
 #pragma once
 
 #include "platform/Twips.h"
@@ -16,27 +16,29 @@ class SplitBar : public QFrame
     Q_OBJECT
 
 public:
-    /// Twips, as tops of the bar; a drag beyond them is no wish.
+    /// Twips, as tops of the bar, or as its left edges; a drag beyond them is no wish.
     struct Limits
     {
-        double Top = 0;
-        double Bottom = 0;
+        double First = 0;
+        double Last = 0;
     };
 
-    explicit SplitBar(const TwipScale &scale, QWidget *parent);
+    /// `moves` is the way that the bar goes: with Vertical the areas lie one above the other.
+    explicit SplitBar(const TwipScale &scale, QWidget *parent,
+                      Qt::Orientation moves = Qt::Vertical);
     ~SplitBar() override;
     Q_DISABLE_COPY_MOVE(SplitBar)
 
     void setScale(const TwipScale &scale) { Scale = scale; }
     /// Asked at every move of the mouse. Without it there are no limits.
     void setLimits(std::function<Limits()> limits) { LimitsNow = std::move(limits); }
-    /// How far the grip reaches above the bar, in pixels; 3 at first, as below it. 0 leaves what
-    /// stands right above to the mouse.
+    /// How far the grip reaches above the bar or to its left, in pixels; 3 at first, as on the
+    /// other side. 0 leaves what stands right there to the mouse.
     void setReachAbove(int pixels);
 
 signals:
-    /// The bar is wanted with its top there, in twips. Wishes of two pixels or less are not told,
-    /// so that it does not jitter.
+    /// The bar is wanted with its top, or its left edge, there, in twips. Up and down, wishes of
+    /// two pixels or less are not told, so that it does not jitter.
     void Dragged(double target);
     /// The left button was let go, after a drag or without one.
     void Released();
@@ -51,8 +53,10 @@ private:
     bool takeMouse(const QWidget *under, QEvent *event);
     void drag(int at);
     void placeGrip();
+    bool isVertical() const { return Moves == Qt::Vertical; }
 
     TwipScale Scale;
+    Qt::Orientation Moves;
     std::function<Limits()> LimitsNow;
     QPointer<QWidget> Grip;
     int ReachAbove = 3;

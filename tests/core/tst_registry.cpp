@@ -1,12 +1,11 @@
-// The operations on the settings and the conversions at their readers. Works on a tree in a
-// temporary folder, which SQLite fills with what only a shell could write.
+// The operations on the settings, the conversions at their readers and the report of one that
+// fails. Works on a file which SQLite fills with what only a shell could write.
 #include "core/GlobalDeclarations.h"
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "tests/support/OtherProgram.h"
 
-#include <QTemporaryDir>
-#include <QTest>
-#include <sqlite3.h>
+#include <QtTest>
 
 namespace {
 
@@ -21,10 +20,6 @@ class TestRegistry : public QObject
 {
     Q_OBJECT
 
-private:
-    QTemporaryDir Folder;
-    SettingsTree Tree{Folder.filePath("s.sqlite")};
-
 private slots:
     void init()
     {
@@ -36,8 +31,6 @@ private slots:
 
     void reading()
     {
-        sqlite3 *database = nullptr;
-        QCOMPARE(sqlite3_open(qPrintable(Folder.filePath("s.sqlite")), &database), SQLITE_OK);
         for (const auto &[stored, value, fails] : {
                  std::tuple("1, 'Größe €'", text("Größe €"), false),
                  {"1, x'414243'", Nothing, true}, // bytes without NUL
@@ -50,14 +43,11 @@ private slots:
                  {"3, x'41424344'", Nothing, false},
              }) {
             const QString sql = "DELETE FROM settings; INSERT INTO settings VALUES('%1', 'a', %2)";
-            QCOMPARE(
-                sqlite3_exec(database, qPrintable(sql.arg(Key, stored)), nullptr, nullptr, nullptr),
-                SQLITE_OK);
+            QVERIFY(OtherProgram(Folder.filePath("s.sqlite")).run(sql.arg(Key, stored)));
             RegistryError = false;
             QVERIFY2(RegReadValue(User, Key, u"A") == value, stored);
             QVERIFY2(RegistryError == fails, stored);
         }
-        sqlite3_close(database);
     }
 
     void writing()
@@ -88,9 +78,7 @@ private slots:
             try {
                 return convert(value, Key, u"FontSize");
             } catch (const ConversionError &error) {
-                const bool named = QString::fromUtf8(error.what()).contains(u"Options\\FontSize") &&
-                                   error.text == toText(value);
-                return named ? QVariant() : QVariant("the error does not name the value");
+                return error.text == toText(value) ? QVariant() : QVariant("other text");
             }
         };
         const QVariant fails;
@@ -112,24 +100,33 @@ private slots:
             QVERIFY2(attempt(toNumber, value) == number, qPrintable(toText(value)));
             QVERIFY2(attempt(toTruth, value) == truth, qPrintable(toText(value)));
         }
+        // The report fits on a line.
+        const QString smile = QString::fromUtf8("\U0001F600"); // a pair at either cut
+        const QString value =
+            QString(38, 'a') + smile + QString(99, 'b') + smile + QString(19, 'c');
+        const ConversionError cut(u"Some\\Key", u"FontSize", value);
+        QVERIFY(QString::fromUtf8(cut.what())
+                    .endsWith("Some\\Key\\FontSize cannot be converted: \"" + QString(38, 'a') +
+                              QChar(0x2026) + QString(19, 'c') + '"'));
+        const ConversionError whole(u"", u"", "a\nb\r\u0007c\u2028d\u202Ee" + QString(49, 'f'));
+        QVERIFY(QString::fromUtf8(whole.what()).endsWith(" \"a b  c d e" + QString(49, 'f') + '"'));
     }
 
     void screenDefaults()
     {
-        for (const auto &[width, standard] : {std::pair(649, std::optional<ScreenDefault>()),
-                                              {650, {{1, 10}}},
-                                              {801, {{4, 14}}},
-                                              {1024, {{4, 14}}},
-                                              {1025, {{8, 18}}},
-                                              {1281, {{12, 22}}},
-                                              {1600, {{16, 26}}},
-                                              {1900, {{20, 30}}},
-                                              {1901, {}},
-                                              {1902, {{24, 34}}}})
-            QVERIFY2(DefaultsForScreenWidth(width) == standard, QByteArray::number(width));
+        QString sizes; // of the map and the font
+        for (const int width : {649, 650, 801, 1024, 1025, 1281, 1600, 1900, 1901, 1902}) {
+            const auto standard = DefaultsForScreenWidth(width);
+            sizes += standard ? QString("%1 %2, ").arg(standard->SizeIndex).arg(standard->FontSize)
+                              : "-, ";
+        }
+        QCOMPARE(sizes, QString("-, 1 10, 4 14, 4 14, 8 18, 12 22, 16 26, 20 30, -, 24 34, "));
     }
+
+private:
+    QTemporaryDir Folder;
+    SettingsTree Tree{Folder.filePath("s.sqlite")};
 };
 
 QTEST_GUILESS_MAIN(TestRegistry)
-
 #include "tst_registry.moc"

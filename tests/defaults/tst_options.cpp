@@ -6,6 +6,8 @@
 #include "defaults/FMColorPalette.h"
 #include "defaults/Options.h"
 #include "fontmap/CustomMapFile.h"
+#include "fonttools/FontBrowser.h"
+#include "fonttools/SamplePlate.h"
 #include "platform/controls/ElidedLabel.h"
 #include "tests/textboard/BoardFormat.h"
 
@@ -145,8 +147,17 @@ QStringList TestOptions::seen()
     all += "zoom " + QString::number(views.TextZoom->cellFont().pointSize());
     all += QString("side ") + (views.x() < window->TextBoard->x() ? "left" : "right");
     all += "tip " + button("Opt")->toolTip();
-    all += "read by others " + desktop->setting("CFMEditor", "ShiftDir") +
-           desktop->setting("FB", "SampleText");
+    desktop->Dialogs.dialog("Zendova Font Browser", [&all](QDialog *dialog) {
+        all += "browser " + static_cast<FontBrowser *>(dialog)->SamplePlate->sampleText();
+        dialog->reject();
+    });
+    press("FB");
+    desktop->Dialogs.dialog("Zendova Custom Map Editor", [&all](QDialog *dialog) {
+        const bool down = dialog->findChild<QAbstractButton *>("optShiftDir1")->isChecked();
+        all += QString("editor ") + (down ? "down" : "across");
+        dialog->reject();
+    });
+    press("CFMapNew");
     use([&all](Options &o) {
         all += "own " + o.OCharButtonStart->text() + o.OCharButtonEnd->text() +
                o.OTextZoom->Caption(0) +
@@ -246,8 +257,8 @@ void TestOptions::everyDefault_data()
     row("ODisplayEW", {"closes 1"});
     row("ODisplayCS", {"dialogs in colors 0"});
     row("ODisplayTT", {"tip "});
-    row("ooptShiftDir1", {"read by others 1The Quick Brown Fox Jumped Over the Lazy Dog."});
-    row("oSampleText", {"read by others 0ab"});
+    row("ooptShiftDir1", {"editor down"});
+    row("oSampleText", {"browser ab"});
     row("OOptMaxTB", {"own 243255ÿ1"});
 }
 

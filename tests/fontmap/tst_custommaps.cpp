@@ -4,6 +4,8 @@
 #include "platform/controls/ElidedLabel.h"
 #include "tests/support/MainWindow.h"
 
+#include <QPushButton>
+
 namespace {
 
 constexpr ExpectedMessage AlreadyLoaded{" Custom Map Load Error",
@@ -100,6 +102,28 @@ private slots:
         };
         refuse("no map", Unloadable);
         refuse(QByteArray(CustomMapFile::MostBytes + 1, 'A'), NotReadable, "larger than 64 kB");
+    }
+
+    void editsTheLoadedMap()
+    {
+        const QString path = write("a.zcm", "ab");
+        window->OpenDroppedFile(path);
+        desktop->Dialogs.dialog("Zendova Custom FontMap Editor :  a.zcm", [](QDialog *dialog) {
+            QTest::mouseClick(dialog->findChild<QPushButton *>("cmdMapToList"), Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>("btnSaveCFMap"), Qt::LeftButton);
+            QTest::mouseClick(dialog->findChild<QPushButton *>("btnCancel"), Qt::LeftButton);
+        });
+        press("CFMapEdit");
+        QVERIFY(contentOf(path).startsWith("1,\"\"\r\n2,\"b\"\r\n"));
+        QCOMPARE(captions(), QString("b"));
+
+        writeFile(path, "damaged meanwhile");
+        expect(Unloadable, "Ok", path);
+        menuItem(window, "FileCFMEdit")->trigger();
+        QCOMPARE(captions(), QString("b"));
+        desktop->Dialogs.dialog("Zendova Custom Map Editor",
+                                [](QDialog *dialog) { dialog->reject(); });
+        press("CFMapNew");
     }
 
     void cutsALongName()

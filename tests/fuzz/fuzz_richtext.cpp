@@ -6,7 +6,6 @@
 
 namespace {
 
-/// The value of each place.
 template<class Value>
 std::vector<Value> spread(const Runs<Value> &runs)
 {

@@ -5,16 +5,13 @@
 #include "tests/support/Files.h"
 #include "tests/support/TestFonts.h"
 
-#include <QDir>
-#include <QGuiApplication>
-#include <QPainter>
-#include <QTest>
+#include <QtGui>
+#include <QtTest>
 
 namespace {
 
 constexpr QPoint origin(8, 48);
 
-/// A character painted as a text control would.
 QImage painted(QFont font, QChar character, int pixels)
 {
     font.setPixelSize(pixels);
@@ -33,26 +30,27 @@ GlyphPicture shown(const QFont &font, QChar character, int cell = 7)
     return readGlyph(painted(font, character, cell == 7 ? 32 : 16), origin, cell);
 }
 
-QFont fontOf(const QString &family)
+QFont fontOf(const QString &family, bool bold = false, bool italic = false)
 {
-    return FontCatalog::current().font(family);
-}
-
-QFont fontOf(const QString &family, bool bold, bool italic)
-{
-    QFont font = fontOf(family);
+    QFont font = FontCatalog::current().font(family);
     font.setBold(bold);
     font.setItalic(italic);
     return font;
 }
 
-/// A name as TrueType fonts hold it.
-QByteArray utf16(const QByteArray &latin)
+/// A file of tests/fonts with another name of the same length in it, as TrueType fonts hold names
+/// and as others do.
+QByteArray renamed(const char *file, const QByteArray &from, const QByteArray &to)
 {
-    QByteArray wide;
-    for (const char letter : latin)
-        wide.append('\0').append(letter);
-    return wide;
+    const auto wide = [](const QByteArray &latin) {
+        QByteArray bytes;
+        for (const char letter : latin)
+            bytes.append('\0').append(letter);
+        return bytes;
+    };
+    return contentOf(QDir(ZENDOVA_TEST_FONTS).filePath(file))
+        .replace(wide(from), wide(to))
+        .replace(from, to);
 }
 
 } // namespace
@@ -62,180 +60,95 @@ class TestFontCatalog : public QObject
     Q_OBJECT
 
 private slots:
-    void lists();
-    void shows_data();
-    void shows();
-    void styles();
-    void facesBeyondFourStyles_data();
-    void facesBeyondFourStyles();
-    void traits();
-    void cannotBeDrawn_data();
-    void cannotBeDrawn();
-    void everyCodeOfASymbolFont();
-    void lendsNoGlyphs();
-    void borrowsNoGlyphs();
-};
-
-void TestFontCatalog::lists()
-{
-    // Neither the damaged file, nor a replaced name whose replacement is not installed or is just
-    // the common text font.
-    QStringList listed;
-    for (const FontFamily &family : FontCatalog::current().families())
-        listed += QString("%1 %2").arg(family.name).arg(family.fontType);
-    listed.sort();
-    QCOMPARE(listed.join(", "),
-             QString("Arial 4, Zt \"One\", Two 4, Zt Absurd 1, Zt Bitmap 1, Zt Blend 2, "
-                     "Zt Bold Only 4, Zt Cyrillic 4, Zt Dense 1, Zt First 4, Zt Four 4, "
-                     "Zt Gaps 4, Zt Gone 24 4, Zt Italic Only 4, Zt Latin 4, Zt Liar 4, "
-                     "Zt Maker [Foundry] 4, Zt Mixed 2, Zt Old Light 4, Zt Outline 2, "
-                     "Zt Second 4, Zt Symbol 4, Zt Tall 1, Zt Test 24 4, Zt Twin 4, Zt Variable 4, "
-                     "Zt Variable Light 4, Zt Vast 4, Zt Wide 4, Zt Wide Condensed 4, "
-                     "Zt Wide Extra Light 4, Zt Wide Light 4, torn 4"));
-    QVERIFY(FontCatalog::current().contains("ZT LATIN"));
-}
-
-void TestFontCatalog::shows_data()
-{
-    QTest::addColumn<int>("font"); // its number in make_fonts.py
-    for (const auto &[family, font] : {std::pair("Zt Latin", 1),
-                                       {"Zt Gaps", 2},
-                                       {"Zt Bold Only", 4},
-                                       {"ZT TEST 24", 5},
-                                       {"Zt Outline", 6},
-                                       {"Zt Bitmap", 7},
-                                       {"torn", 0},
-                                       {"Zt Liar", 12},
-                                       {"Zt Maker [Foundry]", 14},
-                                       {"Zt \"One\", Two", 15},
-                                       {"Zt Variable", 32},
-                                       {"Zt First", 17},
-                                       {"Zt Second", 18},
-                                       {"Zt Mixed", 19},
-                                       {"Zt Absurd", 20},
-                                       {"Zt Twin", 22},
-                                       {"Arial", 1},
-                                       {"Not There", 1}})
-        QTest::newRow(family) << font;
-}
-
-void TestFontCatalog::shows()
-{
-    QFETCH(int, font);
-    const QString family = QTest::currentDataTag();
-    const GlyphPicture glyph =
-        shown(fontOf(family), u'A', family == "Zt Bitmap" || family == "Zt Absurd" ? 4 : 7);
-    QCOMPARE(glyph, (GlyphPicture{.code = font ? 'A' : 0, .font = font}));
-}
-
-void TestFontCatalog::styles()
-{
-    for (const int style : {0, 1, 2, 3}) {
-        const QFont font = fontOf("Zt Four", style & 1, style & 2);
-        QCOMPARE(shown(font, u'A'), (GlyphPicture{.code = 'A', .font = 8 + style}));
-    }
-    const FontCatalog &catalog = FontCatalog::current();
-    for (const FontFamily &family : catalog.families()) {
-        QCOMPARE(catalog.builtInBold(family.name), family.name == "Zt Bold Only");
-        QCOMPARE(catalog.builtInItalic(family.name), family.name == "Zt Italic Only");
-    }
-}
-
-void TestFontCatalog::facesBeyondFourStyles_data()
-{
-    QTest::addColumn<int>("regular"); // numbers in make_fonts.py; the variable font's are made
-    QTest::addColumn<int>("bold");    // of its 16
-    QTest::newRow("Zt Wide") << 23 << 23;
-    QTest::newRow("Zt Wide Condensed") << 24 << 25;
-    QTest::newRow("Zt Wide Light") << 26 << 29;
-    QTest::newRow("Zt Wide Extra Light") << 27 << 27;
-    QTest::newRow("Zt Variable") << 32 << 64;
-    QTest::newRow("Zt Variable Light") << 16 << 16;
-    QTest::newRow("Zt Old Light") << 28 << 28;
-}
-
-void TestFontCatalog::facesBeyondFourStyles()
-{
-    QFETCH(int, regular);
-    QFETCH(int, bold);
-    // First one that could lend its faces to all others.
-    fontOf("Zt Wide Condensed");
-    const QString family = QTest::currentDataTag();
-    QCOMPARE(shown(fontOf(family), u'A'), (GlyphPicture{.code = 'A', .font = regular}));
-    QCOMPARE(shown(fontOf(family, true, false), u'A').font, bold);
-}
-
-void TestFontCatalog::traits()
-{
-    const FontCatalog &catalog = FontCatalog::current();
-    QStringList told;
-    for (std::size_t i = 0; i < catalog.families().size(); ++i) {
-        const FontTraits traits = catalog.traits(static_cast<int>(i));
-        const QString &name = catalog.families()[i].name;
-        if (traits.weight != 400 || traits.italic || traits.symbol)
-            told += QString("%1: %2 %3%4")
-                        .arg(name)
-                        .arg(traits.weight)
-                        .arg(traits.italic ? "italic" : "", traits.symbol ? "symbol" : "");
-    }
-    told.sort();
-    QCOMPARE(told.join(", "), QString("Zt Bold Only: 700 , Zt Italic Only: 400 italic, Zt Liar: "
-                                      "400 symbol, Zt Old Light: 300 , "
-                                      "Zt Symbol: 400 symbol, Zt Variable Light: 300 , "
-                                      "Zt Wide Extra Light: 200 , Zt Wide Light: 300 "));
-}
-
-void TestFontCatalog::cannotBeDrawn_data()
-{
-    QTest::addColumn<QString>("family");
-    for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
-        QTest::newRow(family) << QString(family);
-}
-
-/// One and the same box for every code, whatever the size and style: no other font's glyphs.
-void TestFontCatalog::cannotBeDrawn()
-{
-    QFETCH(QString, family);
-    for (const int pixels : {11, 16, 32})
-        for (const int style : {0, 1, 2, 3}) {
-            const QFont font = fontOf(family, style & 1, style & 2);
-            const QImage box = painted(font, u'A', pixels);
-            QImage empty(box.size(), box.format());
-            empty.fill(Qt::white);
-            QVERIFY(box != empty);
-            for (int code = 33; code < 256; ++code)
-                QVERIFY2(code == 0xAD ||
-                             painted(font, CodePage::toUnicode(quint8(code)), pixels) == box,
-                         qPrintable(QString("code %1, %2 pixels").arg(code).arg(pixels)));
+    void lists()
+    {
+        // Name, type, and the number of the font whose glyph is shown (see make_fonts.py); then
+        // what is not regular. Neither the damaged file, nor a replaced name whose replacement is
+        // not installed or is just the common text font.
+        const FontCatalog &catalog = FontCatalog::current();
+        QStringList listed;
+        for (std::size_t i = 0; i < catalog.families().size(); ++i) {
+            const auto &[name, type] = catalog.families()[i];
+            const GlyphPicture glyph = shown(fontOf(name), u'A', type == 1 ? 4 : 7);
+            const FontTraits traits = catalog.traits(static_cast<int>(i));
+            listed +=
+                QString("%1 %2 %3").arg(name).arg(type).arg(glyph.code == 'A' ? glyph.font : 0) +
+                (traits.weight == 400 ? "" : QString(" %1").arg(traits.weight)) +
+                (traits.italic ? " italic" : "") + (traits.symbol ? " symbol" : "") +
+                (catalog.builtInBold(name) ? " always bold" : "") +
+                (catalog.builtInItalic(name) ? " always italic" : "");
         }
-}
-
-void TestFontCatalog::everyCodeOfASymbolFont()
-{
-    for (int code = 32; code < 256; ++code) {
-        const GlyphPicture expected{.code = code, .font = 3};
-        const QChar character = CodePage::toUnicode(static_cast<quint8>(code));
-        QCOMPARE(shown(fontOf("Zt Symbol"), character), expected);
-        QCOMPARE(shown(fontOf("Zt Symbol"), QChar(0xF000 + code)), expected);
+        listed.sort();
+        QCOMPARE(
+            listed.join(", "),
+            QString(
+                "Arial 4 1, Zt \"One\", Two 4 15, Zt Absurd 1 20, Zt Bitmap 1 7, Zt Blend 2 19, "
+                "Zt Bold Only 4 4 700 always bold, Zt Cyrillic 4 0, Zt Dense 1 0, Zt First 4 "
+                "17, Zt Four 4 8, Zt Gaps 4 2, Zt Gone 24 4 0, Zt Italic Only 4 13 italic "
+                "always italic, Zt Latin 4 1, Zt Liar 4 12 symbol, Zt Maker [Foundry] 4 14, Zt "
+                "Mixed 2 19, Zt Old Light 4 28 300, Zt Outline 2 6, Zt Second 4 18, Zt Symbol 4 "
+                "3 symbol, Zt Tall 1 0, Zt Test 24 4 5, Zt Twin 4 22, Zt Variable 4 32, Zt "
+                "Variable Light 4 16 300, Zt Vast 4 0, Zt Wide 4 23, Zt Wide Condensed 4 24, Zt "
+                "Wide Extra Light 4 27 200, Zt Wide Light 4 26 300, torn 4 0"));
+        // A name is found however it is written, and replaced where it is not there.
+        QVERIFY(catalog.contains("ZT LATIN"));
+        QCOMPARE(shown(fontOf("ZT TEST 24"), u'A').font, 5);
+        QCOMPARE(shown(fontOf("Not There"), u'A').font, 1);
     }
-}
 
-void TestFontCatalog::lendsNoGlyphs()
-{
-    fontOf("Zt Outline");
-    for (const char16_t character : {u'\u4E2D', u'\uFFFD', u'\u0416'}) // that no font has
-        QVERIFY(shown(QFont("sans-serif"), character).font != 6);
-}
+    void styles()
+    {
+        for (const int style : {0, 1, 2, 3}) {
+            const QFont font = fontOf("Zt Four", style & 1, style & 2);
+            QCOMPARE(shown(font, u'A'), (GlyphPicture{.code = 'A', .font = 8 + style}));
+        }
+        fontOf("Zt Wide Condensed"); // which could lend its faces to all others
+        // Regular and bold: numbers in make_fonts.py; the variable font's are made of its 16.
+        const std::tuple<const char *, int, int> rows[] = {
+            {"Zt Wide", 23, 23},       {"Zt Wide Condensed", 24, 25},
+            {"Zt Wide Light", 26, 29}, {"Zt Wide Extra Light", 27, 27},
+            {"Zt Variable", 32, 64},   {"Zt Variable Light", 16, 16},
+            {"Zt Old Light", 28, 28}};
+        for (const auto &[family, regular, bold] : rows) {
+            QCOMPARE(shown(fontOf(family), u'A'), (GlyphPicture{.code = 'A', .font = regular}));
+            QCOMPARE(shown(fontOf(family, true, false), u'A').font, bold);
+        }
+    }
 
-void TestFontCatalog::borrowsNoGlyphs()
-{
-    const GlyphPicture missing{.font = 2, .missing = true};
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'B'), missing);
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'È'), missing);
-    QCOMPARE(shown(fontOf("Zt Gaps"), u'\u009D'), (GlyphPicture{.code = 0x9D, .font = 2}));
-    // The program's own text does, from a font that has them.
-    QCOMPARE(shown(QFont("sans-serif"), u'Ж'), (GlyphPicture{.code = 0x16, .font = 21}));
-}
+    /// One and the same box for every code, whatever the size and style: no other font's glyphs.
+    void cannotBeDrawn()
+    {
+        for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Vast"})
+            for (const int pixels : {11, 16, 32})
+                for (const int style : {0, 1, 2, 3}) {
+                    const QFont font = fontOf(family, style & 1, style & 2);
+                    const QImage box = painted(font, u'A', pixels);
+                    QImage empty = box;
+                    empty.fill(Qt::white);
+                    QVERIFY(box != empty);
+                    for (int code = 33; code < 256; ++code)
+                        QVERIFY2(code == 0xAD || painted(font, CodePage::toUnicode(quint8(code)),
+                                                         pixels) == box,
+                                 family);
+                }
+    }
+
+    void neitherLendsNorBorrowsGlyphs()
+    {
+        fontOf("Zt Outline");
+        for (const char16_t character : {u'\u4E2D', u'\uFFFD', u'\u0416'}) // that no font has
+            QVERIFY(shown(QFont("sans-serif"), character).font != 6);
+        const GlyphPicture missing{.font = 2, .missing = true};
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'B'), missing);
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'È'), missing);
+        QCOMPARE(shown(fontOf("Zt Gaps"), u'\u009D'), (GlyphPicture{.code = 0x9D, .font = 2}));
+        // The program's own text does, from a font that has them.
+        QCOMPARE(shown(QFont("sans-serif"), u'Ж'), (GlyphPicture{.code = 0x16, .font = 21}));
+        // A font of signs has them by the plain codes and by its own.
+        for (const char16_t character : {u'\u20AC', u'\uF080'})
+            QCOMPARE(shown(fontOf("Zt Symbol"), character), (GlyphPicture{.code = 128, .font = 3}));
+    }
+};
 
 int main(int argc, char *argv[])
 {
@@ -247,21 +160,17 @@ int main(int argc, char *argv[])
     // length, is gone once the catalog was read.
     const QByteArray whole = contentOf(fonts.filePath("latin.ttf"));
     writeFile(folder.filePath("torn.ttf"), whole.first(whole.size() / 2));
-    const auto renamed = [&](const char *file, const QByteArray &from, const QByteArray &to) {
-        return contentOf(fonts.filePath(file)).replace(utf16(from), utf16(to)).replace(from, to);
-    };
     const QString gone =
         writeFile(folder.filePath("gone.ttf"), renamed("digits.ttf", "Test", "Gone"));
+    const auto bitmap = [](const char *name) { return renamed("mixed.bdf", "Mixed", name); };
     // A family in two formats, as "Zt Mixed" is, read in the other order.
     writeFile(folder.filePath("blend-1.otf"), renamed("mixed.otf", "Mixed", "Blend"));
-    writeFile(folder.filePath("blend-2.bdf"), renamed("mixed.bdf", "Mixed", "Blend"));
+    writeFile(folder.filePath("blend-2.bdf"), bitmap("Blend"));
     // Eight bits a pixel; a glyph too high; and properties that contradict the glyphs.
-    writeFile(folder.filePath("dense.bdf"),
-              renamed("mixed.bdf", "Mixed", "Dense").replace("SIZE 16", "SIZE 0 16"));
-    writeFile(folder.filePath("tall.bdf"),
-              renamed("mixed.bdf", "Mixed", "Tall").replace("BBX 16 16", "BBX 16 300"));
+    writeFile(folder.filePath("dense.bdf"), bitmap("Dense").replace("SIZE 16", "SIZE 0 16"));
+    writeFile(folder.filePath("tall.bdf"), bitmap("Tall").replace("BBX 16 16", "BBX 16 300"));
     writeFile(folder.filePath("absurd.bdf"),
-              renamed("mixed.bdf", "Mixed", "Absurd")
+              bitmap("Absurd")
                   .replace("FONTBOUNDINGBOX 16 16", "FONTBOUNDINGBOX 32767 32767")
                   .replace("STARTPROPERTIES 7", "STARTPROPERTIES 8\nPIXEL_SIZE 0"));
 

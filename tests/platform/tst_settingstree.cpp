@@ -1,19 +1,12 @@
 // The settings file as a store: its operations, and what becomes of it when it is damaged, locked,
-// unwritable or its writer breaks off. Works in a temporary folder, with SQLite as the second
-// opinion.
-#include "tests/support/Files.h"
-
+// unwritable or its writer breaks off.
 #include "platform/SettingsTree.h"
+#include "tests/support/Files.h"
+#include "tests/support/OtherProgram.h"
 
-#include <QElapsedTimer>
-#include <QRegularExpression>
-#include <QScopeGuard>
-#include <QTemporaryDir>
-#include <QTest>
-#include <array>
-#include <linux/capability.h>
-#include <sqlite3.h>
-#include <sys/syscall.h>
+#include <QtTest>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -21,28 +14,6 @@ namespace {
 
 constexpr QStringView Key = u"Software\\Zendova\\Options";
 constexpr int Filled = 100; // values of a filled tree, so many that damage can be in the middle
-
-/// Another program that has the file open.
-struct OtherProgram
-{
-    explicit OtherProgram(const QString &path) { sqlite3_open(qPrintable(path), &Database); }
-    ~OtherProgram() { sqlite3_close(Database); }
-    Q_DISABLE_COPY_MOVE(OtherProgram)
-    bool run(const char *sql) { return !sqlite3_exec(Database, sql, nullptr, nullptr, nullptr); }
-    sqlite3 *Database = nullptr;
-};
-
-/// Makes permissions bind even where the tests run as root, as long as the result lives.
-auto ordinaryUser()
-{
-    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-    std::array<__user_cap_data_struct, 2> before{};
-    syscall(SYS_capget, &header, before.data());
-    auto reduced = before;
-    reduced[0].effective &= ~(1U << CAP_DAC_OVERRIDE);
-    syscall(SYS_capset, &header, reduced.data());
-    return qScopeGuard([header, before]() mutable { syscall(SYS_capset, &header, before.data()); });
-}
 
 QByteArray textOf(SettingsTree &tree, QStringView name, QStringView key = Key)
 {
@@ -67,11 +38,7 @@ bool isFilled(SettingsTree &tree, char letter)
     return true;
 }
 
-using Vandal = void (*)(const QString &path);
-
 } // namespace
-
-Q_DECLARE_METATYPE(Vandal)
 
 class TestSettingsTree : public QObject
 {
@@ -94,18 +61,7 @@ private slots:
         QVERIFY(QDir().mkpath(QFileInfo(Path).path()));
     }
 
-    void defaultPath()
-    {
-        const QByteArray config = qgetenv("XDG_CONFIG_HOME");
-        const auto restore = qScopeGuard([&] { qputenv("XDG_CONFIG_HOME", config); });
-        const QString standard = QDir::homePath() + "/.config/zendova/settings.sqlite";
-        qputenv("XDG_CONFIG_HOME", "/c/d/");
-        QCOMPARE(SettingsTree::defaultPath(), QString("/c/d/zendova/settings.sqlite"));
-        qputenv("XDG_CONFIG_HOME", "c/d");
-        QCOMPARE(SettingsTree::defaultPath(), standard);
-    }
-
-    void readingMakesNothingAndWritingMakesThePrivateFolder()
+    void onlyWritingMakesTheFile()
     {
         const QString folder = Folder.filePath("new/zendova");
         SettingsTree tree(folder + "/settings.sqlite");
@@ -114,13 +70,10 @@ private slots:
         QVERIFY(tree.createKey(Key));
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList("settings.sqlite"));
         QCOMPARE(QFile::permissions(folder) & 0x0077, QFile::Permissions());
-    }
-
-    void anEmptyFileIsAnEmptyTree()
-    {
+        // An empty file is an empty tree, and nothing is put aside.
         writeFile(Path, {});
         QVERIFY(SettingsTree(Path).createKey(Key));
-        QCOMPARE(files(), QStringList("settings.sqlite")); // nothing was put aside
+        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
     void operations()
@@ -157,8 +110,7 @@ private slots:
     {
         SettingsTree one(Path);
         SettingsTree two(Path);
-        QVERIFY(one.createKey(Key));
-        QVERIFY(one.setText(Key, u"a", u"old"));
+        QVERIFY(one.createKey(Key) && one.setText(Key, u"a", u"old"));
         {
             const SettingsTree::Batch batch(&one);
             {
@@ -187,46 +139,43 @@ private slots:
         QVERIFY(isFilled(tree, 'n'));
     }
 
-    void damaged_data()
-    {
-        QTest::addColumn<Vandal>("vandal");
-        const auto row = [](const char *name, Vandal vandal) { QTest::newRow(name) << vandal; };
-        row("no database", [](const QString &path) {
-            writeFile(path, "[Options]\nToolTips=1\n");
-            writeFile(path + "-journal", "no journal");
-        });
-        row("truncated",
-            [](const QString &path) { QFile::resize(path, QFileInfo(path).size() / 2 + 100); });
-        row("a page overwritten", [](const QString &path) {
-            writeFile(path, contentOf(path).replace(12'288, 4096, QByteArray(4096, 'U')));
-        });
-        row("other tables", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(OtherProgram(path).run("CREATE TABLE people(name)"));
-        });
-        row("a folder", [](const QString &path) {
-            QFile::remove(path);
-            QVERIFY(QDir().mkpath(path));
-            writeFile(path + "/precious", "precious");
-        });
-    }
-
     void damaged()
     {
-        QFETCH(Vandal, vandal);
+        const std::function<void()> vandals[] = {
+            [this] { // no database
+                writeFile(Path, "[Options]\nToolTips=1\n");
+                writeFile(Path + "-journal", "no journal");
+            },
+            [this] { QFile::resize(Path, QFileInfo(Path).size() / 2 + 100); },
+            [this] {
+                writeFile(Path, contentOf(Path).replace(12'288, 4096, QByteArray(4096, 'U')));
+            },
+            [this] { // other tables
+                QFile::remove(Path);
+                QVERIFY(OtherProgram(Path).run("CREATE TABLE people(name)"));
+            },
+            [this] { // a folder
+                QFile::remove(Path);
+                writeFile(Path + "/precious", "precious");
+            },
+        };
         const auto remains = [](const QString &path) {
             return contentOf(path) + contentOf(path + "-journal") + contentOf(path + "/precious");
         };
-        for (const QString &aside : {Path + ".damaged-1", Path + ".damaged-2"}) {
-            fill(*std::make_unique<SettingsTree>(Path), 'o');
-            vandal(Path);
-            const QByteArray before = remains(Path);
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression("put aside as " + aside + '$'));
-            SettingsTree tree(Path);
-            QVERIFY(!tree.value(Key, u"1"));
-            QVERIFY(tree.createKey(Key) && tree.setText(Key, u"1", u"new"));
-            QCOMPARE(textOf(tree, u"1"), "new");
-            QCOMPARE(remains(aside), before);
+        for (const auto &vandal : vandals) {
+            init();
+            for (const QString &aside : {Path + ".damaged-1", Path + ".damaged-2"}) {
+                fill(*std::make_unique<SettingsTree>(Path), 'o');
+                vandal();
+                const QByteArray before = remains(Path);
+                QTest::ignoreMessage(QtWarningMsg,
+                                     QRegularExpression("put aside as " + aside + '$'));
+                SettingsTree tree(Path);
+                QVERIFY(!tree.value(Key, u"1"));
+                QVERIFY(tree.createKey(Key) && tree.setText(Key, u"1", u"new"));
+                QCOMPARE(textOf(tree, u"1"), "new");
+                QCOMPARE(remains(aside), before);
+            }
         }
     }
 
@@ -242,17 +191,24 @@ private slots:
         for (SettingsTree *tree : {&openBefore, &openedUnderLock})
             for (int i = 0; i < 200; ++i)
                 QVERIFY(!tree->value(Key, u"a") && !tree->setText(Key, u"a", u"lost"));
-        // A second for each tree, and room for a slow machine.
-        QVERIFY2(timer.elapsed() < 15'000, QByteArray::number(timer.elapsed()));
+        QVERIFY(timer.elapsed() < 15'000); // a second for each tree, and room for a slow machine
         {
             const SettingsTree::Batch begunUnderLock(&openBefore);
             QVERIFY(other.run("ROLLBACK"));
             QVERIFY2(!openBefore.setText(Key, u"a", u"half"), "half a batch was written");
         }
-        for (SettingsTree *tree : {&openBefore, &openedUnderLock}) {
-            QCOMPARE(textOf(*tree, u"a"), "old");
-            QVERIFY(tree->setText(Key, u"b", u"new"));
-        }
+        for (SettingsTree *tree : {&openBefore, &openedUnderLock})
+            QVERIFY(textOf(*tree, u"a") == "old" && tree->setText(Key, u"b", u"new"));
+        // A short lock is waited for.
+        SettingsTree another(Path);
+        QVERIFY(other.run("BEGIN EXCLUSIVE"));
+        std::thread unlocking([&other] {
+            sqlite3_sleep(200);
+            other.run("COMMIT");
+        });
+        const bool written = another.setText(Key, u"a", u"1");
+        unlocking.join();
+        QVERIFY(written);
     }
 
     void aFullDiskKeepsWhatWasThere()
@@ -269,59 +225,37 @@ private slots:
         QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
-    void aShortLockIsWaitedFor()
-    {
-        SettingsTree tree(Path);
-        QVERIFY(tree.createKey(Key));
-        OtherProgram other(Path);
-        QVERIFY(other.run("BEGIN EXCLUSIVE"));
-        std::thread unlocking([&other] {
-            sqlite3_sleep(200);
-            other.run("COMMIT");
-        });
-        const bool written = tree.setText(Key, u"a", u"1");
-        unlocking.join();
-        QVERIFY(written);
-    }
-
-    void unwritable_data()
-    {
-        QTest::addColumn<QString>("path"); // below the test's folder
-        QTest::addColumn<QString>("fixed");
-        QTest::addColumn<bool>("isDamaged");
-        QTest::newRow("file") << "settings.sqlite"
-                              << "settings.sqlite" << false;
-        QTest::newRow("folder") << "settings.sqlite"
-                                << "." << false;
-        QTest::newRow("no folder can be made") << "new/settings.sqlite"
-                                               << "." << false;
-        QTest::newRow("damage that can't be put aside") << "settings.sqlite"
-                                                        << "." << true;
-    }
-
     void unwritable()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, fixed);
-        QFETCH(bool, isDamaged);
-        const QDir folder = QFileInfo(Path).dir();
-        fill(*std::make_unique<SettingsTree>(Path), 'o');
-        if (isDamaged)
-            writeFile(Path, "no database");
-        const QByteArray before = contentOf(Path);
-        QVERIFY(QFile::setPermissions(folder.filePath(fixed), QFile::ReadOwner | QFile::ExeOwner));
-        {
-            const auto restore = ordinaryUser();
-            SettingsTree tree(folder.filePath(path));
-            QCOMPARE(isFilled(tree, 'o'), path == "settings.sqlite" && !isDamaged);
-            QVERIFY(!tree.createKey(u"Software\\Other") && !tree.setText(Key, u"1", u"lost"));
-            const SettingsTree::Batch batch(&tree);
-            QVERIFY(!tree.setText(Key, u"1", u"lost"));
-            QVERIFY(!tree.deleteValue(Key, u"1") && !tree.deleteKey(Key));
+        // What of the test's folder can't be changed, and whether the file is damaged. A process of
+        // its own tries it, as root may write what nobody else may.
+        for (const auto &[fixed, isDamaged] :
+             {std::pair("settings.sqlite", false), {".", false}, {".", true}}) {
+            init();
+            fill(*std::make_unique<SettingsTree>(Path), 'o');
+            if (isDamaged)
+                writeFile(Path, "no database");
+            const QByteArray before = contentOf(Path);
+            for (const QString &path : {Folder.path(), QFileInfo(Path).path(), Path})
+                chmod(qPrintable(path), 0777);
+            chmod(qPrintable(QFileInfo(Path).dir().filePath(fixed)), 0555);
+            const pid_t child = fork();
+            if (child == 0) {
+                const bool isOrdinary = geteuid() != 0 || setresuid(65534, 65534, 65534) == 0;
+                SettingsTree tree(Path);
+                const bool reads = isFilled(tree, 'o') != isDamaged;
+                const bool writes = tree.createKey(u"Software\\Other") ||
+                                    tree.setText(Key, u"1", u"lost") ||
+                                    tree.deleteValue(Key, u"1") || tree.deleteKey(Key);
+                _exit(isOrdinary && reads && !writes ? 0 : 1);
+            }
+            int status = -1;
+            waitpid(child, &status, 0);
+            chmod(qPrintable(QFileInfo(Path).path()), 0777);
+            QCOMPARE(status, 0);
+            QCOMPARE(contentOf(Path), before);
+            QCOMPARE(files(), QStringList("settings.sqlite"));
         }
-        QFile::setPermissions(folder.filePath(fixed), QFile::Permissions(0x7000));
-        QCOMPARE(contentOf(Path), before);
-        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 };
 

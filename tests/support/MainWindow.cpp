@@ -4,12 +4,6 @@
 #include "core/SettingsDefaults.h"
 #include "tests/support/OtherProgram.h"
 
-#include <QCheckBox>
-#include <QPointer>
-#include <QSettings>
-#include <QTimer>
-#include <algorithm>
-
 Answers::Answers()
 {
     qApp->installEventFilter(this);
@@ -102,8 +96,7 @@ Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &sett
           settings.isEmpty() ? settingsFile() : writeFile(settingsFile(), settings)))
     , Started(!settings.isEmpty())
 {
-    // The file dialogs are the toolkit's, whose buttons can be pressed, and keep what they remember
-    // in this folder.
+    // The file dialogs are the toolkit's, whose buttons can be pressed.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Folder.path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Folder.path());
@@ -122,30 +115,20 @@ QString Desktop::settingsFile() const
     return Folder.filePath("settings.sqlite");
 }
 
-std::vector<StoredSetting> Desktop::settings() const
+QMap<QString, QString> Desktop::settings() const
 {
-    std::vector<StoredSetting> rows;
-    if (!QFile::exists(settingsFile()))
-        return rows;
+    QMap<QString, QString> found;
     const qsizetype rootLength = SettingsRoot.size() + 1; // with the separator behind it
-    OtherProgram(settingsFile())
-        .run("SELECT key, name, kind, value FROM settings", [&](char **values) {
-            rows.push_back({.Key = QString(values[0]).mid(rootLength),
-                            .Name = values[1],
-                            .Kind = atoi(values[2]),
-                            .Value = values[3]});
-        });
-    std::sort(rows.begin(), rows.end());
-    return rows;
+    if (QFile::exists(settingsFile()))
+        OtherProgram(settingsFile())
+            .run("SELECT key || '\\' || name, value FROM settings",
+                 [&](char **values) { found[QString(values[0]).mid(rootLength)] = values[1]; });
+    return found;
 }
 
 QString Desktop::setting(const QString &key, const QString &name) const
 {
-    const auto all = settings();
-    const auto found = std::ranges::find_if(all, [&](const StoredSetting &candidate) {
-        return candidate.Key == key && candidate.Name == name;
-    });
-    return found == all.end() ? QString() : found->Value;
+    return settings().value(key.isEmpty() ? name : key + '\\' + name);
 }
 
 void Desktop::alterSettings(const QString &sql)
@@ -160,10 +143,9 @@ void Desktop::store(const QString &key, const QString &name, const WrittenValue 
         qFatal("There is no setting %s.", qPrintable(name));
     if (kind == 0)
         kind = std::holds_alternative<qint32>(value) ? REG_DWORD : REG_SZ;
-    alterSettings(QString("UPDATE settings SET kind = %1, value = '%2' WHERE key = '%3' AND name = "
-                          "'%4'")
-                      .arg(kind)
-                      .arg(stored(value), SettingsPath(key), name));
+    const QString sql =
+        "UPDATE settings SET kind = %1, value = '%2' WHERE key = '%3' AND name = '%4'";
+    alterSettings(sql.arg(kind).arg(stored(value), SettingsPath(key), name));
 }
 
 Zendova *Desktop::start(const QString &commandTail)
@@ -196,6 +178,7 @@ bool Desktop::close()
 void WindowTest::cleanup()
 {
     QVERIFY(desktop->Dialogs.allCame());
+    QGuiApplication::clipboard()->clear();
 }
 
 void WindowTest::useDesktop(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
@@ -207,9 +190,9 @@ void WindowTest::useDesktop(const QSize &pixels, double dotsPerInch, const QByte
     desktop = std::make_unique<Desktop>(pixels, dotsPerInch, settings);
 }
 
-void WindowTest::begin(const QSize &pixels, double dotsPerInch, const QByteArray &settings)
+void WindowTest::begin(const QSize &pixels, double dotsPerInch)
 {
-    useDesktop(pixels, dotsPerInch, settings);
+    useDesktop(pixels, dotsPerInch);
     restart();
 }
 

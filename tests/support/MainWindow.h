@@ -27,19 +27,11 @@
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QLabel>
-#include <QMenu>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
+#include <QtTest>
+#include <QtWidgets>
 #include <deque>
 #include <functional>
 #include <memory>
-#include <tuple>
-#include <vector>
 
 /// Answers the modal dialogs of the program in the order in which they are expected, by pressing
 /// their real buttons. A dialog that nobody expects is closed and counted as a failure, and so is
@@ -53,15 +45,13 @@ public:
     ~Answers() override;
 
     /// The next dialog is this message, about `what`: its text, blanks folded, contains the words;
-    /// a text with carriage returns is compared whole. `button` is the caption to press.
-    /// `dontRepeat` ticks the box first.
+    /// one with carriage returns is compared whole. `button` is pressed, the box ticked before.
     void message(const ExpectedMessage &said, const QString &button = "Ok",
                  const QString &what = {}, bool dontRepeat = false);
     /// The same for a message by its whole title and its text.
     void message(const QString &title, const QString &text, const QString &button,
                  bool dontRepeat = false);
-    /// The next dialog has this title; `use` works it and must close it. One that a failed check
-    /// has left open is closed, for the test to end.
+    /// The next dialog has this title; `use` works it and must close it.
     void dialog(const QString &title, std::function<void(QDialog *)> use);
     /// True if every expected dialog came and no other; tells what was wrong otherwise.
     bool allCame();
@@ -81,21 +71,6 @@ private:
     QStringList Faults;
 };
 
-/// A value in the settings file: its key below the program's root ("" for the root itself).
-struct StoredSetting
-{
-    QString Key;
-    QString Name;
-    int Kind = 0;
-    QString Value;
-
-    bool operator<(const StoredSetting &other) const
-    {
-        return std::tie(Key, Name, Kind, Value) <
-               std::tie(other.Key, other.Name, other.Kind, other.Value);
-    }
-};
-
 /// As the settings file shows a value.
 QString stored(const WrittenValue &value);
 
@@ -103,14 +78,13 @@ QString stored(const WrittenValue &value);
 class Desktop
 {
 public:
-    /// The screen's size in pixels and its dots per inch; all of it is work area. The settings
-    /// file has this content from before, or is not there.
+    /// The screen is work area all over. The settings file has this content, or is not there.
     explicit Desktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
                      const QByteArray &settings = {});
     ~Desktop();
 
-    /// A new main window, started and active, on the settings as they are. On the first start the
-    /// first-run question is answered with Yes.
+    /// A new main window, started and active. On the first start the first-run question is
+    /// answered with Yes.
     Zendova *start(const QString &commandTail = {});
     /// The same without any answer given in advance.
     Zendova *startAsItIs(const QString &commandTail = {});
@@ -118,13 +92,13 @@ public:
     bool close();
 
     QString settingsFile() const;
-    /// All values, sorted, as another program reads them from the file.
-    std::vector<StoredSetting> settings() const;
-    /// One value of them as text; null if it is not there.
+    /// The values by their paths below the program's root, as another program reads them.
+    QMap<QString, QString> settings() const;
+    /// One of them; null if it is not there.
     QString setting(const QString &key, const QString &name) const;
     /// Changes the file (tables `keys` and `settings`) as another program would.
     void alterSettings(const QString &sql);
-    /// The same for a value that is there, in the kind that its type asks for, or in this one.
+    /// The same for a value that is there. The kind is what its type asks for, or this one.
     void store(const QString &key, const QString &name, const WrittenValue &value, int kind = 0);
 
     QTemporaryDir Folder;
@@ -150,25 +124,26 @@ protected:
     void useDesktop(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
                     const QByteArray &settings = {});
     /// The same, and a window on it.
-    void begin(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96,
-               const QByteArray &settings = {});
-    /// Another window on the desktop that is there.
+    void begin(const QSize &pixels = {1280, 1024}, double dotsPerInch = 96);
     void restart(const QString &commandTail = {}) { window = desktop->start(commandTail); }
-    /// The next dialog is this message; arguments as for Answers.
     void expect(const ExpectedMessage &said, const QString &button = "Ok", const QString &what = {},
                 bool dontRepeat = false)
     {
         desktop->Dialogs.message(said, button, what, dontRepeat);
     }
+    ::TextBoard *board() const { return window->TextBoard; }
     /// The button of this key, on whatever bar of the window it is.
     QToolButton *button(const char *key) const;
     void press(const char *key) const { QTest::mouseClick(button(key), Qt::LeftButton); }
+    void keys(const QString &sequence) const
+    {
+        QTest::keySequence(window->focusWidget(), QKeySequence(sequence));
+    }
 
     std::unique_ptr<Desktop> desktop;
     Zendova *window = nullptr;
 };
 
-/// What main() of a test of windows does: runs the test on the small fonts alone.
 template<typename Test>
 int runWindowTest(int argc, char *argv[])
 {

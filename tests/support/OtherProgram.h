@@ -13,7 +13,7 @@ public:
     Q_DISABLE_COPY_MOVE(OtherProgram)
 
     using Row = std::function<void(char **values)>;
-    /// Runs one statement, and tells of each row of its result. False if it fails.
+    /// Runs statements, and tells of each row of the result. False if that fails.
     bool run(
         const QString &sql, Row eachRow = [](char **) {})
     {

@@ -6,14 +6,8 @@
 #include "platform/controls/SplitBar.h"
 #include "textboard/TextBoard.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTest>
-#include <QWindow>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,5 +1,4 @@
-// What a person does with the main window that takes more than one event: filling a number box,
-// choosing a font, moving over the map, and looking at which glyph is shown where.
+// What a person does with the main window that takes more than one event.
 #pragma once
 
 #include "core/Zendova.h"
@@ -21,10 +20,8 @@ bool chooseFont(Zendova *window, const QString &name);
 /// cells hold them.
 void makeGlyphsReadable(Zendova *window);
 
-/// The mouse moves to the middle of a cell.
 void hover(Zendova *window, int cell);
 void clickCell(Zendova *window, int cell, Qt::MouseButton button = Qt::LeftButton);
-/// Cell of a code of the default map.
 constexpr int cellOf(int code)
 {
     return code - FirstCode;
@@ -41,9 +38,7 @@ constexpr int FullRowCode = 0x4F;
 /// The origin of that glyph in a picture of it with nothing to its left. `cell` as for readGlyph.
 QPoint originOfFullRow(const QImage &image, int cell = 7);
 
-/// The picture of one cell as it is on the screen.
 QImage pictureOf(CharCells *cells, int index);
-/// The picture of the board's text.
 QImage pictureOf(::TextBoard *board);
 /// The glyph that the board shows first, its font being 24 points high; it holds this text then.
 GlyphPicture firstGlyph(Zendova *window, const QString &text);
@@ -51,9 +46,7 @@ GlyphPicture firstGlyph(Zendova *window, const QString &text);
 /// Selects on the board; 0 for a length sets the caret.
 void select(const Zendova *window, int start, int length);
 
-/// The item of the window's menus with this name.
 QAction *menuItem(const Zendova *window, const char *name);
-/// Opens the menu and clicks the item in it.
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item);
 /// Opens the menu, so that its items take the states of now, and closes it.
 void lookAtMenu(const Zendova *window, const char *menu);

@@ -24,7 +24,6 @@ private:
     bool Valid = false;
 };
 
-/// What a glyph of the test fonts says of itself.
 struct GlyphPicture
 {
     int code = 0;         ///< 0 where nothing is drawn, and in the missing glyph

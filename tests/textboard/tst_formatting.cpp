@@ -2,17 +2,7 @@
 // each of them shows.
 #include "tests/textboard/BoardFormat.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
-
 namespace {
-
-constexpr const char *PickerTitle = "Pick A Color for TextBoard Font";
 
 enum Style { Bold, Italic, Underline, Strikeout };
 constexpr const char *StyleButtons[] = {"Bold", "Italic", "Underline", "Strikethrough"};
@@ -41,33 +31,6 @@ class TestFormatting : public WindowTest
     Q_OBJECT
 
 private slots:
-    void fontReachesEverything()
-    {
-        makeGlyphsReadable(window);
-        window->ViewsContainer->ZoomSizeSlider->setValue(24);
-        const auto cell = [this](int code) { return pictureOf(mapCells(), cellOf(code)); };
-        const auto zoom = [this] { // within its frame
-            return pictureOf(zoomCell(), 0).copy(4, 4, 126, 126);
-        };
-        hover(window, cellOf(FullRowCode));
-        const QPoint cellOrigin = originOfFullRow(cell(FullRowCode));
-        const QPoint zoomOrigin = originOfFullRow(zoom());
-        hover(window, cellOf('K'));
-        for (const auto &[name, font] : {std::pair("Zt Symbol", 3), {"Zt Four", 8}}) {
-            QVERIFY(chooseFont(window, name));
-            const GlyphPicture expected{.code = 'K', .font = font};
-            QCOMPARE(readGlyph(cell('K'), cellOrigin), expected);
-            QCOMPARE(readGlyph(zoom(), zoomOrigin), expected);
-            QCOMPARE(firstGlyph(window, "K"), expected);
-        }
-        // A style chooses the face of its own that the font has, but not in the map.
-        for (const auto &[style, font] : {std::pair(Bold, 9), {Italic, 11}, {Bold, 10}}) {
-            press(StyleButtons[style]);
-            QCOMPARE(firstGlyph(window, "K"), (GlyphPicture{.code = 'K', .font = font}));
-        }
-        QCOMPARE(readGlyph(cell('K'), cellOrigin), (GlyphPicture{.code = 'K', .font = 8}));
-    }
-
     void styles()
     {
         QVERIFY(chooseFont(window, "Zt Four"));
@@ -94,25 +57,19 @@ private slots:
         }
     }
 
-    void builtInStyle_data()
-    {
-        QTest::addColumn<int>("number"); // of the font's glyphs
-        QTest::addColumn<int>("style");
-        QTest::newRow("Zt Bold Only") << 4 << int(Bold);
-        QTest::newRow("Zt Italic Only") << 13 << int(Italic);
-    }
     void builtInStyle()
     {
-        QFETCH(int, number);
-        QFETCH(int, style);
         makeGlyphsReadable(window);
-        for (const bool wished : {false, true}) {
+        for (const auto &[name, number, style, wished] :
+             {std::tuple("Zt Bold Only", 4, Bold, false),
+              {"Zt Italic Only", 13, Italic, true},
+              {"Zt Bold Only", 4, Bold, true}}) {
             QVERIFY(chooseFont(window, "Zt Four"));
             if (wished)
                 press(StyleButtons[style]);
             const auto wish = window->Format.TBStyle;
 
-            QVERIFY(chooseFont(window, QTest::currentDataTag()));
+            QVERIFY(chooseFont(window, name));
             QVERIFY(!button(StyleButtons[style])->isEnabled());
             QCOMPARE(firstGlyph(window, "K"), (GlyphPicture{.code = 'K', .font = number}));
             // Pressed before the menu has opened, a key finds its command on.
@@ -129,32 +86,30 @@ private slots:
             QVERIFY(button(StyleButtons[style])->isEnabled());
             QCOMPARE(button(StyleButtons[style])->isChecked(), wished);
             QCOMPARE(has(boardFont(), style) && has(zoomCell()->cellFont(), style), wished);
+            if (wished)
+                press(StyleButtons[style]);
         }
     }
 
     void alignment()
     {
-        const struct
-        {
-            const char *Button;
-            const char *Command;
-            const char *Name;
-            double Place; // of the text, as a share of the board's width
-        } ways[] = {{"CenterText", "AlignCenter", "centre", 0.5},
-                    {"CenterText", "AlignCenter", "centre", 0.5}, // once more does nothing
-                    {"AlignRight", "AlignRight", "right", 1},
-                    {"AlignLeft", "AlignLeft", "left", 0}};
+        // Their places as a share of the board's width; once more does nothing.
+        const std::tuple<const char *, const char *, const char *, double> ways[] = {
+            {"CenterText", "AlignCenter", "centre", 0.5},
+            {"CenterText", "AlignCenter", "centre", 0.5},
+            {"AlignRight", "AlignRight", "right", 1},
+            {"AlignLeft", "AlignLeft", "left", 0}};
         for (const bool byMenu : {false, true}) {
-            for (const auto &way : ways) {
+            for (const auto &[key, command, name, share] : ways) {
                 if (byMenu)
-                    give(way.Command);
+                    give(command);
                 else
-                    press(way.Button);
-                QCOMPARE(formatOf(window), QString("Arial 18 - %1 #000000 Black").arg(way.Name));
+                    press(key);
+                QCOMPARE(formatOf(window), QString("Arial 18 - %1 #000000 Black").arg(name));
                 const int place = board()->cursorRect().x();
-                QVERIFY(qAbs(double(place) / board()->viewport()->width() - way.Place) < 0.1);
-                for (const auto &other : ways)
-                    QCOMPARE(isMarked(other.Command), other.Place == way.Place);
+                QVERIFY(qAbs(double(place) / board()->viewport()->width() - share) < 0.1);
+                for (const char *other : {"AlignCenter", "AlignRight", "AlignLeft"})
+                    QCOMPARE(isMarked(other), !strcmp(other, command));
             }
         }
     }
@@ -170,14 +125,17 @@ private slots:
         QTest::keyClick(window->FontSizeSlider->slider(), Qt::Key_Left);
         QVERIFY(chooseFont(window, "Zt Gaps")); // the size goes with the font
         QCOMPARE(formatOf(window), QString("Zt Gaps 35 - left #000000 Black"));
+        const QFont find = window->FindFrame->FindString->font(); // never too high for its box
+        QCOMPARE(find.family(), mapCells()->cellFont().family());
+        QCOMPARE(find.pointSizeF(), 12.0);
         QCOMPARE(zoomCell()->cellFont().pointSize(), zoomed);
+        QCOMPARE(zoomCell()->cellFont().family(), mapCells()->cellFont().family());
     }
 
     void colour()
     {
-        const auto *color = button("Color");
         const auto pick = [this](Qt::Key move, bool byMenu) {
-            desktop->Dialogs.dialog(PickerTitle, [move](QDialog *dialog) {
+            desktop->Dialogs.dialog("Pick A Color for TextBoard Font", [move](QDialog *dialog) {
                 QTRY_VERIFY(dialog->focusWidget() && dialog->focusWidget()->hasFocus());
                 QTest::keyClick(dialog->focusWidget(), move);
                 QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
@@ -193,7 +151,7 @@ private slots:
             pick(move, move == Qt::Key_Down);
             QCOMPARE(window->Format.TBColorName, QString(name));
             QCOMPARE(board()->ForeColor(), value);
-            QVERIFY(color->toolTip().endsWith(QString("(Currently %1)").arg(name)));
+            QVERIFY(button("Color")->toolTip().endsWith(QString("(Currently %1)").arg(name)));
         }
         // A colour that is none of the sixteen stays where nothing else is chosen.
         const QColor another(1, 2, 3);
@@ -205,16 +163,16 @@ private slots:
         give("FormatFont");
         QCOMPARE(board()->ForeColor(), another);
         QCOMPARE(window->Format.TBFontName, QString("Arial"));
-        window->DisplayTT->trigger();
-        QCOMPARE(color->toolTip(), QString());
     }
 
     void fontDialog()
     {
         QTest::keyClicks(board(), "ab");
         window->TextFile.TextChanged = false; // as after saving
-        for (const bool accepted : {false, true}) {
-            desktop->Dialogs.dialog("Font", [accepted](QDialog *dialog) {
+        for (const auto &[end, format] :
+             {std::pair(QDialogButtonBox::Cancel, FirstFormat),
+              {QDialogButtonBox::Ok, "Zt Four 30 bius left #808080 Grey"}}) {
+            desktop->Dialogs.dialog("Font", [end = end](QDialog *dialog) {
                 auto *name = theOnly<QLineEdit>(dialog);
                 QCOMPARE(name->text(), QString("Arial"));
                 QTRY_VERIFY(name->hasFocus());
@@ -223,16 +181,14 @@ private slots:
                 QCOMPARE(size->value(), 18);
                 size->selectAll();
                 QTest::keyClicks(size, "30");
-                for (const char *style : {"Bold", "Strikeout"})
+                for (const char *style : {"Bold", "Italic", "Underline", "Strikeout"})
                     QTest::mouseClick(theOnly<QCheckBox>(dialog, style), Qt::LeftButton, {},
                                       {8, 8});
                 QTest::keyClicks(theOnly<QComboBox>(dialog), "Gra");
-                const auto last = accepted ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel;
-                QTest::mouseClick(theOnly<QDialogButtonBox>(dialog)->button(last), Qt::LeftButton);
+                QTest::mouseClick(theOnly<QDialogButtonBox>(dialog)->button(end), Qt::LeftButton);
             });
             give("FormatFont");
-            QVERIFY(formatOf(window).startsWith(accepted ? "Zt Four 30 bs left #808080 Grey"
-                                                         : FirstFormat));
+            QCOMPARE(formatOf(window), QString(format));
         }
         QVERIFY(window->focusWidget() == board());
         press("CenterText");
@@ -241,7 +197,6 @@ private slots:
     }
 
 private:
-    ::TextBoard *board() const { return window->TextBoard; }
     QFont boardFont() const { return board()->document()->defaultFont(); }
     CharCells *mapCells() const { return window->FMapContainer->CharButton; }
     CharCells *zoomCell() const { return window->ViewsContainer->TextZoom; }

@@ -1,0 +1,352 @@
+// A random user over all windows, for sanitizers and invariants to notice what no test thought of.
+// The same seed does the same things; each is told on standard output before it is done, so that
+// the last lines of a run that ends badly say how.
+//
+//     soak [--seed N] [--events N] [--seconds N]
+#include "core/CommandLine.h"
+#include "platform/CodePage.h"
+#include "platform/controls/AltCode.h"
+#include "tests/support/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QClipboard>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QWheelEvent>
+#include <random>
+#include <unistd.h>
+
+namespace {
+
+/// Commands that start other programs.
+const QSet<QString> OtherPrograms = {"HelpReadme", "HelpCheckUpd", "HelpVisit", "HelpFeedback"};
+
+constexpr unsigned HangSeconds = 60; ///< for which nothing may hold the user up
+
+class RandomUser : public QObject
+{
+public:
+    RandomUser(const QString &folder, quint32 seed, int events, int seconds)
+        : Folder(folder), Random(seed), Events(events), Seconds(seconds)
+    {
+        writeFiles();
+        Clock.start();
+        connect(&Ticks, &QTimer::timeout, this, &RandomUser::step);
+        Ticks.start(0); // the start may ask a question
+        start();
+    }
+
+    int done() const { return Count; }
+
+private:
+    int below(int limit)
+    {
+        return std::uniform_int_distribution<int>(0, std::max(limit - 1, 0))(Random);
+    }
+    template<class List>
+    auto oneOf(const List &list)
+    {
+        return list[below(int(std::size(list)))];
+    }
+
+    /// Documents, maps and what only looks like them, for the user to load.
+    void writeFiles()
+    {
+        QByteArray codes;
+        for (int code = 32; code < 256; ++code)
+            codes += char(code);
+        QByteArray map;
+        for (int number = 1; number <= CellCount; ++number)
+            map += QByteArray::number(number) + ",\"" +
+                   (number % 3 ? "" : codes.mid(number + 31, 1)) + "\"\r\n";
+        map.replace("\"\"\"", "\"xx\"");
+        const std::pair<const char *, QByteArray> files[] = {
+            {"a.txt", codes + "\r\n" + codes},
+            {"b.zuf", "{\\rtf1\\ansi{\\fonttbl{\\f0 Zt "
+                      "Latin;}}{\\colortbl;\\red255;}\\f0\\fs36\\cf1 ab\\par}"},
+            {"c.zcm", map},
+            {"d.zcm", "no map"},
+            {"e.txt", QByteArray(70000, 'x')},
+            {"f.zuf", "{\\rtf1"},
+            {"none.txt", {}}};
+        for (const auto &[name, content] : files) {
+            Files += Folder + '/' + name;
+            if (!content.isEmpty())
+                writeFile(Files.back(), content);
+        }
+    }
+
+    void start()
+    {
+        Window.reset();
+        FontCount = TTFontCount = SysFontCount = 0;
+        Window = std::make_unique<Zendova>(below(3) ? QString() : oneOf(Files));
+        try {
+            Window->Start();
+        } catch (const ProgramEnd &) { // the first question was answered with No
+            return start();
+        }
+        QApplication::setActiveWindow(Window.get());
+    }
+
+    void step()
+    {
+        alarm(HangSeconds);
+        if (Count >= Events || Clock.elapsed() > Seconds * 1000)
+            return finish();
+        ++Count;
+        // A nested loop of a dialog that this opens goes on taking steps.
+        Ticks.start(0);
+        if (Count % 4000 == 0 && !QApplication::activeModalWidget())
+            return restart();
+        act();
+        check();
+    }
+
+    void act()
+    {
+        QWidget *top = QApplication::activePopupWidget();
+        if (!top)
+            top = QApplication::activeModalWidget();
+        if (!top)
+            top = Window.get();
+        if (auto *files = qobject_cast<QFileDialog *>(top))
+            return useFileDialog(files);
+        if (below(400) == 0)
+            return changeDisplay();
+        if (below(200) == 0)
+            return drop();
+        if (below(100) == 0)
+            return fillClipboard();
+        if (below(12) == 0 && top == Window.get())
+            return chooseCommand();
+        QList<QWidget *> controls;
+        for (QWidget *control : top->findChildren<QWidget *>())
+            if (control->isVisible() && control->isEnabled())
+                controls += control;
+        controls += top;
+        QWidget *control = oneOf(controls);
+        switch (below(6)) {
+        case 0:
+        case 1:
+            return press(top, control);
+        case 2:
+            return drag(control);
+        case 3:
+            return wheel(control);
+        default:
+            return type(top);
+        }
+    }
+
+    QPoint pointIn(const QWidget *control)
+    {
+        return {below(control->width()), below(control->height())};
+    }
+
+    void tell(const char *what, const QObject *where, const QString &how = {}) const
+    {
+        std::printf("%d %s %s %s %s\n", Count, what, where ? where->metaObject()->className() : "",
+                    where ? qPrintable(where->objectName()) : "", qPrintable(how));
+        std::fflush(stdout);
+    }
+
+    void press(QWidget *top, QWidget *control)
+    {
+        const QPoint at = pointIn(control);
+        const auto mouse = below(5) ? Qt::LeftButton : Qt::RightButton;
+        tell("click", control, QString("%1,%2").arg(at.x()).arg(at.y()));
+        if (below(8) == 0)
+            QTest::mouseDClick(control, mouse, {}, at);
+        else
+            QTest::mouseClick(control, mouse, {}, at);
+        Q_UNUSED(top)
+    }
+
+    void drag(QWidget *control)
+    {
+        const QPoint from = pointIn(control);
+        tell("drag", control, QString("%1,%2").arg(from.x()).arg(from.y()));
+        const QPointer<QWidget> still = control;
+        QTest::mousePress(control, Qt::LeftButton, {}, from);
+        for (int i = 0; i < 4 && still; ++i)
+            QTest::mouseMove(control, from + QPoint(below(200) - 100, below(200) - 100));
+        if (still)
+            QTest::mouseRelease(control, Qt::LeftButton, {}, pointIn(control));
+    }
+
+    void wheel(QWidget *control)
+    {
+        tell("wheel", control);
+        const QPoint at = pointIn(control);
+        QWheelEvent event(at, control->mapToGlobal(at), {}, {0, below(2) ? 120 : -120},
+                          Qt::NoButton, below(2) ? Qt::ControlModifier : Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(control, &event);
+    }
+
+    void type(QWidget *top)
+    {
+        QWidget *focus = QApplication::focusWidget();
+        QWidget *to = focus && (focus == top || top->isAncestorOf(focus)) ? focus : top;
+        static constexpr Qt::Key Keys[] = {
+            Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Return, Qt::Key_Escape,    Qt::Key_Left,
+            Qt::Key_Right,  Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Home,      Qt::Key_End,
+            Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_F1,
+            Qt::Key_F3,     Qt::Key_F10,      Qt::Key_Shift,  Qt::Key_Alt,       Qt::Key_Menu,
+            Qt::Key_Space,  Qt::Key_Tab};
+        static constexpr Qt::KeyboardModifiers Modifiers[] = {
+            Qt::NoModifier,    Qt::NoModifier,      Qt::NoModifier,
+            Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier};
+        const Qt::KeyboardModifiers modifiers = oneOf(Modifiers);
+        if (below(2)) {
+            const Qt::Key key = oneOf(Keys);
+            tell("key", to, QKeySequence(key | modifiers).toString());
+            QTest::keyClick(to, key, modifiers);
+        } else {
+            const char character = char(33 + below(94));
+            tell("type", to, QString(QChar(character)) + QKeySequence(modifiers).toString());
+            QTest::keyClick(to, character, modifiers);
+        }
+    }
+
+    void chooseCommand()
+    {
+        QList<QAction *> commands;
+        for (QAction *command : Window->menuBar()->findChildren<QAction *>())
+            if (command->isEnabled() && command->isVisible() && !command->isSeparator() &&
+                !command->menu() && !OtherPrograms.contains(command->objectName()) &&
+                command->objectName() != "FileExit")
+                commands += command;
+        QAction *command = oneOf(commands);
+        tell("command", command);
+        command->trigger();
+    }
+
+    /// The toolkit's dialog can delete and rename files: only names are typed into it.
+    void useFileDialog(QFileDialog *dialog)
+    {
+        const QString path = below(3) ? oneOf(Files)
+                                      : Folder + "/saved" + QString::number(below(4)) +
+                                            QStringList{".txt", ".zuf", ".zcm"}[below(3)];
+        const bool cancel = below(3) == 0;
+        tell("file", dialog, cancel ? QString("cancel") : path);
+        if (cancel)
+            return dialog->reject();
+        auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
+        if (edit)
+            edit->setText(path);
+        QTest::keyClick(edit ? static_cast<QWidget *>(edit) : dialog, Qt::Key_Return);
+        if (below(2) && dialog->isVisible())
+            dialog->reject();
+    }
+
+    void changeDisplay()
+    {
+        static constexpr QSize Sizes[] = {{800, 600}, {1024, 768}, {1280, 1024}, {1920, 1080}};
+        const QSize size = oneOf(Sizes);
+        const double dotsPerInch = below(2) ? 96 : 120;
+        tell("display", nullptr, QString("%1 at %2").arg(size.width()).arg(dotsPerInch));
+        SysInfo::current().pretend(SysInfo::Screen{size, {}, dotsPerInch});
+    }
+
+    void drop()
+    {
+        const QString path = oneOf(Files);
+        tell("drop", nullptr, path);
+        Window->OpenDroppedFile(path);
+    }
+
+    void fillClipboard()
+    {
+        tell("clipboard", nullptr);
+        QApplication::clipboard()->setText(QString(below(3) ? 20 : 62000, QChar(33 + below(400))));
+    }
+
+    void restart()
+    {
+        tell("restart", nullptr);
+        if (Window->close())
+            start();
+    }
+
+    void check()
+    {
+        const qsizetype length = Window->TextBoard->TextLength();
+        if (length > ::TextBoard::MaxLength())
+            qFatal("The board holds %lld characters.", static_cast<long long>(length));
+        if (!Window->FirstActivate && Window->isVisible() && Window->FMapContainer->SizeIndex < 1)
+            qFatal("The map has no size.");
+    }
+
+    void finish()
+    {
+        Ticks.stop();
+        alarm(0);
+        // Out of all dialogs, the innermost first.
+        if (QWidget *popup = QApplication::activePopupWidget())
+            popup->close();
+        else if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+            dialog->reject();
+        else
+            return QApplication::quit();
+        QTimer::singleShot(0, this, &RandomUser::finish);
+    }
+
+    QString Folder;
+    std::mt19937 Random;
+    int Events;
+    int Seconds;
+    int Count = 0;
+    QStringList Files;
+    QTimer Ticks;
+    QElapsedTimer Clock;
+    std::unique_ptr<Zendova> Window;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QTemporaryDir folder;
+    qputenv("HOME", folder.path().toUtf8()); // where file dialogs begin and printing to files goes
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    if (chdir(qPrintable(folder.path())) != 0)
+        return 1;
+    const TestFonts fonts;
+    FontCatalog catalog;
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QApplication::setStyle(new Look);
+    QApplication::setQuitOnLastWindowClosed(false);
+    AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
+    application.installEventFilter(&altCode);
+
+    QCommandLineParser options;
+    options.addOptions({{"seed", "", "number", "1"},
+                        {"events", "", "number", "50000"},
+                        {"seconds", "", "number", "86400"}});
+    options.process(application);
+    SysInfo screen;
+    screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
+    SettingsTree settings(folder.filePath("settings.sqlite"));
+    UseSettingsTree(&settings);
+    int done = 0;
+    {
+        RandomUser user(folder.path(), options.value("seed").toUInt(),
+                        options.value("events").toInt(), options.value("seconds").toInt());
+        QApplication::exec();
+        done = user.done();
+    }
+    UseSettingsTree(nullptr);
+    std::printf("%d events\n", done);
+}
