@@ -4,6 +4,7 @@
 #include "core/Zendova.h"
 
 #include "core/GlobalDeclarations.h"
+#include "defaults/Options.h"
 #include "fontmap/Views.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/Toolbar.h"
@@ -137,7 +138,7 @@ constexpr MenuRow Rows[] = {
     {1, "ToolsFB", "&Browse Fonts...", "", &Zendova::ToolsFB_Click},
     {1, "ToolsKB", "View &Keyboard Layout...", "", &Zendova::ToolsKB_Click},
     {1, "ToolsSep2", Line},
-    {1, "ToolsOpt", "Default &Options..."},
+    {1, "ToolsOpt", "Default &Options...", "", &Zendova::ToolsOpt_Click},
 
     {0, "ItemDisplay", "To&ggles", "", &Zendova::ItemDisplay_Click},
     {1, "OptLoadTD", "&Load .TXT Files with TextBoard Defaults", "", nullptr, &Zendova::OptLoadTD,
@@ -365,6 +366,11 @@ void Zendova::ItemFormat_Click()
 void Zendova::ItemTools_Click()
 {
     CopyButtonStates("ItemTools");
+}
+
+void Zendova::ToolsOpt_Click()
+{
+    Options(FontNameCombo->model(), *FMColorPalette, this).exec();
 }
 
 void Zendova::ItemDisplay_Click()

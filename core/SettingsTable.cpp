@@ -241,11 +241,24 @@ constexpr Setting Rows[] = {
     {u"Options", u"OFMapStart", Number, 60},
 };
 
+/// No start asks for it and no repair writes it: only the dialog of defaults does.
+constexpr Setting MaximizeTB{u"Options", u"MaximizeTB", Truth, Elsewhere};
+
 } // namespace
 
 std::span<const Setting> SettingsTable()
 {
     return Rows;
+}
+
+const Setting &SettingOf(QStringView key, QStringView name)
+{
+    const auto row = std::ranges::find_if(
+        Rows, [&](const Setting &setting) { return setting.Key == key && setting.Name == name; });
+    if (row != std::end(Rows))
+        return *row;
+    Q_ASSERT(key == MaximizeTB.Key && name == MaximizeTB.Name);
+    return MaximizeTB;
 }
 
 WrittenValue Setting::standard() const

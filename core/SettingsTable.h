@@ -34,6 +34,10 @@ struct Setting
 /// of their own.
 std::span<const Setting> SettingsTable();
 
+/// The row of a setting, which must be in the table or be the one that the dialog of defaults keeps
+/// for itself.
+const Setting &SettingOf(QStringView key, QStringView name);
+
 /// Reads one setting in the type of its row. Throws ConversionError where it can't be converted.
 WrittenValue ReadSetting(const Setting &setting);
 void WriteSetting(const Setting &setting, const WrittenValue &value);

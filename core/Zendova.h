@@ -162,6 +162,7 @@ public:
     void ItemFormat_Click();
     void ItemTools_Click();
     void ItemDisplay_Click();
+    void ToolsOpt_Click();
     void VCOnL_Click();
     void VCOnR_Click();
     void DisplayCS_Click();

@@ -95,6 +95,24 @@ void FMColorPalette::PickColor(const QString &caption, const QWidget &owner)
     exec();
 }
 
+bool FMColorPalette::PickAnother(const QString &caption, const QWidget &owner,
+                                 const ColorRecord &record, ColorValue live)
+{
+    PickColorIndex = record.ColorIndex;
+    PickPaletteRef = record.PaletteRef;
+    PickColorValue = QString::number(live);
+    PickColor(caption, owner);
+    return PickColorIndex != record.ColorIndex || PickPaletteRef != record.PaletteRef;
+}
+
+ColorRecord PickedColor()
+{
+    return {.Color = PickColorValue.toInt(),
+            .ColorIndex = PickColorIndex,
+            .ColorName = PickColorName,
+            .PaletteRef = PickPaletteRef};
+}
+
 void FMColorPalette::SaveCustomColors() const
 {
     WriteCustomColors(Palettes[CustomPalette]);

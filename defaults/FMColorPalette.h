@@ -5,6 +5,7 @@
 #pragma once
 
 #include "defaults/PaletteTables.h"
+#include "fontmap/ColorRecord.h"
 #include "platform/controls/FormDialog.h"
 
 class ColorBlocks;
@@ -12,6 +13,9 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTabWidget;
+
+/// What the Pick variables tell.
+ColorRecord PickedColor();
 
 class FMColorPalette : public FormDialog
 {
@@ -25,6 +29,10 @@ public:
     /// caller has set PickColorIndex, PickPaletteRef and PickColorValue; after Ok they and
     /// PickColorName tell the choice, otherwise they are as they were.
     void PickColor(const QString &caption, const QWidget &owner);
+    /// Starts it from a colour of the FontMap and its value of now, and tells whether another block
+    /// was chosen, which is in PickedColor then.
+    bool PickAnother(const QString &caption, const QWidget &owner, const ColorRecord &record,
+                     ColorValue live);
     /// Writes the custom colours to the settings; the close box does so too, Ok and Cancel do not.
     void SaveCustomColors() const;
 

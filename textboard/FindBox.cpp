@@ -1,30 +1,12 @@
 // The characters by a validator, through which the toolkit sends every change of the text.
 #include "textboard/FindBox.h"
 
-#include "platform/CodePage.h"
+#include "platform/controls/CodePageValidator.h"
 #include "textboard/EditKeys.h"
 #include "textboard/TextBoard.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QValidator>
-
-namespace {
-
-class CodePageValidator : public QValidator
-{
-public:
-    using QValidator::QValidator;
-
-    State validate(QString &input, int &position) const override
-    {
-        position = static_cast<int>(CodePage::fit(QStringView(input).left(position)).size());
-        input = CodePage::fit(input);
-        return Acceptable;
-    }
-};
-
-} // namespace
 
 FindBox::FindBox(QWidget *parent) : QLineEdit(parent)
 {

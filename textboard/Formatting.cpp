@@ -7,13 +7,13 @@
 #include "fontmap/Views.h"
 #include "platform/FontCatalog.h"
 #include "platform/controls/CharCells.h"
-#include "platform/controls/CmnDlg.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/Icons.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
 #include "textboard/FindBar.h"
 #include "textboard/FindBox.h"
+#include "textboard/FontChoice.h"
 #include "textboard/QBColors.h"
 #include "textboard/TBColorPicker.h"
 #include "textboard/TextBoard.h"
@@ -186,25 +186,12 @@ void Zendova::AlignRight_Click()
 
 void Zendova::FormatFont_Click()
 {
-    ChosenFont choice{.Name = FontNameCombo->Text(),
-                      .Size = static_cast<double>(FontSizeSlider->value()),
-                      .Bold = TextBoard->FontBold(),
-                      .Italic = TextBoard->FontItalic(),
-                      .Underline = TextBoard->FontUnderline(),
-                      .Strikeout = TextBoard->FontStrikethru(),
-                      .Color = FromColor(TextBoard->ForeColor())};
-    std::vector<NamedColor> colors;
-    colors.reserve(QBColors.size());
-    for (const QBColorRow &row : QBColors)
-        colors.push_back({.Name = row.CellLabel, .Value = row.Value});
-    const FontOffer offer{
-        .Fonts = FontNameCombo->model(),
-        .FontOf = [](const QString &name) { return FontCatalog::current().font(name); },
-        .Colors = colors,
-        .LeastSize = FontSizeSlider->slider()->minimum(),
-        .MostSize = FontSizeSlider->slider()->maximum()};
-    if (!CmnDlg::ShowFont(this, offer, choice))
+    const auto chosenFont =
+        AskFont(this, FontNameCombo->model(), *TextBoard, FontSizeSlider->slider()->minimum(),
+                FontSizeSlider->slider()->maximum());
+    if (!chosenFont)
         return;
+    const ChosenFont &choice = *chosenFont;
     if (choice.Name != FontNameCombo->Text())
         SelectFontByName(choice.Name);
     ApplyFontToAll();

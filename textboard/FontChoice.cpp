@@ -1,0 +1,33 @@
+// From the board to the dialog.
+#include "textboard/FontChoice.h"
+
+#include "platform/FontCatalog.h"
+#include "textboard/QBColors.h"
+#include "textboard/TextBoard.h"
+
+#include <vector>
+
+std::optional<ChosenFont> AskFont(QWidget *parent, QAbstractItemModel *fonts,
+                                  const TextBoard &board, int leastSize, int mostSize)
+{
+    ChosenFont choice{.Name = board.FontName(),
+                      .Size = board.FontSize(),
+                      .Bold = board.FontBold(),
+                      .Italic = board.FontItalic(),
+                      .Underline = board.FontUnderline(),
+                      .Strikeout = board.FontStrikethru(),
+                      .Color = FromColor(board.ForeColor())};
+    std::vector<NamedColor> colors;
+    colors.reserve(QBColors.size());
+    for (const QBColorRow &row : QBColors)
+        colors.push_back({.Name = row.CellLabel, .Value = row.Value});
+    const FontOffer offer{
+        .Fonts = fonts,
+        .FontOf = [](const QString &name) { return FontCatalog::current().font(name); },
+        .Colors = colors,
+        .LeastSize = leastSize,
+        .MostSize = mostSize};
+    if (!CmnDlg::ShowFont(parent, offer, choice))
+        return std::nullopt;
+    return choice;
+}
