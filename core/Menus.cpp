@@ -1,4 +1,4 @@
-// The menus of the main window: one row an item. An item without a command is there and disabled.
+// The menus of the main window: one row an item.
 // Check marks that are not toggles of their own are copied from the buttons and the board when a
 // menu opens, and before a key of one of its items acts; nothing updates them in between.
 #include "core/Zendova.h"
@@ -208,12 +208,6 @@ constexpr CopyRow Copies[] = {
     {"ItemTools", "ToolsFS", State::Enabled, &Zendova::TBOperationsTB, "FullScreen"},
 };
 
-bool hasCommand(const char *item)
-{
-    return std::ranges::any_of(
-        Rows, [item](const MenuRow &row) { return row.Handler && qstrcmp(row.Name, item) == 0; });
-}
-
 /// An item without a topic of its own has that of its menu.
 void setHelpId(QAction &item, const MenuRow &row, const QMenu *parent)
 {
@@ -258,7 +252,7 @@ void addItem(Zendova &window, const MenuRow &row, QMenu &parent)
     item->setCheckable(row.Flags & Checkable);
     item->setAutoRepeat(!(row.Flags & Checkable)); // a held key would flicker
     item->setChecked((row.Flags & CheckedAtDesign) == CheckedAtDesign);
-    item->setEnabled((row.Handler || ofPanel || row.Flags == Toggle) && !(row.Flags & Disabled));
+    item->setEnabled(!(row.Flags & Disabled));
     item->setVisible(!(row.Flags & Hidden));
     if (row.Handler)
         QObject::connect(item, &QAction::triggered, &window, row.Handler);
@@ -333,7 +327,7 @@ void Zendova::CopyButtonStates(const char *Menu)
         if (row.Copied == State::Checked)
             item->setChecked(button->isChecked());
         else
-            item->setEnabled(button->isEnabled() && hasCommand(row.Item));
+            item->setEnabled(button->isEnabled());
     }
 }
 

@@ -23,7 +23,7 @@ Toolbar::Toolbar(QWidget *parent) : QWidget(parent), Row(new QHBoxLayout(this))
     setAccessibleRole(this, QAccessible::ToolBar);
 }
 
-QToolButton *Toolbar::addButton(const ButtonLook &look, bool hasCommand)
+QToolButton *Toolbar::addButton(const ButtonLook &look)
 {
     auto *button = new QToolButton(this);
     button->setObjectName(look.Key);
@@ -31,7 +31,6 @@ QToolButton *Toolbar::addButton(const ButtonLook &look, bool hasCommand)
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setCheckable(look.ButtonKind == Kind::Check);
-    button->setEnabled(hasCommand);
     button->setIconSize(QSize(PictureSide, PictureSide));
     button->setFixedSize(ButtonSide, ButtonSide);
     if (look.ButtonKind == Kind::DropDown) {
@@ -40,7 +39,7 @@ QToolButton *Toolbar::addButton(const ButtonLook &look, bool hasCommand)
         button->setFixedWidth(ButtonSide + ArrowWidth);
     }
     Row->insertWidget(Row->count() - 1, button);
-    Buttons.insert(look.Key, {button, look.Image, look.Tag, hasCommand});
+    Buttons.insert(look.Key, {button, look.Image, look.Tag});
     return button;
 }
 
@@ -65,13 +64,6 @@ QToolButton *Toolbar::button(const QString &key) const
     QToolButton *found = Buttons.value(key).Control;
     Q_ASSERT(found);
     return found;
-}
-
-void Toolbar::enableButton(const QString &key, bool on)
-{
-    const auto found = Buttons.constFind(key);
-    Q_ASSERT(found != Buttons.cend());
-    found->Control->setEnabled(on && found->HasCommand);
 }
 
 void Toolbar::showPictures()

@@ -26,8 +26,7 @@ public:
         const char *Tag;   ///< tooltip that can be switched off; also what is told of the button
         Kind ButtonKind = Kind::Push;
     };
-    /// A button without a command is there and stays disabled.
-    QToolButton *addButton(const ButtonLook &look, bool hasCommand);
+    QToolButton *addButton(const ButtonLook &look);
     void addSeparator();
     /// Puts a container in front of the buttons. It keeps its own size, unless it has a stretch
     /// above 0: then it takes the room that is left.
@@ -35,8 +34,7 @@ public:
 
     /// The button under a key; there must be one.
     QToolButton *button(const QString &key) const;
-    /// Sets a button's Enabled, unless it has no command.
-    void enableButton(const QString &key, bool on);
+    void enableButton(const QString &key, bool on) { button(key)->setEnabled(on); }
 
     QString tag(const QString &key) const { return Buttons.value(key).Tag; }
 
@@ -50,14 +48,12 @@ private:
         QToolButton *Control = nullptr;
         QString Image;
         QString Tag;
-        bool HasCommand = false;
     };
     QHBoxLayout *Row;
     QHash<QString, Button> Buttons;
 };
 
-/// A button of a window or panel, and what a click does in its owner; null while the command is not
-/// built. An empty key is a separator.
+/// A button of a window or panel, and what a click does in its owner. An empty key is a separator.
 template<class Owner>
 struct ButtonRow
 {
@@ -77,10 +73,9 @@ void AddButtons(Owner &owner, const ButtonRow<Owner> (&rows)[Count])
             bar->addSeparator();
             continue;
         }
-        QToolButton *button = bar->addButton(row.Look, row.Action != nullptr);
-        if (row.Action)
-            QObject::connect(button, &QToolButton::clicked, &owner,
-                             [&owner, action = row.Action] { action(owner); });
+        QToolButton *button = bar->addButton(row.Look);
+        QObject::connect(button, &QToolButton::clicked, &owner,
+                         [&owner, action = row.Action] { action(owner); });
         if (row.FillMenu)
             QObject::connect(button->menu(), &QMenu::aboutToShow, &owner,
                              [&owner, fill = row.FillMenu] { fill(owner); });

@@ -187,7 +187,7 @@ private slots:
             const QColor face = palette.color(QPalette::Button);
             QWidget parent;
             Toolbar bar(&parent);
-            QToolButton *button = bar.addButton({"Bold", "", "", Toolbar::Kind::Check}, true);
+            QToolButton *button = bar.addButton({"Bold", "", "", Toolbar::Kind::Check});
             bar.resize(40, 22);
             const QRect edge(0, 4, 3, 14);
             QVERIFY2(strongest(pictureOf(*button), edge, face) < 3, name);
