@@ -51,6 +51,7 @@ void showScreenMessage()
 
 constexpr auto StartupTitle = " Startup File Load Error";
 constexpr auto DropTitle = " File Load Error";
+constexpr auto MapTitle = " Custom Map Load Error";
 
 /// Of the files of this computer in what is being dragged the first that can be loaded, or the
 /// first of all; empty if there is none.
@@ -282,9 +283,13 @@ std::optional<QString> Zendova::GetCommandLine()
         path.chop(1);
     if (path.isEmpty())
         return std::nullopt;
-    // What is remembered of the file must lead to it from any other folder too.
-    if (path.contains('/') && !path.endsWith('/'))
-        path = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    // What is remembered of the file must lead to it from any other folder too. Behind a link to a
+    // folder ".." is not the folder before it.
+    if (path.contains('/') && !path.endsWith('/')) {
+        path = QFileInfo(path).absoluteFilePath();
+        if (const QString clean = QDir::cleanPath(path); QFileInfo(clean) == QFileInfo(path))
+            path = clean;
+    }
     if (!isThere(path, StartupTitle))
         return std::nullopt;
     return path;
@@ -315,8 +320,9 @@ void Zendova::OpenDroppedFile(const QString &path)
     if (Unloaded || IsDialogOpen())
         return;
     activateWindow();
-    if (isThere(path, DropTitle))
-        RouteFile(path, DropTitle);
+    const QString title = EndingOf(path) == "ZCM" ? MapTitle : DropTitle;
+    if (isThere(path, title))
+        RouteFile(path, title);
 }
 
 void Zendova::FileExit_Click()
@@ -358,7 +364,6 @@ void Zendova::Form_Unload()
     hide();
     if (FMColorPalette) // a screen that is too small ends the start before
         FMColorPalette->SaveCustomColors();
-    delete std::exchange(FMColorPalette, nullptr);
     for (const QStringView name : {u"FMFPaletteRef", u"FMBPaletteRef", u"FMFColorIndex",
                                    u"FMBColorIndex", u"FMFColorName", u"FMBColorName"})
         RegDropValue(HKEY_CURRENT_USER, SettingsPath(u"Temp"), name);

@@ -50,11 +50,6 @@ constexpr ControlRow Rows[] = {
 
 constexpr const char *ResetTitle = "Reset Custom Color Blocks";
 
-QString nameOf(int palette)
-{
-    return PaletteNames.at(static_cast<std::size_t>(palette));
-}
-
 std::vector<ColorBlocks::Block> blocksFor(const ColorPalette &palette)
 {
     std::vector<ColorBlocks::Block> blocks;
@@ -122,7 +117,7 @@ void FMColorPalette::createControls()
 {
     SSTabColor = Form.Make<QTabWidget>("SSTabColor");
     const auto addPage = [this](const char *name, int palette) {
-        SSTabColor->addTab(Form.Make<QWidget>(name), nameOf(palette));
+        SSTabColor->addTab(Form.Make<QWidget>(name), PaletteName(palette));
     };
     addPage("PresetPage", PresetPalette);
     addPage("SystemPage", SystemPalette);
@@ -208,7 +203,7 @@ void FMColorPalette::Form_Activate()
         blocksOf(palette)->setChosenBlock(
             palette == tab ? std::clamp(PickColorIndex, 0, last - 1) + 1 : 1);
     }
-    showText(CurrentColorLabel, nameOf(tab) + ", " + PaletteColorName(tab, chosenColor(tab)));
+    showText(CurrentColorLabel, PaletteName(tab) + ", " + PaletteColorName(tab, chosenColor(tab)));
     if (SSTabColor->currentIndex() == tab)
         SSTabColor_Click();
     else
@@ -273,7 +268,7 @@ PaletteColor &FMColorPalette::chosenCustomColor()
 void FMColorPalette::showChoice(int palette)
 {
     const QString name = PaletteColorName(palette, chosenColor(palette));
-    blocksOf(palette)->setAccessibleName(nameOf(palette) + " colors, " + name);
+    blocksOf(palette)->setAccessibleName(PaletteName(palette) + " colors, " + name);
     if (palette == SystemPalette)
         showText(SCLabel, name);
     else if (palette == CustomPalette)

@@ -10,6 +10,7 @@
 #include "fontmap/CustomMapFile.h"
 #include "platform/controls/CmnDlg.h"
 #include "platform/controls/ElidedLabel.h"
+#include "platform/controls/PlainToolTip.h"
 #include "textboard/FontChoice.h"
 #include "textboard/QBColors.h"
 #include "textboard/TBColorPicker.h"
@@ -76,9 +77,8 @@ void Options::WriteOptions() const
 void Options::ShowOptionTips()
 {
     SetToolTips(ToolTipsOn);
-    // As plain text: a name may look like markup.
-    const QString tip = "<span>" + Values.InitMapPath.toHtmlEscaped() + "</span>";
-    olblInitMap->setToolTip(ToolTipsOn && !Values.InitMapPath.isEmpty() ? tip : QString());
+    olblInitMap->setToolTip(ToolTipsOn ? PlainToolTip(Values.InitMapPath) : QString());
+    olblInitMap->setAccessibleDescription(Values.InitMapPath);
 }
 
 void Options::ChgFont_Click()
@@ -159,6 +159,9 @@ void Options::changeMapColor(const MapColor &which)
     if (!Palette.PickAnother(which.Caption, *this, record, record.Color))
         return;
     record = PickedColor();
+    // An empty name in the settings would count as damage at the next start.
+    if (record.ColorName.isEmpty())
+        record.ColorName = PaletteName(record.PaletteRef);
     const QString prefix = which.Temp;
     writeTemp(prefix + "PaletteRef", record.PaletteRef);
     writeTemp(prefix + "ColorIndex", record.ColorIndex);
@@ -195,9 +198,10 @@ void Options::takeMapPath(const QString &path)
 
 void Options::cmdOK_Click()
 {
+    dropBlankSample(); // the Enter key comes here without leaving the text
     if (TakeSnapshot(Values) == OptSnapshot) {
         ZndvMsg("\r\rYou have not yet made any change in\rZendova default settings."
-                "\rPress the 'Set' button after making changes.",
+                "\r\rPress the 'Set' button after making changes.",
                 "OK", "Zendova User input Error", false, 1);
         return;
     }

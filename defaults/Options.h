@@ -105,6 +105,7 @@ private:
     void showStrip();
     void placeBox();
     void zoomCode(int code);
+    void dropBlankSample();
     bool sampleTextEvent(QEvent *event);
     // Options.cpp
     void takeTextColor(ColorValue color);

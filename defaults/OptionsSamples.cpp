@@ -28,11 +28,6 @@ void fill(QLabel *swatch, ColorValue color)
     swatch->setPalette(own);
 }
 
-QString paletteName(const ColorRecord &record)
-{
-    return PaletteNames.at(static_cast<std::size_t>(record.PaletteRef));
-}
-
 } // namespace
 
 void Options::showSamples()
@@ -71,8 +66,8 @@ void Options::showMapSamples()
     const ColorRecord &back = Values.Back;
     fill(OFMapFColor, fore.Color);
     fill(OFMapBColor, back.Color);
-    OFMFPalName->setText(paletteName(fore));
-    OFMBPalName->setText(paletteName(back));
+    OFMFPalName->setText(PaletteName(fore.PaletteRef));
+    OFMBPalName->setText(PaletteName(back.PaletteRef));
     OFMFColorName->setWholeText(fore.ColorName);
     OFMBColorName->setWholeText(back.ColorName);
 
@@ -154,7 +149,10 @@ bool Options::eventFilter(QObject *watched, QEvent *event)
         return sampleTextEvent(event);
     // What the mouse does by a click on a letter the keyboard does by typing it.
     if (event->type() == QEvent::KeyPress) {
-        const QString typed = static_cast<QKeyEvent *>(event)->text();
+        const auto *key = static_cast<QKeyEvent *>(event);
+        constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+        const bool types = !(key->modifiers() & commands) && key->key() != Qt::Key_Delete;
+        const QString typed = types ? key->text() : QString();
         const auto code =
             typed.isEmpty() ? std::nullopt : CodePage::toCode(typed.front().unicode());
         if (code && *code >= OptionLimits::FirstStripCode) {
@@ -167,6 +165,12 @@ bool Options::eventFilter(QObject *watched, QEvent *event)
     return FormDialog::eventFilter(watched, event);
 }
 
+void Options::dropBlankSample()
+{
+    if (oSampleText->text().trimmed().isEmpty())
+        oSampleText->clear();
+}
+
 bool Options::sampleTextEvent(QEvent *event)
 {
     switch (event->type()) {
@@ -177,8 +181,7 @@ bool Options::sampleTextEvent(QEvent *event)
             oSampleText->selectAll();
         return false;
     case QEvent::FocusOut:
-        if (oSampleText->text().trimmed().isEmpty())
-            oSampleText->clear();
+        dropBlankSample();
         return false;
     default:
         return false;

@@ -13,6 +13,10 @@
 enum PaletteRef { PresetPalette, SystemPalette, CustomPalette };
 inline constexpr int PaletteCount = 3;
 inline constexpr std::array<const char *, PaletteCount> PaletteNames{"Preset", "System", "Custom"};
+inline QString PaletteName(int palette)
+{
+    return PaletteNames.at(static_cast<std::size_t>(palette));
+}
 
 struct PaletteColor
 {

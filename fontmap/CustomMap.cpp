@@ -20,7 +20,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
-#include <cmath>
 
 namespace {
 
@@ -30,6 +29,8 @@ constexpr ColorValue Black = RGBValue(0, 0, 0);
 constexpr ColorValue White = RGBValue(255, 255, 255);
 constexpr ColorValue Highlight = SystemColorValue(13);
 
+const QString OpenElsewhere = QStringLiteral("It is open for editing in another copy of Zendova");
+
 constexpr QStringView Key = u"CFMEditor"; // of the settings
 
 qint32 storedNumber(QStringView name, qint32 standard)
@@ -37,12 +38,6 @@ qint32 storedNumber(QStringView name, qint32 standard)
     const SettingValue value = RegReadValue(HKEY_CURRENT_USER, SettingsPath(Key), name);
     const bool isThere = !std::holds_alternative<std::monostate>(value);
     return isThere ? toNumber(value, Key, name) : standard;
-}
-
-/// Halves go to the even number.
-int wholePoints(double points)
-{
-    return static_cast<int>(std::nearbyint(points));
 }
 
 /// Checks one of two options. The Tab key leads to that one, which the toolkit sees to only when
@@ -78,6 +73,8 @@ std::optional<QString> CustomMap::SetupEditCFMap(const QString &MapPath, const Q
 {
     // Locked before it is read, so that what is read is what is kept from others.
     Lock = FileLock::shared(MapPath);
+    if (!Lock.isHeld())
+        return OpenElsewhere;
     const RegularFile::Reading file = RegularFile::read(MapPath, CustomMapFile::MostBytes);
     const auto captions = CustomMapFile::read(file.Bytes);
     if (!captions) {
@@ -104,7 +101,7 @@ void CustomMap::showMap(int fontIndex, const QString &fontName, double fontSize)
     }
     lstFontChars->setCodes(Map.list());
     ApplyEditorFont();
-    sldFontSize->setValue(wholePoints(fontSize));
+    sldFontSize->setValue(NumberSlider::whole(fontSize));
     sldFontSize_Change(sldFontSize->value()); // also where it was that already
     QFont ofList = lstFontChars->charFont();
     ofList.setPointSizeF(fontSize);
@@ -117,9 +114,7 @@ void CustomMap::showMap(int fontIndex, const QString &fontName, double fontSize)
 
 void CustomMap::showTitle()
 {
-    QString name = FileName::shown(MapFileTitle);
-    name.replace("[*]", "[*][*]"); // the toolkit's own mark in a title; twice it stands for itself
-    setWindowTitle("Zendova Custom FontMap Editor :  " + name);
+    setWindowTitle("Zendova Custom FontMap Editor :  " + FileName::inTitle(MapFileTitle));
 }
 
 // Font and sizes
@@ -146,7 +141,7 @@ void CustomMap::cmbFontName_Click()
 void CustomMap::optFontSize_Click(int Index)
 {
     const QFont &font = Index == 0 ? lstFontChars->charFont() : lblCFMap->cellFont();
-    sldFontSize->setValue(wholePoints(font.pointSizeF()));
+    sldFontSize->setValue(NumberSlider::whole(font.pointSizeF()));
 }
 
 void CustomMap::sldFontSize_Change(int Value)
@@ -289,7 +284,7 @@ void CustomMap::showSaveState()
 bool CustomMap::WriteMapFile(const QString &path)
 {
     Lock.release(); // which may be on this very file
-    std::optional<QString> reason = "It is open for editing in another copy of Zendova";
+    std::optional<QString> reason = OpenElsewhere;
     if (const FileLock alone = FileLock::exclusive(path); alone.isHeld())
         reason = RegularFile::write(path, CustomMapFile::write(Map.captions()));
     if (reason) {
@@ -298,6 +293,7 @@ bool CustomMap::WriteMapFile(const QString &path)
         return false;
     }
     Map.markSaved();
+    WrittenPaths += path;
     return true;
 }
 

@@ -54,6 +54,8 @@ public:
 
     /// The last folder of the save dialog: in, and out.
     QString LMSavePath;
+    /// The files that were saved.
+    QStringList WrittenPaths;
 
     FontCombo *cmbFontName = nullptr;
     QRadioButton *optFontSize[2] = {};   ///< the size is the list's, or the map's

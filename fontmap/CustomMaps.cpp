@@ -82,7 +82,6 @@ void Zendova::FileCFMNew_Click()
 
 void Zendova::FileCFMEdit_Click()
 {
-    MapEditSaved = false;
     const QString path = CustomMap.LoadedMapPath;
     ::CustomMap editor(FontList, this);
     const auto failure = editor.SetupEditCFMap(path, CustomMap.LoadedMapName, Format.TBFontIndex,
@@ -91,16 +90,18 @@ void Zendova::FileCFMEdit_Click()
         tellUnloadable(path, *failure);
     else
         ShowEditor(editor);
-    if (MapEditSaved)
-        LoadCustomMap(path);
     UpdateMapCommands(1);
 }
 
 void Zendova::ShowEditor(::CustomMap &editor)
 {
+    MapEditSaved = false;
     editor.LMSavePath = Folders.LMSavePath;
     editor.exec();
     Folders.LMSavePath = editor.LMSavePath;
+    // The grid shows what its file holds, by whichever command that was written.
+    if (MapEditSaved || editor.WrittenPaths.contains(CustomMap.LoadedMapPath))
+        LoadCustomMap(CustomMap.LoadedMapPath);
 }
 
 void Zendova::FileCFMUnld_Click()

@@ -102,7 +102,6 @@ void FontBrowser::createControls()
     SplitBar->setReachAbove(0); // there is the scroll bar of the list
     SetFontButton = Form.Make<QPushButton>("SetFontButton", "Set this as Current Font and Exit");
     SetFontButton->setEnabled(false);
-    SetFontButton->setAutoDefault(false);
     OkButton = Form.Make<QPushButton>("OkButton", "Ok");
     OkButton->setDefault(true);
     connect(SetFontButton, &QPushButton::clicked, this, &FontBrowser::SetFontButton_Click);

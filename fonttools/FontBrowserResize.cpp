@@ -165,7 +165,7 @@ void FontBrowser::Form_Resize()
 
 void FontBrowser::layOutDown(double grown)
 {
-    const double Y = Form.TwipsY();
+    const double Y = Form.scale().Y;
     const double ScaleH = height() * Y;
     const double list = ScaleH - 140 * Y;
     Form.setHeight(FontListView, list);

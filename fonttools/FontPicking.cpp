@@ -45,21 +45,15 @@ void Zendova::InitFonts()
 
 int Zendova::FindCurrentFontIndex() const
 {
-    for (int position = 1; position <= FontCount; ++position)
-        if (FontNameCombo->ItemText(position) == Format.TBFontName)
-            return position;
-    return 0;
+    return FontNameCombo->PositionOf(Format.TBFontName);
 }
 
 bool Zendova::FindFontItem(const QString &FaceName)
 {
-    for (int position = 1; position <= FontCount; ++position) {
-        if (FontNameCombo->ItemText(position) == FaceName) {
-            Format.TBFontIndex = position;
-            return true;
-        }
-    }
-    return false;
+    const int position = FontNameCombo->PositionOf(FaceName);
+    if (position > 0)
+        Format.TBFontIndex = position;
+    return position > 0;
 }
 
 void Zendova::SelectStoredFont()
@@ -71,9 +65,7 @@ void Zendova::SelectStoredFont()
 
 void Zendova::SelectFontByName(const QString &FaceName)
 {
-    for (int position = 1; position <= FontCount; ++position)
-        if (FontNameCombo->ItemText(position) == FaceName)
-            Format.TBFontIndex = position;
+    FindFontItem(FaceName);
     FontNameCombo->SelectItem(Format.TBFontIndex);
     Format.TBFontName = FontNameCombo->Text();
 }

@@ -47,7 +47,7 @@ constexpr ControlRow Rows[] = {
      "Press to display uppercase characters",
      "Right Shift"},
     {"picLShiftPressed", "picKeyboard", {135, 3330, 1395, 690}, "", "Left Shift, pressed"},
-    {"picRShiftPressed", "picKeyboard", {8775, 3330, 1755, 690}, "", "Right Shift, pressed"},
+    {"picRShiftPressed", "picKeyboard", {8775, 3330, 1755, 675}, "", "Right Shift, pressed"},
     // Its upper and its right edge lie outside the picture.
     {"picSplChar", "picKeyboard", {4245, -30, 6450, 5025}, "", "Special characters"},
     {"lblSplChar", "picSplChar", {0, 0, 6450, 5025}, "", "Characters without a key"},

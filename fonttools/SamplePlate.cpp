@@ -84,6 +84,10 @@ void SampleFrame::setBars(QScrollBar *across, QScrollBar *down)
 {
     Across = across;
     Down = down;
+    // A bar that stands still leaves the wheel to its parents, and so to this frame, which turns to
+    // the bar.
+    for (QScrollBar *bar : {across, down})
+        bar->setAttribute(Qt::WA_NoMousePropagation);
 }
 
 void SampleFrame::keyPressEvent(QKeyEvent *event)

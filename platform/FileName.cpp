@@ -68,6 +68,11 @@ QString FileName::shown(QString text)
     return text;
 }
 
+QString FileName::inTitle(const QString &text)
+{
+    return shown(text).replace("[*]", "[*][*]"); // twice, the mark stands for itself
+}
+
 bool FileName::isText(const QString &text)
 {
     return shown(text) == text;

@@ -16,6 +16,9 @@ QByteArray toBytes(const QString &text);
 /// For people to read: replacement characters (U+FFFD) stand for what is no text.
 QString shown(QString text);
 
+/// The same for the title of a window, where the toolkit has a mark of its own, "[*]".
+QString inTitle(const QString &text);
+
 /// Whether the text can be kept by others, as the settings file, and still name the file.
 bool isText(const QString &text);
 

@@ -578,6 +578,8 @@ bool FontCatalog::isLoaded(const QString &family) const
 
 void FontCatalog::giveBack(const QStringList &families)
 {
+    if (families.isEmpty())
+        return;
     FcFontSet *fonts = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
     for (const QString &family : families) {
         const Rows::Loaded gone = Table->loaded.take(indexOf(family).value_or(-1));

@@ -110,12 +110,23 @@ bool TBPreview::eventFilter(QObject *watched, QEvent *event)
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             PreviewTB_GotFocus();
     }
-    if (watched == PreviewTB && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(event)->matches(QKeySequence::InsertParagraphSeparator)) {
-        event->ignore(); // a text that can't be changed leaves it to the button
-        return true;
-    }
+    if (watched == PreviewTB && event->type() == QEvent::KeyPress)
+        return takeKey(static_cast<QKeyEvent &>(*event));
     return FormDialog::eventFilter(watched, event);
+}
+
+/// The keys that the board leaves to the window's commands, of which there are none here.
+bool TBPreview::takeKey(QKeyEvent &key)
+{
+    if (key.matches(QKeySequence::Copy))
+        PreviewTB->copy();
+    else if (key.matches(QKeySequence::SelectAll))
+        PreviewTB->selectAll();
+    else if (key.matches(QKeySequence::InsertParagraphSeparator))
+        key.ignore(); // a text that can't be changed leaves it to the button
+    else
+        return false;
+    return true;
 }
 
 void TBPreview::PreviewTB_GotFocus()

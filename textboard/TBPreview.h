@@ -33,4 +33,5 @@ private:
     void coverWorkArea();
     void showBoard(const TextBoard &board);
     void PreviewTB_GotFocus();
+    bool takeKey(QKeyEvent &key);
 };

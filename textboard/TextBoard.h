@@ -8,6 +8,9 @@
 
 #include <QPlainTextEdit>
 
+/// The rule by which boards find their fonts: the families of the font catalog.
+BoardFont CatalogBoardFont(const QString &name);
+
 /// Positions and lengths are characters of the text, counted from 0. A line end is CR LF, two
 /// characters, in everything that is given out; CR LF, a lone CR and a lone LF are all taken in as
 /// one line end. A position between CR and LF means the one before the line end, one outside the
@@ -17,9 +20,6 @@
 /// and what goes beyond `MaxLength` is left out without a word, never half a line end. A key whose
 /// character doesn't fit changes nothing. Every code from 0 to 255 except CR and LF survives from
 /// setting to getting.
-/// The rule by which boards find their fonts: the families of the font catalog.
-BoardFont CatalogBoardFont(const QString &name);
-
 class TextBoard : public QPlainTextEdit
 {
     Q_OBJECT

@@ -23,7 +23,6 @@
 #include <QSlider>
 #include <QToolButton>
 #include <array>
-#include <cmath>
 
 namespace {
 
@@ -42,12 +41,6 @@ bool ask(const FileMessage &message, const QString &insert = {})
 {
     tell(message, insert);
     return MsgResult;
-}
-
-/// Halves go to the even number.
-int wholePoints(double points)
-{
-    return static_cast<int>(std::nearbyint(points));
 }
 
 /// Gives the reason of a failure. A large file takes a while.
@@ -226,7 +219,7 @@ void Zendova::TakeColorOfFile()
 
 void Zendova::LimitSizeOfFile()
 {
-    const int points = wholePoints(TextBoardRTF.SelFontSize().value());
+    const int points = NumberSlider::whole(TextBoardRTF.SelFontSize().value());
     const int least = FontSizeSlider->slider()->minimum();
     const int most = FontSizeSlider->slider()->maximum();
     if (points < least) {
@@ -261,7 +254,7 @@ void Zendova::TakeFormatOfFile()
     }
     RenewColorButton();
     SetAlignment(TextBoard->Alignment());
-    FontSizeSlider->setValue(wholePoints(points));
+    FontSizeSlider->setValue(NumberSlider::whole(points));
     FontSizeSlider->showNumber(QString::number(FontSizeSlider->value()));
     TextBoard->setFontSize(points); // the slider has given it whole points; a half stays a half
     ShowStylesInZoom();
@@ -269,9 +262,8 @@ void Zendova::TakeFormatOfFile()
 
 void Zendova::ShowFileInTitle(bool partially)
 {
-    QString name = FileName::shown(TextFile.LoadedFileTitle);
-    name.replace("[*]", "[*][*]"); // the toolkit's own mark in a title; twice it stands for itself
-    setWindowTitle(ProductName + " :  " + name + (partially ? " (PARTIALLY LOADED!)" : ""));
+    setWindowTitle(ProductName + " :  " + FileName::inTitle(TextFile.LoadedFileTitle) +
+                   (partially ? " (PARTIALLY LOADED!)" : ""));
 }
 
 // Saving

@@ -3,6 +3,7 @@
 
 #include "platform/controls/Accessibility.h"
 #include "platform/controls/DevicePixels.h"
+#include "platform/controls/PlainToolTip.h"
 #include "platform/controls/Tones.h"
 
 #include <QGuiApplication>
@@ -16,12 +17,6 @@ namespace {
 
 /// Of the frames, between ground and ink.
 constexpr float FrameTone = 0.45F;
-
-/// A label can be anybody's, and is no markup whatever it looks like.
-QString plain(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
-}
 
 } // namespace
 
@@ -143,7 +138,7 @@ bool ColorBlocks::event(QEvent *event)
         const auto *help = static_cast<QHelpEvent *>(event);
         const int n = blockAt(help->pos());
         if (ToolTips && n && !label(n).isEmpty())
-            QToolTip::showText(help->globalPos(), plain(label(n)), this, pixels(n));
+            QToolTip::showText(help->globalPos(), PlainToolTip(label(n)), this, pixels(n));
         else
             QToolTip::hideText();
         return true;

@@ -1,5 +1,5 @@
 // A label for a text that may be longer than its room: the end is cut off with an ellipsis, and the
-// mouse is told the whole. Assistive tools always are.
+// tooltip, where there is one, tells the whole. Assistive tools always are.
 #pragma once
 
 #include <QLabel>
@@ -22,6 +22,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    bool tellsNot(const QString &toolTip) const;
     void cut();
 
     QString Whole;

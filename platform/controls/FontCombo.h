@@ -20,6 +20,8 @@ public:
     void setItems(std::vector<Item> items);
     int ItemCount() const { return count(); }
     QString ItemText(int position) const { return itemText(position - 1); }
+    /// Of the item with exactly this text; 0 if there is none.
+    int PositionOf(const QString &text) const { return findText(text) + 1; }
 
     /// Selects without running the selection handler; a position that does not exist changes
     /// nothing.

@@ -58,6 +58,11 @@ void NumberSlider::setEditable(bool editable)
         Edit->hide();
 }
 
+int NumberSlider::whole(double size)
+{
+    return static_cast<int>(std::nearbyint(size));
+}
+
 std::optional<int> NumberSlider::parse(const QString &text)
 {
     bool isNumber = false;

@@ -43,6 +43,8 @@ public:
     /// Text as a whole number, halves to the even neighbour, very large ones cut to a billion;
     /// nothing if it is no number.
     static std::optional<int> parse(const QString &text);
+    /// The whole number that is shown for a size; halves go to the even one.
+    static int whole(double size);
 
 signals:
     /// The slider has another value, by hand or by code.

@@ -3,6 +3,7 @@
 
 #include "platform/controls/Accessibility.h"
 
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -94,9 +95,8 @@ bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
     };
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        // Taken beside the bar, the bar does not jump to the mouse.
         if (isLeft())
-            Hold = at() - std::clamp(at(), 0, (isVertical() ? height() : width()) - 1);
+            take(at());
         return true;
     case QEvent::MouseMove:
         if (Hold && static_cast<QMouseEvent *>(event)->buttons() == Qt::LeftButton)
@@ -109,12 +109,22 @@ bool SplitBar::takeMouse(const QWidget *under, QEvent *event)
         }
         return true;
     case QEvent::MouseButtonDblClick:
-        if (isLeft())
-            emit DoubleClicked();
+        if (!isLeft())
+            return true;
+        // Where it means nothing, it is a second press.
+        if (!isSignalConnected(QMetaMethod::fromSignal(&SplitBar::DoubleClicked)))
+            take(at());
+        emit DoubleClicked();
         return true;
     default:
         return false;
     }
+}
+
+/// Taken beside the bar, the bar does not jump to the mouse.
+void SplitBar::take(int at)
+{
+    Hold = at - std::clamp(at, 0, (isVertical() ? height() : width()) - 1);
 }
 
 void SplitBar::drag(int at)

@@ -51,6 +51,7 @@ protected:
 private:
     /// Takes an event of the bar or its grip; false if it is none of the mouse's.
     bool takeMouse(const QWidget *under, QEvent *event);
+    void take(int at);
     void drag(int at);
     void placeGrip();
     bool isVertical() const { return Moves == Qt::Vertical; }

@@ -73,7 +73,7 @@ private:
         else
             desktop->Dialogs.message("Zendova User input Error",
                                      "\r\rYou have not yet made any change in\rZendova default "
-                                     "settings.\rPress the 'Set' button after making changes.",
+                                     "settings.\r\rPress the 'Set' button after making changes.",
                                      "Ok");
         click(o, "cmdOK");
         QCOMPARE(o.isVisible(), !changed);

@@ -1,6 +1,7 @@
 // Custom maps in the main window: loading them by every way, what grid, views and bar show of them,
 // and what is said of files that are none.
 #include "fontmap/CustomMapFile.h"
+#include "platform/FileLock.h"
 #include "platform/controls/ElidedLabel.h"
 #include "tests/support/MainWindow.h"
 
@@ -117,6 +118,11 @@ private slots:
         QVERIFY(contentOf(path).startsWith("1,\"\"\r\n2,\"b\"\r\n"));
         QCOMPARE(captions(), QString("b"));
 
+        {
+            const FileLock otherCopy = FileLock::exclusive(path);
+            expect(NotReadable, "Ok", "It is open for editing in another copy");
+            menuItem(window, "FileCFMEdit")->trigger();
+        }
         writeFile(path, "damaged meanwhile");
         expect(Unloadable, "Ok", path);
         menuItem(window, "FileCFMEdit")->trigger();

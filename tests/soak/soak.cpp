@@ -288,18 +288,21 @@ private:
             qFatal("The map has no size.");
     }
 
+    /// Out of all dialogs, the innermost first, and to the end. A question is answered with Yes.
     void finish()
     {
         Ticks.stop();
-        alarm(0);
-        // Out of all dialogs, the innermost first.
-        if (QWidget *popup = QApplication::activePopupWidget())
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        QWidget *popup = QApplication::activePopupWidget();
+        if (!dialog && !popup)
+            return QCoreApplication::exit();              // without the question of the exit
+        QTimer::singleShot(0, this, &RandomUser::finish); // what is closed may ask first
+        if (popup)
             popup->close();
-        else if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
-            dialog->reject();
+        else if (auto *yes = dialog->findChild<QAbstractButton *>("Button1"))
+            yes->click();
         else
-            return QApplication::quit();
-        QTimer::singleShot(0, this, &RandomUser::finish);
+            dialog->reject();
     }
 
     QString Folder;

@@ -124,6 +124,9 @@ private slots:
                 for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Right, Qt::Key_X, Qt::Key_Delete})
                     QTest::keyClick(dialog->focusWidget(), key);
                 QVERIFY(text->Text() == board->Text());
+                QTest::keyClick(dialog->focusWidget(), Qt::Key_Right, Qt::ShiftModifier);
+                QTest::keyClick(dialog->focusWidget(), Qt::Key_C, Qt::ControlModifier);
+                QCOMPARE(QApplication::clipboard()->text(), text->SelText());
                 QTest::keyClick(dialog->focusWidget(), closed ? Qt::Key_Return : Qt::Key_Escape);
             });
             press("FullScreen");
