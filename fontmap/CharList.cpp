@@ -100,8 +100,8 @@ public:
             const double middle = line * 1.5;
             painter->drawRect(box.adjusted(middle, middle, -middle, -middle));
         }
-        Glyphs.paint(*painter, device, box, box, List->Model->data(index, Qt::DisplayRole).toString(),
-                     ink);
+        Glyphs.paint(*painter, device, box, box,
+                     List->Model->data(index, Qt::DisplayRole).toString(), ink);
     }
 
     CharList *List;
