@@ -1,35 +1,19 @@
 // What the other windows cost: each from its command to the painted window and closed again, and
 // what is done most in them. Each round ends with everything painted.
-#include "core/RegistryFunctions.h"
-#include "core/SettingsDefaults.h"
-#include "core/Zendova.h"
+#include "bench/BenchWindow.h"
 #include "fontmap/CustomMap.h"
 #include "fontmap/CustomMapFile.h"
 #include "fonttools/Keyboard.h"
-#include "platform/FontCatalog.h"
 #include "platform/RegularFile.h"
-#include "platform/SettingsTree.h"
-#include "platform/SysInfo.h"
 #include "platform/controls/FontCombo.h"
-#include "platform/controls/Look.h"
 #include "textboard/TextBoard.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDialog>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <benchmark/benchmark.h>
 
 namespace {
-
-Zendova *window = nullptr;
-
-void paint()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 /// Closes every dialog as soon as it has been painted.
 class Closer : public QObject
@@ -125,26 +109,5 @@ BENCHMARK(shift)->Unit(benchmark::kMillisecond)->Iterations(50);
 
 int main(int argc, char *argv[])
 {
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    QApplication::setStyle(new Look);
-    const QTemporaryDir folder;
-    SettingsTree settings(folder.filePath("settings.sqlite"));
-    UseSettingsTree(&settings);
-    SysInfo screen;
-    screen.pretend(SysInfo::Screen{{1920, 1200}, {}, 96});
-    {
-        Zendova first({});
-        first.InitSettings("Act");
-        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"TextBoard"), u"FontName",
-                      catalog.families().front().name, REG_SZ);
-    }
-    Zendova main({});
-    window = &main;
-    main.Start();
-    paint();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    UseSettingsTree(nullptr);
-    return 0;
+    return runOnWindow(argc, argv);
 }

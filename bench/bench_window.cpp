@@ -1,14 +1,9 @@
 // What the running window costs: a change of the font over map, zoom and a full board, the size of
 // the map, the mouse over the cells, the font browser, a full board from and to a file. Each round
 // ends with everything painted.
-#include "core/RegistryFunctions.h"
-#include "core/SettingsDefaults.h"
-#include "core/Zendova.h"
+#include "bench/BenchWindow.h"
 #include "fontmap/FontMap.h"
 #include "fonttools/FontBrowser.h"
-#include "platform/FontCatalog.h"
-#include "platform/SettingsTree.h"
-#include "platform/SysInfo.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
@@ -17,25 +12,14 @@
 #include "textboard/TextBoard.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QFile>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 namespace {
-
-Zendova *window = nullptr;
-
-/// Paints what waits to be painted, and nothing else happens meanwhile.
-void paint()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 void chooseFont(int position)
 {
@@ -219,25 +203,5 @@ BENCHMARK(writeFile)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char *argv[])
 {
-    FontCatalog catalog;
-    QApplication application(argc, argv);
-    const QTemporaryDir folder;
-    SettingsTree settings(folder.filePath("settings.sqlite"));
-    UseSettingsTree(&settings);
-    SysInfo screen;
-    screen.pretend(SysInfo::Screen{{1920, 1200}, {}, 96});
-    {
-        Zendova first({});
-        first.InitSettings("Act");
-        RegWriteValue(HKEY_CURRENT_USER, SettingsPath(u"TextBoard"), u"FontName",
-                      catalog.families().front().name, REG_SZ);
-    }
-    Zendova main({});
-    window = &main;
-    main.Start();
-    paint();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    UseSettingsTree(nullptr);
-    return 0;
+    return runOnWindow(argc, argv);
 }
