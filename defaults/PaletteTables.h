@@ -12,10 +12,11 @@
 /// A palette, by the number under which the record of a colour keeps it.
 enum PaletteRef { PresetPalette, SystemPalette, CustomPalette };
 inline constexpr int PaletteCount = 3;
-inline constexpr std::array<const char *, PaletteCount> PaletteNames{"Preset", "System", "Custom"};
+/// As the user reads it.
 inline QString PaletteName(int palette)
 {
-    return PaletteNames.at(static_cast<std::size_t>(palette));
+    constexpr std::array<const char *, PaletteCount> names{"Preset", "System", "Custom"};
+    return names.at(static_cast<std::size_t>(palette));
 }
 
 struct PaletteColor

@@ -3,23 +3,17 @@
 // the last lines of a run that ends badly say how.
 //
 //     soak [--seed N] [--events N] [--seconds N]
-#include "core/CommandLine.h"
 #include "platform/CodePage.h"
 #include "platform/controls/AltCode.h"
 #include "tests/support/MainWindow.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QClipboard>
-#include <QComboBox>
 #include <QCommandLineParser>
-#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMimeData>
-#include <QPlainTextEdit>
 #include <QTimer>
 #include <QWheelEvent>
 #include <random>
@@ -138,7 +132,7 @@ private:
         switch (below(6)) {
         case 0:
         case 1:
-            return press(top, control);
+            return press(control);
         case 2:
             return drag(control);
         case 3:
@@ -160,7 +154,7 @@ private:
         std::fflush(stdout);
     }
 
-    void press(QWidget *top, QWidget *control)
+    void press(QWidget *control)
     {
         const QPoint at = pointIn(control);
         const auto mouse = below(5) ? Qt::LeftButton : Qt::RightButton;
@@ -169,7 +163,6 @@ private:
             QTest::mouseDClick(control, mouse, {}, at);
         else
             QTest::mouseClick(control, mouse, {}, at);
-        Q_UNUSED(top)
     }
 
     void drag(QWidget *control)
