@@ -4,6 +4,8 @@
 // Knows no window and no list.
 #pragma once
 
+#include "platform/FontType.h"
+
 #include <QFont>
 #include <QHash>
 #include <QString>
@@ -12,9 +14,8 @@
 #include <optional>
 #include <vector>
 
-/// What kind of files a family has, in the flags of the Win32 font enumeration (wingdi.h). A family
-/// with several kinds has the first of these that it has: TrueType, other outlines, bitmaps.
-enum FontType { RASTER_FONTTYPE = 1, DEVICE_FONTTYPE = 2, TRUETYPE_FONTTYPE = 4 };
+class FontRows;
+class ToolkitFonts;
 
 struct FontFamily
 {
@@ -77,7 +78,6 @@ public:
     void giveBack(const QStringList &families);
 
 private:
-    struct Rows;
     struct Entry
     {
         std::vector<int> rows; ///< the family's faces, by their place in fontconfig's list
@@ -98,13 +98,10 @@ private:
     std::vector<int> scriptRows(const std::vector<int> &textRows,
                                 const std::vector<int> &preferred) const;
     void useLeanConfiguration();
-    void load(int index);
-    void addToToolkit(int row, int index, bool bold, bool italic);
-    void letToolkitReadAnew();
 
-    std::unique_ptr<Rows> Table;
+    std::unique_ptr<FontRows> Table;
+    std::unique_ptr<ToolkitFonts> Toolkit;
     std::vector<FontFamily> Families;
     std::vector<Entry> Entries; ///< beside Families
     QHash<QString, int> IndexByName;
-    int MissingFont = -1; ///< the toolkit's number of the font that stands for those not loaded
 };
