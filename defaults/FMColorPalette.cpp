@@ -10,7 +10,6 @@
 #include "platform/controls/ColorBlocks.h"
 
 #include <QFrame>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -224,15 +223,10 @@ void FMColorPalette::adoptScale()
 /// With the colours of the desktop as they are now.
 void FMColorPalette::wearColors()
 {
-    const auto paint = [](QWidget *control, ColorValue color) {
-        QPalette own;
-        own.setColor(QPalette::Window, ToColor(color, QGuiApplication::palette()));
-        control->setPalette(own);
-    };
     for (int palette = 0; palette < PaletteCount; ++palette)
-        paint(blocksOf(palette), SystemColorValue(0));
+        SetBackColor(blocksOf(palette), SystemColorValue(0));
     WearColorScheme({PColorContainer, SColorContainer, CColorContainer});
-    paint(CurrentColorBlock, PickColorValue.toInt());
+    SetBackColor(CurrentColorBlock, PickColorValue.toInt());
 }
 
 bool FMColorPalette::event(QEvent *event)

@@ -19,17 +19,6 @@
 #include <QScrollBar>
 #include <algorithm>
 
-namespace {
-
-void fill(QLabel *swatch, ColorValue color)
-{
-    QPalette own;
-    own.setColor(QPalette::Window, ToColor(color, QGuiApplication::palette()));
-    swatch->setPalette(own);
-}
-
-} // namespace
-
 void Options::showSamples()
 {
     OCurrentFont->setWholeText(Values.FontName);
@@ -56,7 +45,7 @@ void Options::showTextSample()
     }
     OTBSample->setAlignment(Values.Alignment);
     OTBSample->setForeColor(ToColor(TextColor, QGuiApplication::palette()));
-    fill(OTBFColor, TextColor);
+    SetBackColor(OTBFColor, TextColor);
     OTBFColorName->setWholeText(Values.TBColorName);
 }
 
@@ -64,8 +53,8 @@ void Options::showMapSamples()
 {
     const ColorRecord &fore = Values.Fore;
     const ColorRecord &back = Values.Back;
-    fill(OFMapFColor, fore.Color);
-    fill(OFMapBColor, back.Color);
+    SetBackColor(OFMapFColor, fore.Color);
+    SetBackColor(OFMapBColor, back.Color);
     OFMFPalName->setText(PaletteName(fore.PaletteRef));
     OFMBPalName->setText(PaletteName(back.PaletteRef));
     OFMFColorName->setWholeText(fore.ColorName);

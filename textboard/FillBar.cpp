@@ -65,7 +65,5 @@ void FillBar::UpdateProgressBar(int n)
     if (width >= LeastFillWidth)
         Form.setWidth(ProgressFore, width);
     // Not a colour of the desktop: the bar warns in the same colours on every one.
-    QPalette own = ProgressFore->palette();
-    own.setColor(QPalette::Window, ToColor(FillColor(n, Limit), palette()));
-    ProgressFore->setPalette(own);
+    SetBackColor(ProgressFore, FillColor(n, Limit));
 }

@@ -53,9 +53,7 @@ TBColorPicker::TBColorPicker(QWidget *parent)
     setWindowTitle("Pick A Color for TextBoard Font");
     createControls();
 
-    QPalette current = CurrentColorBlock->palette();
-    current.setColor(QPalette::Window, ToColor(PickColorValue.toInt(), palette()));
-    CurrentColorBlock->setPalette(current);
+    SetBackColor(CurrentColorBlock, PickColorValue.toInt());
     const int cell = std::clamp(PickColorIndex, 0, QBColorCount - 1) + 1;
     CurrentColorLabel->setText(ColorContainer->label(cell));
     connect(ColorContainer, &ColorBlocks::Moved, this,

@@ -2,6 +2,7 @@
 #include "platform/controls/ControlTable.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -75,4 +76,11 @@ void ControlTable::SetToolTips(bool on)
     for (const ControlRow &row : Rows)
         if (*row.Tag)
             Control(row.Name)->setToolTip(on ? QString::fromLatin1(row.Tag) : QString());
+}
+
+void SetBackColor(QWidget *control, ColorValue color)
+{
+    QPalette own;
+    own.setColor(QPalette::Window, ToColor(color, QGuiApplication::palette()));
+    control->setPalette(own);
 }

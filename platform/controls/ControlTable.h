@@ -3,6 +3,7 @@
 // stand and what the controls do is their window's affair.
 #pragma once
 
+#include "platform/ColorValue.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/TwipForm.h"
 
@@ -72,3 +73,7 @@ private:
     std::span<const ControlRow> Rows;
     QHash<QString, QWidget *> ControlsByName;
 };
+
+/// Fills the control's ground with a colour, one of the desktop as it is now. Other colours of its
+/// own go.
+void SetBackColor(QWidget *control, ColorValue color);
