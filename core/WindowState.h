@@ -28,6 +28,7 @@ struct TextFileState
     QString LoadedFilePath, LoadedFileTitle;
     QString PendingFilePath, PendingFileTitle;
     bool LoadFontReplaced = false; ///< the loaded file's font is not there: another shows the text
+    bool IsIncomplete = false;     ///< the loaded file has characters that the board has not
 };
 
 /// Which custom map is loaded, and which is to be loaded at the start.

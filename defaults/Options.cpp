@@ -67,11 +67,12 @@ void Options::ReadOptions()
     OptSnapshot = TakeSnapshot(Values);
 }
 
-void Options::WriteOptions() const
+bool Options::WriteOptions() const
 {
-    const auto oneTransaction = GroupRegWrites();
+    auto oneTransaction = GroupRegWrites();
     for (const OptionRow &row : OptionRows())
         WriteSetting(SettingOf(row.Key, row.Name), row.Get(Values));
+    return oneTransaction.Commit();
 }
 
 void Options::ShowOptionTips()
@@ -91,7 +92,7 @@ void Options::ChgFont_Click()
         Values.FontName = chosen->Name;
         TestFontStyles(chosen->Name);
     }
-    Values.FontSize = qRound(chosen->Size);
+    Values.FontSize = NumberSlider::whole(chosen->Size);
     Values.Bold = chosen->Bold;
     Values.Italic = chosen->Italic;
     Values.Underline = chosen->Underline;
@@ -205,7 +206,12 @@ void Options::cmdOK_Click()
                 "OK", "Zendova User input Error", false, 1);
         return;
     }
-    WriteOptions();
+    if (!WriteOptions()) {
+        ZndvMsg("\r\rThe changes could not be saved in the settings."
+                "\r\rThe disk may be full or the settings protected.",
+                "OK", "Zendova Default Settings Error", false, 1);
+        return;
+    }
     ZndvMsg("\r\r\rChanges made in Zendova default settings\r"
             "will take effect the next time Zendova starts.",
             "OK", "Zendova Default Settings Changed", false, 1);

@@ -30,7 +30,8 @@ public:
     // ---- defaults/Options.cpp: reading, writing, what is taken from other dialogs
 
     void ReadOptions();
-    void WriteOptions() const;
+    /// False if nothing could be written.
+    bool WriteOptions() const;
     void ShowOptionTips();
     void ChgFont_Click();
     void ChgTBFColor_Click();

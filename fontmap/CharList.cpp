@@ -9,7 +9,6 @@
 #include <QAbstractListModel>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <cmath>

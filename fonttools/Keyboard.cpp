@@ -182,7 +182,7 @@ void Keyboard::orderTabs()
 void Keyboard::SetupKeyboard(int FontIndex, const QString &FontName, double FontSize)
 {
     KBStartFont = FontName;
-    sldFontSize->setValue(qRound(FontSize));
+    sldFontSize->setValue(NumberSlider::whole(FontSize));
     sldFontSize->showNumber(QString::number(sldFontSize->value()));
     showFont(FontName);
     cmbFontName->SelectItem(FontIndex);

@@ -114,7 +114,7 @@ constexpr std::array<Sign, 17> Signs = {{
 }};
 
 /// Joins, parts or turns what stands beside it, and shows nothing: marks of direction, joiners, the
-/// mark of byte order, selectors of variants. The soft hyphen is one too, but is in the page.
+/// mark of byte order, selectors of variants, the soft hyphen where the page lacks it.
 bool showsNothing(char32_t character)
 {
     const bool selectsVariant = character == 0x034F || (character >= 0xFE00 && character <= 0xFE0F);

@@ -36,11 +36,11 @@ QString fromBytes(QByteArrayView bytes);
 QByteArray toBytes(QStringView text);
 
 /// The text with nothing in it that the page lacks. A text of the page is that text. In any other
-/// letters are composed first (Unicode form C);
-/// a character outside the page becomes its base letter, its compatible spelling or the plain sign
-/// for it ("ő" gives "o", "ﬁ" gives "fi", a minus "-"), and a question mark where it has none in
-/// the page. What shows nothing goes (joiners, marks of direction and of byte order), as does an
-/// accent that could not be composed with the character before it. Line ends pass.
+/// letters are composed first (Unicode form C); a character outside the page becomes its base
+/// letter, its compatible spelling or the plain sign for it ("ő" gives "o" where the page has no
+/// "ő", "ﬁ" gives "fi", a minus "-"), and a question mark where it has none in the page. What shows
+/// nothing goes (joiners, marks of direction and of byte order), as does an accent that could not
+/// be composed with the character before it. Line ends pass.
 QString fit(QStringView text);
 
 } // namespace CodePage

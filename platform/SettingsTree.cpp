@@ -315,6 +315,12 @@ SettingsTree::Batch::~Batch()
         Tree->endBatch(std::uncaught_exceptions() == ExceptionsAtStart);
 }
 
+bool SettingsTree::Batch::Commit()
+{
+    SettingsTree *tree = std::exchange(Tree, nullptr);
+    return tree && tree->endBatch(true);
+}
+
 QString SettingsTree::defaultPath()
 {
     QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");

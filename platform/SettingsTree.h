@@ -46,6 +46,9 @@ public:
         ~Batch();
         Q_DISABLE_COPY_MOVE(Batch)
 
+        /// Ends the batch. False if nothing of it could be written; one within another can't know.
+        bool Commit();
+
     private:
         SettingsTree *Tree;
         int ExceptionsAtStart = std::uncaught_exceptions();

@@ -198,7 +198,7 @@ void Zendova::FormatFont_Click()
     if (choice.Color != FromColor(TextBoard->ForeColor()))
         SetColorFromDialog(choice.Color);
     if (choice.Size != FontSizeSlider->value())
-        FontSizeSlider->setValue(qRound(choice.Size));
+        FontSizeSlider->setValue(NumberSlider::whole(choice.Size));
     const bool chosen[] = {choice.Bold, choice.Italic, choice.Underline, choice.Strikeout};
     for (int style = 0; style < StyleCount; ++style) {
         if (chosen[style] != (TextBoard->*Styles[style].Get)())

@@ -29,6 +29,7 @@ private:
 
     QString Characters;
     QByteArray Bytes; ///< behind the characters
+    int Page = 0;     ///< of the bytes
     bool IsHalf = false;
     DocumentCodePage::Decoder Decoder;
 };

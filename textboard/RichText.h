@@ -141,6 +141,7 @@ public:
     QByteArray Codes; ///< lines parted by CR LF; neither CR nor LF stands in any other way
     Runs<CharacterFormat> Formats;
     Runs<ParagraphAlignment> Alignments;
+    bool IsFitted = false; ///< the document had characters for which others stand here, or none
 
     /// The place of a font in the list, where it is added if it is new. A font known as one of
     /// signs stays so.

@@ -24,7 +24,10 @@ void RichTextBuilder::append(QString characters, const RichTextLook &look)
         characters.prepend(CodePage::toUnicode(static_cast<quint8>(Text.Codes.back())));
         dropLast();
     }
-    const QByteArray codes = CodePage::toBytes(CodePage::fit(characters));
+    const QString fitting = CodePage::fit(characters);
+    Text.IsFitted |=
+        fitting != characters && fitting != characters.normalized(QString::NormalizationForm_C);
+    const QByteArray codes = CodePage::toBytes(fitting);
     append(codes.constData(), codes.size(), look);
 }
 

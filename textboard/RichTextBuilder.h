@@ -26,6 +26,8 @@ public:
     /// Characters with no line end among them, brought into the code page. Accents in front go to
     /// the character before them.
     void append(QString characters, const RichTextLook &look);
+    /// For a character that is not added, but what the document has in its place.
+    void noteSubstitute() { Text.IsFitted = true; }
     void endLine(const RichTextLook &look);
     /// A line end, unless the text ends with it.
     void closeParagraph(const RichTextLook &look);

@@ -36,6 +36,17 @@ constexpr std::string_view Underlines[] = {
     "uld",   "uldash",   "uldashd",   "uldashdd",   "uldb",      "ulhwave",    "ulldash", "ulth",
     "ulthd", "ulthdash", "ulthdashd", "ulthdashdd", "ulthldash", "ululdbwave", "ulw",     "ulwave"};
 
+/// The character of a `\u`, whose number has a sign where it is one of 16 bits. Nothing where there
+/// is no such character.
+std::optional<char32_t> codePointOf(int number)
+{
+    if (number < 0)
+        number += 0x10000;
+    if (number <= 0 || number > int(QChar::LastValidCodePoint))
+        return std::nullopt;
+    return char32_t(number);
+}
+
 class Reader
 {
 public:
@@ -78,7 +89,7 @@ private:
 
     void takeStretch(std::string_view stretch);
     void takeByte(quint8 byte);
-    void takeUnicode(int number);
+    void takeUnicode(char32_t number);
     void settleUnspelled(const RichTextToken &next);
     void takeFontName(std::string_view stretch);
     void takeColors(std::string_view stretch);
@@ -122,9 +133,10 @@ private:
 
     State Now;
     std::vector<State> Saved;
-    qsizetype Unsaved = 0;        ///< open groups beyond `MaxGroups`
-    int ToSkip = 0;               ///< characters that stand for the last `\u`
-    std::optional<int> Unspelled; ///< the last `\u`, whose substitute in the document is awaited
+    qsizetype Unsaved = 0; ///< open groups beyond `MaxGroups`
+    int ToSkip = 0;        ///< characters that stand for the last `\u`
+    std::optional<char32_t>
+        Unspelled; ///< of the last `\u`, whose substitute in the document is awaited
 
     PendingCharacters Pending; ///< in the current code page
     int Page = CodePage::Western;
@@ -372,12 +384,10 @@ void Reader::takeByte(quint8 byte)
         appendCode(byte);
 }
 
-void Reader::takeUnicode(int number)
+void Reader::takeUnicode(char32_t number)
 {
     if (Now.Into == Destination::ColorTable || Now.Hidden)
         return;
-    if (number < 0)
-        number += 0x10000; // numbers of 16 bits are written with a sign
     // Fonts of signs have their signs in the private area, each at its code.
     const bool isSign = number >= 0xF020 && number <= 0xF0FF;
     const bool isLineEnd = number == '\r' || number == '\n' || number == QChar::LineSeparator ||
@@ -387,9 +397,7 @@ void Reader::takeUnicode(int number)
         appendCode(isSign ? quint8(number & 0xFF) : quint8('\n'));
         return;
     }
-    if (number <= 0 || number > int(QChar::LastValidCodePoint))
-        return;
-    Pending.add(char32_t(number), currentPage());
+    Pending.add(number, currentPage());
     if (Pending.isFull())
         flush();
 }
@@ -530,23 +538,28 @@ void Reader::substitutes(int, Number number)
 
 void Reader::unicode(int, Number number)
 {
+    const std::optional<char32_t> character = codePointOf(number.value_or(0));
+    if (!character)
+        return; // what follows is all that there is
     // For what the code page can't spell the document's own substitute, which follows, comes before
-    // a question mark.
-    const QChar character(char16_t(number.value_or(0)));
-    const bool isLetter = !character.isMark() && !character.isSurrogate() &&
-                          character.category() != QChar::Other_PrivateUse && character != u'?';
-    if (Now.Substitutes > 0 && isShown() && isLetter && CodePage::fit(QString(character)) == u"?") {
-        Unspelled = number;
+    // a question mark. Halves of a pair have one each, of which neither stands for the character.
+    const bool isLetter = !QChar::isMark(*character) && !QChar::isSurrogate(*character) &&
+                          QChar::category(*character) != QChar::Other_PrivateUse &&
+                          *character != U'?';
+    if (Now.Substitutes > 0 && isShown() && isLetter &&
+        CodePage::fit(QString::fromUcs4(&*character, 1)) == u"?") {
+        Unspelled = character;
+        Text.noteSubstitute();
         return;
     }
-    takeUnicode(number.value_or(0));
+    takeUnicode(*character);
     ToSkip = Now.Substitutes;
 }
 
 /// What follows is the awaited substitute, or there is none.
 void Reader::settleUnspelled(const RichTextToken &next)
 {
-    const int character = *std::exchange(Unspelled, {});
+    const char32_t character = *std::exchange(Unspelled, {});
     switch (next.Kind) {
     case RichTextToken::Stretch:
     case RichTextToken::Byte:

@@ -69,13 +69,24 @@ bool isInPage(QStringView text)
 
 using CodeTable = std::array<char, 256>;
 
-/// Each code's lower case, if that is in the code page; otherwise the code itself.
-CodeTable lowerCases()
+/// What stands for a letter in either case, so that a final sigma is a sigma too. The dotted and
+/// the dotless i are one: which of them is the other case of an I depends on the language of the
+/// text.
+char32_t foldedCase(QChar character)
+{
+    constexpr char16_t CapitalDotted = 0x130, SmallDotless = 0x131;
+    if (character == CapitalDotted || character == SmallDotless)
+        return U'i';
+    return character.toCaseFolded().unicode();
+}
+
+/// Each code's folded case, if that is in the code page; otherwise the code itself.
+CodeTable foldedCases()
 {
     CodeTable table;
     for (int code = 0; code < 256; ++code) {
-        const char32_t lower = CodePage::toUnicode(quint8(code)).toLower().unicode();
-        table[std::size_t(code)] = char(CodePage::toCode(lower).value_or(quint8(code)));
+        const char32_t folded = foldedCase(CodePage::toUnicode(quint8(code)));
+        table[std::size_t(code)] = char(CodePage::toCode(folded).value_or(quint8(code)));
     }
     return table;
 }
@@ -90,7 +101,7 @@ CodeTable asTheyAre()
 bool isWordCharacter(char code)
 {
     const QChar character = CodePage::toUnicode(static_cast<quint8>(code));
-    return character.isLetter() || character.isDigit() || character == u'_';
+    return character.isLetter() || character.isMark() || character.isDigit() || character == u'_';
 }
 
 /// A word goes on across this place of the text.
@@ -294,7 +305,7 @@ qsizetype TextBoardRTF::Find(const QString &text, qsizetype start, std::optional
     const QString composed = isInPage(text) ? text : text.normalized(QString::NormalizationForm_C);
     if (!isInPage(composed))
         return -1; // it would match the question mark that stands for it
-    const CodeTable form = options & MatchCase ? asTheyAre() : lowerCases();
+    const CodeTable form = options & MatchCase ? asTheyAre() : foldedCases();
     const auto inForm = [&form](char code) { return form[static_cast<quint8>(code)]; };
 
     const QByteArray &codes = Contents.Codes;

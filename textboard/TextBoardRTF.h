@@ -82,8 +82,8 @@ public:
     /// The position of the first match that begins at or after `start` and ends at or before `end`,
     /// the text's end if it isn't given; -1 if there is none or nothing to look for. A match
     /// becomes the selection, which else stays. `options` is a sum of FindOptions. A match is a
-    /// whole word if no word (letters, digits, underscores) goes on across either of its edges.
-    /// Letters match in either case where both cases are in the code page.
+    /// whole word if no word (letters with their marks, digits, underscores) goes on across either
+    /// of its edges. Letters match in either case where both cases are in the code page.
     qsizetype Find(const QString &text, qsizetype start, std::optional<qsizetype> end = {},
                    int options = 0);
 

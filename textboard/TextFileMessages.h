@@ -89,6 +89,12 @@ constexpr FileMessage SettingsReplaced = {" File Save Warning", "YN", 2,
                                           "\r\rSaving this file will overwrite"
                                           "\rit's original font settings."
                                           "\r\rSave File?"};
+constexpr FileMessage TextReplaced = {" File Save Warning", "YN", 2,
+                                      "\rNot all characters of this file could be loaded:"
+                                      "\rsome were replaced or left out."
+                                      "\r\rSaving this file will overwrite"
+                                      "\rits original text."
+                                      "\r\rSave File?"};
 constexpr FileMessage NotSaved = {" File Save Error", "OK", 1,
                                   "\rThe text could not be saved."
                                   "\rIt is still on the TextBoard."

@@ -87,6 +87,7 @@ void Zendova::LoadTextFile(const QString &Path)
     try {
         if (partially)
             TextBoardRTF.Truncate(::TextBoard::MaxLength());
+        TextFile.IsIncomplete = partially || TextBoardRTF.contents().IsFitted;
         ShowLoadedText();
         ShowFileInTitle(partially);
     } catch (const ConversionError &) {
@@ -279,14 +280,17 @@ void Zendova::FileSave_Click()
                                                 .FileName = TextFile.LoadedFilePath});
     if (!chosen)
         return;
-    // Settings that were never shown are lost with the file that holds them.
+    // What was never shown is lost with the file that holds it.
     const bool isLoaded = chosen->FileName == TextFile.LoadedFilePath;
     if (isLoaded && TextFile.LoadFontReplaced && !ask(FileMessages::SettingsReplaced))
+        return;
+    if (isLoaded && TextFile.IsIncomplete && !ask(FileMessages::TextReplaced))
         return;
     if (const auto reason = WriteTextFile(*chosen))
         return tell(FileMessages::NotSaved, *reason + '\r' + chosen->FileName);
     if (!isLoaded)
         TextFile.LoadFontReplaced = false;
+    TextFile.IsIncomplete = false;
     AddFileToMRU(chosen->FileName);
     TextFile.LoadedFilePath = chosen->FileName;
     TextFile.LoadedFileTitle = chosen->FileTitle;

@@ -3,6 +3,7 @@
 #include "platform/controls/CmnDlg.h"
 
 #include "platform/controls/HelpViewer.h"
+#include "platform/controls/NumberSlider.h"
 
 #include <QAbstractListModel>
 #include <QCheckBox>
@@ -108,7 +109,7 @@ void FontDialog::createControls(const ChosenFont &choice)
     Names->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Size = new QSpinBox;
     Size->setRange(Offer.LeastSize, Offer.MostSize);
-    Size->setValue(qRound(choice.Size));
+    Size->setValue(NumberSlider::whole(choice.Size));
     const auto box = [](const QString &text, bool checked) {
         auto *made = new QCheckBox(text);
         made->setChecked(checked);

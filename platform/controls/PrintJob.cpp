@@ -107,6 +107,8 @@ std::optional<QString> PrintJob::paint(QPagedPaintDevice &device, const PageLayo
                                        const QColor &ink)
 {
     const QString broken = "The print job can't be made";
+    if (device.width() <= 0 || device.height() <= 0)
+        return "The paper is smaller than its margins";
     const PrintedPages pages = layout(device);
     const std::vector<int> order = pagesOf(*Printer, pages.Count);
     if (order.empty())

@@ -88,7 +88,7 @@ private slots:
         row("missing substitutes", R"({\u8364}a{\u8364}{b}\u8364\par \u8220\u97\u8221\b x)",
             "€a€b€|“a”x");
         row("surrogates", R"( \u-10179?\u-8704?a\u128512?\u-10179?b\u-8704?\u1114112?\u0?c)",
-            "?a??b?c");
+            "?a??b???c");
         row("accents", R"( e\u769?\u101?\u769?o\u779?\tab\u779?\par\u769?)", "ééo\t?|?");
         row("marks and separators", R"( a\u8203?\u65279?b\u173?c\u8232?d\u8233?e)",
             "ab\u00adc|d|e");
