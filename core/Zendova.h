@@ -5,6 +5,7 @@
 
 #include "core/WindowState.h"
 #include "fonttools/FontLoadProcedure.h"
+#include "fonttools/PassingFonts.h"
 #include "platform/controls/ControlTable.h"
 #include "textboard/RecentFiles.h"
 #include "textboard/TextBoardRTF.h"
@@ -358,6 +359,7 @@ public:
     bool FindColorIndex(ColorValue Color);
 
     BoardFormat Format;
+    PassingFonts ShownFonts; ///< of the map, the zoom and the board
 
     // ---- textboard/Printing.cpp: the board on paper and over the whole screen
 

@@ -9,7 +9,6 @@
 #include "core/SettingsDefaults.h"
 #include "fontmap/CharList.h"
 #include "platform/FileName.h"
-#include "platform/FontCatalog.h"
 #include "platform/RegularFile.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/CmnDlg.h"
@@ -123,7 +122,7 @@ void CustomMap::ApplyEditorFont()
 {
     if (cmbFontName->SelectedItem() > 0)
         EditorFont = cmbFontName->Text();
-    QFont face = FontCatalog::current().font(EditorFont);
+    QFont face = Shown.font(EditorFont);
     face.setPointSizeF(lblCFMap->cellFont().pointSizeF());
     lblCFMap->setCellFont(face);
     face.setPointSizeF(lstFontChars->charFont().pointSizeF());

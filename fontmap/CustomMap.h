@@ -4,6 +4,7 @@
 #pragma once
 
 #include "fontmap/MapEditing.h"
+#include "fonttools/PassingFonts.h"
 #include "platform/ColorValue.h"
 #include "platform/FileLock.h"
 #include "platform/controls/FormDialog.h"
@@ -111,6 +112,7 @@ private:
     const std::array<QString, CellCount> KeyTexts = ::KeyTexts();
     QString MapFilePath, MapFileTitle; ///< empty while a new map has no file
     QString EditorFont;
+    PassingFonts Shown;
     bool EditMode = false;
     bool MapSaved = false; ///< by btnSaveCFMap
     FileLock Lock;         ///< on the map's file

@@ -1,6 +1,6 @@
-// Fonts that a window shows in passing. The toolkit keeps what it once was given, and each family
-// that it has makes the next one slower: walking through ten thousand must not end with all of them
-// in memory. Knows no window.
+// Fonts that a window shows one after the other. The toolkit keeps what it once was given, and each
+// family that it has makes the next one slower: walking through ten thousand must not end with all
+// of them in memory. Knows no window.
 #pragma once
 
 #include <QFont>

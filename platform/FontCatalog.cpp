@@ -330,13 +330,19 @@ bool FontCatalog::isLoaded(const QString &family) const
     return index && Toolkit->has(*index);
 }
 
+void FontCatalog::keep(const QString &family)
+{
+    if (const auto index = indexOf(family))
+        Kept.insert(*index);
+}
+
 void FontCatalog::giveBack(const QStringList &families)
 {
     if (families.isEmpty())
         return;
     std::vector<int> known;
     for (const QString &family : families)
-        if (const auto index = indexOf(family))
+        if (const auto index = indexOf(family); index && !Kept.contains(*index))
             known.push_back(*index);
     Toolkit->takeBack(known);
 }

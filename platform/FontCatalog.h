@@ -8,6 +8,7 @@
 
 #include <QFont>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -73,8 +74,11 @@ public:
 
     /// The toolkit knows the family, as somebody has asked for its font.
     bool isLoaded(const QString &family) const;
-    /// Takes families from the toolkit, with the memory that they hold; others are passed over. No
-    /// font of theirs may be shown any more: the next call of font() loads the family anew.
+    /// For a family that is shown at any time: it is never given back.
+    void keep(const QString &family);
+    /// Takes families from the toolkit, with the memory that they hold; those not loaded, or to be
+    /// kept, are passed over. No font of the others may be shown any more: the next call of font()
+    /// loads the family anew.
     void giveBack(const QStringList &families);
 
 private:
@@ -104,4 +108,5 @@ private:
     std::vector<FontFamily> Families;
     std::vector<Entry> Entries; ///< beside Families
     QHash<QString, int> IndexByName;
+    QSet<int> Kept; ///< families that are not given back
 };

@@ -1,7 +1,7 @@
 // From the board to the dialog.
 #include "textboard/FontChoice.h"
 
-#include "platform/FontCatalog.h"
+#include "fonttools/PassingFonts.h"
 #include "textboard/QBColors.h"
 #include "textboard/TextBoard.h"
 
@@ -21,12 +21,12 @@ std::optional<ChosenFont> AskFont(QWidget *parent, QAbstractItemModel *fonts,
     colors.reserve(QBColors.size());
     for (const QBColorRow &row : QBColors)
         colors.push_back({.Name = row.CellLabel, .Value = row.Value});
-    const FontOffer offer{
-        .Fonts = fonts,
-        .FontOf = [](const QString &name) { return FontCatalog::current().font(name); },
-        .Colors = colors,
-        .LeastSize = leastSize,
-        .MostSize = mostSize};
+    PassingFonts shown;
+    const FontOffer offer{.Fonts = fonts,
+                          .FontOf = [&shown](const QString &name) { return shown.font(name); },
+                          .Colors = colors,
+                          .LeastSize = leastSize,
+                          .MostSize = mostSize};
     if (!CmnDlg::ShowFont(parent, offer, choice))
         return std::nullopt;
     return choice;

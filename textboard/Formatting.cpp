@@ -5,7 +5,6 @@
 #include "core/GlobalDeclarations.h"
 #include "fontmap/FontMap.h"
 #include "fontmap/Views.h"
-#include "platform/FontCatalog.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/Icons.h"
@@ -52,7 +51,7 @@ QToolButton *Zendova::StyleButton(int style) const
 void Zendova::ApplyFontToAll()
 {
     const QString name = FontNameCombo->Text();
-    QFont face = FontCatalog::current().font(name);
+    QFont face = ShownFonts.font(name);
     face.setPointSize(FontSizeSlider->value());
     FMapContainer->CharButton->setCellFont(face);
 

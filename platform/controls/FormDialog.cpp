@@ -22,6 +22,7 @@ QFont FormDialog::messageFont()
     QFont font = TwipForm::font();
     if (!FontCatalog::current().contains(name))
         return font;
+    FontCatalog::current().keep(name); // also where a person walks over it among other fonts
     QFont verdana = FontCatalog::current().font(name);
     verdana.setPointSizeF(font.pointSizeF());
     verdana.setStyleStrategy(QFont::PreferDefault); // texts show in any script
