@@ -1,8 +1,9 @@
 // A random user over all windows, for sanitizers and invariants to notice what no test thought of.
-// The same seed does the same things; each is told on standard output before it is done, so that
-// the last lines of a run that ends badly say how.
+// The same seed does the same things. Each is told before it is done, a line with the numbers that
+// chance gave and what they mean: the last lines of a run that ends badly say how, and a run can be
+// done again from its log, also from one with lines taken out.
 //
-//     soak [--seed N] [--events N] [--seconds N]
+//     soak [--seed N] [--events N] [--seconds N] [--log FILE] [--replay FILE]
 #include "platform/CodePage.h"
 #include "platform/controls/AltCode.h"
 #include "tests/support/MainWindow.h"
@@ -29,22 +30,43 @@ constexpr unsigned HangSeconds = 60; ///< for which nothing may hold the user up
 class RandomUser : public QObject
 {
 public:
-    RandomUser(const QString &folder, quint32 seed, int events, int seconds)
-        : Folder(folder), Random(seed), Events(events), Seconds(seconds)
+    /// With lines of a log chance is theirs, and the run ends with them.
+    RandomUser(const QString &folder, quint32 seed, int events, int seconds, QByteArrayList log)
+        : Folder(folder)
+        , Random(seed)
+        , Events(log.isEmpty() ? events : int(log.size()))
+        , Seconds(seconds)
+        , Log(std::move(log))
     {
         writeFiles();
         Clock.start();
         connect(&Ticks, &QTimer::timeout, this, &RandomUser::step);
         Ticks.start(0); // the start may ask a question
+        readLine();
         start();
     }
 
     int done() const { return Count; }
 
 private:
+    /// The numbers of the next line, if there is a log.
+    void readLine()
+    {
+        Drawn.clear();
+        if (!Log.isEmpty())
+            Given = Log.takeFirst().split('|').first().simplified().split(' ');
+    }
+
+    /// To be called before the event that it is for is told: what comes after may be those that the
+    /// event has let happen meanwhile.
     int below(int limit)
     {
-        return std::uniform_int_distribution<int>(0, std::max(limit - 1, 0))(Random);
+        limit = std::max(limit, 1);
+        const int number = Given.isEmpty()
+                               ? std::uniform_int_distribution<int>(0, limit - 1)(Random)
+                               : Given.takeFirst().toInt() % limit;
+        Drawn += QByteArray::number(number) + ' ';
+        return number;
     }
     template<class List>
     auto oneOf(const List &list)
@@ -81,13 +103,19 @@ private:
 
     void start()
     {
-        Window.reset();
-        FontCount = TTFontCount = SysFontCount = 0;
-        Window = std::make_unique<Zendova>(below(3) ? QString() : oneOf(Files));
-        try {
-            Window->Start();
-        } catch (const ProgramEnd &) { // the first question was answered with No
-            return start();
+        const QString path = below(3) ? QString() : oneOf(Files);
+        tell("start", nullptr, path);
+        if (Window && !Window->close())
+            return;
+        for (bool isRunning = false; !isRunning;) {
+            Window.reset();
+            FontCount = TTFontCount = SysFontCount = 0;
+            Window = std::make_unique<Zendova>(path);
+            try {
+                Window->Start();
+                isRunning = true;
+            } catch (const ProgramEnd &) { // the first question was answered with No
+            }
         }
         QApplication::setActiveWindow(Window.get());
     }
@@ -98,10 +126,11 @@ private:
         if (Count >= Events || Clock.elapsed() > Seconds * 1000)
             return finish();
         ++Count;
+        readLine();
         // A nested loop of a dialog that this opens goes on taking steps.
         Ticks.start(0);
-        if (Count % 4000 == 0 && !QApplication::activeModalWidget())
-            return restart();
+        if (!QApplication::activeModalWidget() && below(4000) == 0)
+            return start();
         act();
         check();
     }
@@ -149,7 +178,8 @@ private:
 
     void tell(const char *what, const QObject *where, const QString &how = {}) const
     {
-        std::printf("%d %s %s %s %s\n", Count, what, where ? where->metaObject()->className() : "",
+        std::printf("%s| %d %s %s %s %s\n", Drawn.constData(), Count, what,
+                    where ? where->metaObject()->className() : "",
                     where ? qPrintable(where->objectName()) : "", qPrintable(how));
         std::fflush(stdout);
     }
@@ -158,8 +188,9 @@ private:
     {
         const QPoint at = pointIn(control);
         const auto mouse = below(5) ? Qt::LeftButton : Qt::RightButton;
+        const bool twice = below(8) == 0;
         tell("click", control, QString("%1,%2").arg(at.x()).arg(at.y()));
-        if (below(8) == 0)
+        if (twice)
             QTest::mouseDClick(control, mouse, {}, at);
         else
             QTest::mouseClick(control, mouse, {}, at);
@@ -167,23 +198,27 @@ private:
 
     void drag(QWidget *control)
     {
-        const QPoint from = pointIn(control);
+        const QPoint from = pointIn(control), to = pointIn(control);
+        QPoint through[4];
+        for (QPoint &point : through)
+            point = from + QPoint(below(200) - 100, below(200) - 100);
         tell("drag", control, QString("%1,%2").arg(from.x()).arg(from.y()));
         const QPointer<QWidget> still = control;
         QTest::mousePress(control, Qt::LeftButton, {}, from);
-        for (int i = 0; i < 4 && still; ++i)
-            QTest::mouseMove(control, from + QPoint(below(200) - 100, below(200) - 100));
+        for (const QPoint &point : through)
+            if (still)
+                QTest::mouseMove(control, point);
         if (still)
-            QTest::mouseRelease(control, Qt::LeftButton, {}, pointIn(control));
+            QTest::mouseRelease(control, Qt::LeftButton, {}, to);
     }
 
     void wheel(QWidget *control)
     {
-        tell("wheel", control);
         const QPoint at = pointIn(control);
         QWheelEvent event(at, control->mapToGlobal(at), {}, {0, below(2) ? 120 : -120},
                           Qt::NoButton, below(2) ? Qt::ControlModifier : Qt::NoModifier,
                           Qt::NoScrollPhase, false);
+        tell("wheel", control);
         QApplication::sendEvent(control, &event);
     }
 
@@ -231,7 +266,7 @@ private:
         const QString path = below(3) ? oneOf(Files)
                                       : Folder + "/saved" + QString::number(below(4)) +
                                             QStringList{".txt", ".zuf", ".zcm"}[below(3)];
-        const bool cancel = below(3) == 0;
+        const bool cancel = below(3) == 0, giveUp = below(2);
         tell("file", dialog, cancel ? QString("cancel") : path);
         if (cancel)
             return dialog->reject();
@@ -239,7 +274,7 @@ private:
         if (edit)
             edit->setText(path);
         QTest::keyClick(edit ? static_cast<QWidget *>(edit) : dialog, Qt::Key_Return);
-        if (below(2) && dialog->isVisible())
+        if (giveUp && dialog->isVisible())
             dialog->reject();
     }
 
@@ -261,15 +296,9 @@ private:
 
     void fillClipboard()
     {
+        const QString text(below(3) ? 20 : 62000, QChar(33 + below(400)));
         tell("clipboard", nullptr);
-        QApplication::clipboard()->setText(QString(below(3) ? 20 : 62000, QChar(33 + below(400))));
-    }
-
-    void restart()
-    {
-        tell("restart", nullptr);
-        if (Window->close())
-            start();
+        QApplication::clipboard()->setText(text);
     }
 
     void check()
@@ -302,6 +331,9 @@ private:
     std::mt19937 Random;
     int Events;
     int Seconds;
+    QByteArrayList Log;   ///< the lines still to be done
+    QByteArrayList Given; ///< the numbers that are left of a line
+    QByteArray Drawn;     ///< those of the event to be told
     int Count = 0;
     QStringList Files;
     QTimer Ticks;
@@ -316,8 +348,6 @@ int main(int argc, char *argv[])
     const QTemporaryDir folder;
     qputenv("HOME", folder.path().toUtf8()); // where file dialogs begin and printing to files goes
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-    if (chdir(qPrintable(folder.path())) != 0)
-        return 1;
     const TestFonts fonts;
     FontCatalog catalog;
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -330,8 +360,21 @@ int main(int argc, char *argv[])
     QCommandLineParser options;
     options.addOptions({{"seed", "", "number", "1"},
                         {"events", "", "number", "50000"},
-                        {"seconds", "", "number", "86400"}});
+                        {"seconds", "", "number", "86400"},
+                        {"log", "", "file", "/dev/stdout"},
+                        {"replay", "", "file"}});
     options.process(application);
+    QByteArrayList log;
+    if (QFile file(options.value("replay")); options.isSet("replay")) {
+        if (!file.open(QIODevice::ReadOnly))
+            return 1;
+        log = file.readAll().split('\n');
+        log.removeIf([](const QByteArray &line) { return !line.contains('|'); });
+    }
+    if (!std::freopen(qPrintable(options.value("log")), "w", stdout))
+        return 1;
+    if (chdir(qPrintable(folder.path())) != 0)
+        return 1;
     SysInfo screen;
     screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
     SettingsTree settings(folder.filePath("settings.sqlite"));
@@ -339,7 +382,7 @@ int main(int argc, char *argv[])
     int done = 0;
     {
         RandomUser user(folder.path(), options.value("seed").toUInt(),
-                        options.value("events").toInt(), options.value("seconds").toInt());
+                        options.value("events").toInt(), options.value("seconds").toInt(), log);
         QApplication::exec();
         done = user.done();
     }
