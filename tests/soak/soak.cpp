@@ -1,43 +1,59 @@
 // A random user over all windows, for sanitizers and invariants to notice what no test thought of.
-// The same seed does the same things. Each is told before it is done, a line with the numbers that
-// chance gave and what they mean: the last lines of a run that ends badly say how, and a run can be
-// done again from its log, also from one with lines taken out.
+// The same seed does the same things. Each is written to a log before it is done, one a line, and
+// is done again from there; from a log without some of its lines too, so that the few events that a
+// failure takes are found by leaving out the others.
 //
 //     soak [--seed N] [--events N] [--seconds N] [--log FILE] [--replay FILE]
 #include "platform/CodePage.h"
 #include "platform/controls/AltCode.h"
 #include "tests/support/MainWindow.h"
 
-#include <QAbstractButton>
-#include <QClipboard>
 #include <QCommandLineParser>
-#include <QElapsedTimer>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QTimer>
-#include <QWheelEvent>
+#include <algorithm>
 #include <random>
 #include <unistd.h>
 
 namespace {
 
-/// Commands that start other programs.
-const QSet<QString> OtherPrograms = {"HelpReadme", "HelpCheckUpd", "HelpVisit", "HelpFeedback"};
+/// Commands that start other programs or end this one.
+const QSet<QString> NotChosen = {"HelpReadme", "HelpCheckUpd", "HelpVisit", "HelpFeedback",
+                                 "FileExit"};
 
 constexpr unsigned HangSeconds = 60; ///< for which nothing may hold the user up
+
+/// What a log says of it. Neither another window nor other controls beside it change that.
+QString nameOf(const QObject *object)
+{
+    if (!object)
+        return "-";
+    const auto *control = qobject_cast<const QWidget *>(object);
+    const QPoint place = control ? control->pos() : QPoint();
+    return QString("%1 \"%2\" %3,%4")
+        .arg(object->metaObject()->className(), object->objectName())
+        .arg(place.x())
+        .arg(place.y());
+}
+
+/// The numbers that the lines of a log begin with: each is all that chance gave its event.
+std::vector<quint32> eventsOf(const QString &logFile)
+{
+    std::vector<quint32> events;
+    for (const QByteArray &line : contentOf(logFile).split('\n'))
+        if (const quint32 event = line.left(line.indexOf(' ')).toUInt())
+            events.push_back(event);
+    return events;
+}
 
 class RandomUser : public QObject
 {
 public:
-    /// With lines of a log chance is theirs, and the run ends with them.
-    RandomUser(const QString &folder, quint32 seed, int events, int seconds, QByteArrayList log)
-        : Folder(folder)
-        , Random(seed)
-        , Events(log.isEmpty() ? events : int(log.size()))
-        , Seconds(seconds)
-        , Log(std::move(log))
+    /// The user does the events of these numbers within the seconds, and logs them.
+    RandomUser(const QString &folder, std::vector<quint32> events, int seconds,
+               const QString &logFile)
+        : Folder(folder), Events(std::move(events)), Seconds(seconds), Log(logFile)
     {
+        if (!Log.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            qFatal("The log can't be written.");
         writeFiles();
         Clock.start();
         connect(&Ticks, &QTimer::timeout, this, &RandomUser::step);
@@ -45,8 +61,6 @@ public:
         readLine();
         start();
     }
-
-    int done() const { return Count; }
 
 private:
     /// The numbers of the next line, if there is a log.
@@ -72,6 +86,14 @@ private:
     auto oneOf(const List &list)
     {
         return list[below(int(std::size(list)))];
+    }
+    /// For the same event the same one, if it is there, whatever else is.
+    template<class Object>
+    Object *oneOf(const QList<Object *> &list)
+    {
+        return *std::ranges::min_element(list, {}, [chance = Random()](const Object *object) {
+            return qHash(nameOf(object), chance);
+        });
     }
 
     /// Documents, maps and what only looks like them, for the user to load.
@@ -123,27 +145,26 @@ private:
     void step()
     {
         alarm(HangSeconds);
-        if (Count >= Events || Clock.elapsed() > Seconds * 1000)
+        if (Count == Events.size() || Clock.elapsed() > Seconds * 1000)
             return finish();
-        ++Count;
-        readLine();
         // A nested loop of a dialog that this opens goes on taking steps.
         Ticks.start(0);
-        if (!QApplication::activeModalWidget() && below(4000) == 0)
-            return start();
+        const std::mt19937 outer = std::exchange(Random, std::mt19937(Events[Count++]));
         act();
+        Random = outer;
         check();
     }
 
     void act()
     {
-        QWidget *top = QApplication::activePopupWidget();
-        if (!top)
-            top = QApplication::activeModalWidget();
-        if (!top)
-            top = Window.get();
+        QWidget *top = Window.get();
+        for (QWidget *front :
+             {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
+            top = front ? front : top;
         if (auto *files = qobject_cast<QFileDialog *>(top))
             return useFileDialog(files);
+        if (below(4000) == 0 && top == Window.get())
+            return restart();
         if (below(400) == 0)
             return changeDisplay();
         if (below(200) == 0)
@@ -176,12 +197,11 @@ private:
         return {below(control->width()), below(control->height())};
     }
 
-    void tell(const char *what, const QObject *where, const QString &how = {}) const
+    void tell(const char *what, const QObject *where, const QString &how = {})
     {
-        std::printf("%s| %d %s %s %s %s\n", Drawn.constData(), Count, what,
-                    where ? where->metaObject()->className() : "",
-                    where ? qPrintable(where->objectName()) : "", qPrintable(how));
-        std::fflush(stdout);
+        Log.write(QString("%1 %2 %3 %4\n")
+                      .arg(QString::number(Events[Count - 1]), what, nameOf(where), how)
+                      .toUtf8());
     }
 
     void press(QWidget *control)
@@ -252,8 +272,7 @@ private:
         QList<QAction *> commands;
         for (QAction *command : Window->menuBar()->findChildren<QAction *>())
             if (command->isEnabled() && command->isVisible() && !command->isSeparator() &&
-                !command->menu() && !OtherPrograms.contains(command->objectName()) &&
-                command->objectName() != "FileExit")
+                !command->menu() && !NotChosen.contains(command->objectName()))
                 commands += command;
         QAction *command = oneOf(commands);
         tell("command", command);
@@ -266,15 +285,14 @@ private:
         const QString path = below(3) ? oneOf(Files)
                                       : Folder + "/saved" + QString::number(below(4)) +
                                             QStringList{".txt", ".zuf", ".zcm"}[below(3)];
-        const bool cancel = below(3) == 0, giveUp = below(2);
-        tell("file", dialog, cancel ? QString("cancel") : path);
-        if (cancel)
-            return dialog->reject();
+        const bool cancel = below(3) == 0;
+        tell("file", dialog, cancel ? "cancel" : path.mid(Folder.size() + 1));
         auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
-        if (edit)
+        if (edit && !cancel) {
             edit->setText(path);
-        QTest::keyClick(edit ? static_cast<QWidget *>(edit) : dialog, Qt::Key_Return);
-        if (giveUp && dialog->isVisible())
+            QTest::keyClick(edit, Qt::Key_Return);
+        }
+        if ((cancel || below(2)) && dialog->isVisible())
             dialog->reject();
     }
 
@@ -290,7 +308,7 @@ private:
     void drop()
     {
         const QString path = oneOf(Files);
-        tell("drop", nullptr, path);
+        tell("drop", nullptr, path.mid(Folder.size() + 1));
         Window->OpenDroppedFile(path);
     }
 
@@ -316,8 +334,10 @@ private:
         Ticks.stop();
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         QWidget *popup = QApplication::activePopupWidget();
-        if (!dialog && !popup)
-            return QCoreApplication::exit();              // without the question of the exit
+        if (!dialog && !popup) {
+            std::printf("%zu events, in %s\n", Count, qPrintable(Log.fileName()));
+            return QCoreApplication::exit(); // without the question of the exit
+        }
         QTimer::singleShot(0, this, &RandomUser::finish); // what is closed may ask first
         if (popup)
             popup->close();
@@ -328,13 +348,11 @@ private:
     }
 
     QString Folder;
-    std::mt19937 Random;
-    int Events;
+    std::vector<quint32> Events;
     int Seconds;
-    QByteArrayList Log;   ///< the lines still to be done
-    QByteArrayList Given; ///< the numbers that are left of a line
-    QByteArray Drawn;     ///< those of the event to be told
-    int Count = 0;
+    QFile Log;
+    std::mt19937 Random; ///< of the event under way
+    std::size_t Count = 0;
     QStringList Files;
     QTimer Ticks;
     QElapsedTimer Clock;
@@ -346,8 +364,8 @@ private:
 int main(int argc, char *argv[])
 {
     const QTemporaryDir folder;
-    qputenv("HOME", folder.path().toUtf8()); // where file dialogs begin and printing to files goes
-    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    for (const char *name : {"HOME", "XDG_CONFIG_HOME"}) // file dialogs begin and prints go there
+        qputenv(name, folder.path().toUtf8());
     const TestFonts fonts;
     FontCatalog catalog;
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -361,31 +379,23 @@ int main(int argc, char *argv[])
     options.addOptions({{"seed", "", "number", "1"},
                         {"events", "", "number", "50000"},
                         {"seconds", "", "number", "86400"},
-                        {"log", "", "file", "/dev/stdout"},
+                        {"log", "", "file", QApplication::applicationDirPath() + "/soak.log"},
                         {"replay", "", "file"}});
     options.process(application);
-    QByteArrayList log;
-    if (QFile file(options.value("replay")); options.isSet("replay")) {
-        if (!file.open(QIODevice::ReadOnly))
-            return 1;
-        log = file.readAll().split('\n');
-        log.removeIf([](const QByteArray &line) { return !line.contains('|'); });
-    }
-    if (!std::freopen(qPrintable(options.value("log")), "w", stdout))
-        return 1;
-    if (chdir(qPrintable(folder.path())) != 0)
+    std::vector<quint32> events = eventsOf(options.value("replay"));
+    std::mt19937 seeds(options.value("seed").toUInt());
+    while (!options.isSet("replay") && events.size() < options.value("events").toUInt())
+        events.push_back(quint32(seeds()) | 1);
+    const QString log = QFileInfo(options.value("log")).absoluteFilePath();
+    if (events.empty() || chdir(qPrintable(folder.path())) != 0)
         return 1;
     SysInfo screen;
     screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
     SettingsTree settings(folder.filePath("settings.sqlite"));
     UseSettingsTree(&settings);
-    int done = 0;
     {
-        RandomUser user(folder.path(), options.value("seed").toUInt(),
-                        options.value("events").toInt(), options.value("seconds").toInt(), log);
+        RandomUser user(folder.path(), events, options.value("seconds").toInt(), log);
         QApplication::exec();
-        done = user.done();
     }
     UseSettingsTree(nullptr);
-    std::printf("%d events\n", done);
 }
