@@ -206,12 +206,10 @@ private slots:
 
     void failedCalls()
     {
-        for (const auto &[isNamed, call, end] : {std::tuple(false, SYS_fsync, Told),
-                                                 {true, SYS_fsync, Told},
-                                                 {false, SYS_renameat, Told},
-                                                 {true, SYS_renameat, Told},
-                                                 {false, SYS_fchmod, Saved},
-                                                 {false, SYS_linkat, Saved}}) {
+        const std::tuple<bool, int, Ends> rows[] = {
+            {false, SYS_fsync, Told},   {true, SYS_fsync, Told},    {false, SYS_renameat, Told},
+            {true, SYS_renameat, Told}, {false, SYS_fchmod, Saved}, {false, SYS_linkat, Saved}};
+        for (const auto &[isNamed, call, end] : rows) {
             writeFile(path("document"), "old");
             const QStringList before = files();
             const auto saveWithout = [&, call = call] {

@@ -4,9 +4,7 @@
 #include "core/SettingsDefaults.h"
 #include "tests/support/MainWindow.h"
 
-namespace {
-
-QStringList textsOf(const QMenu *menu)
+static QStringList textsOf(const QMenu *menu)
 {
     QStringList texts;
     for (const QAction *item : menu->actions())
@@ -15,14 +13,12 @@ QStringList textsOf(const QMenu *menu)
     return texts;
 }
 
-void store(QStringView key, const QStringList &paths)
+static void store(QStringView key, const QStringList &paths)
 {
     for (int row = 0; row < paths.size(); ++row)
         RegWriteValue(HKEY_CURRENT_USER, SettingsPath(key), QString::number(row + 1), paths[row],
                       REG_SZ);
 }
-
-} // namespace
 
 class TestRecentFiles : public WindowTest
 {
