@@ -123,8 +123,7 @@ private slots:
         for (const auto &[loaded, number, notice] :
              {std::tuple(QString(), 3, "\r\r\r\r\rText from this file is already loaded."),
               {folder + "b.txt", 3, "\r\r\r\rDrive  does not exist."},
-              {folder + "b.txt", 1, "\r\rFile 'gone.txt'\r\rdoes not exist in\r\r%1"},
-              {folder + "b.txt", 2, "\r\rFolder\r\r%1gone/\r\rdoes not exist."}}) {
+              {folder + "b.txt", 1, "\r\rFile 'gone.txt'\r\rdoes not exist in\r\r%1"}}) {
             window->TextFile.LoadedFilePath = loaded;
             if (!loaded.isEmpty())
                 board()->setText(loaded);
