@@ -5,10 +5,6 @@
 #include "defaults/FMColorPalette.h"
 #include "platform/controls/ColorBlocks.h"
 
-#include <QColorDialog>
-#include <QLineEdit>
-#include <QPushButton>
-
 class TestPalette : public WindowTest
 {
     Q_OBJECT

@@ -1,15 +1,8 @@
 // The editor of custom maps as a person works it: filling slots, saving, closing, keys and sizes;
 // what stands in the file afterwards, and what is said when it can't be written.
-#include "core/SettingsDefaults.h"
 #include "fontmap/CharList.h"
 #include "fontmap/CustomMap.h"
-#include "fonttools/FontLoadProcedure.h"
 #include "tests/support/MainWindow.h"
-
-#include <QAccessible>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSpinBox>
 
 namespace {
 
@@ -18,15 +11,7 @@ constexpr ExpectedMessage Pending{
                                 "if you exit now.\r\rDo you really want to close the Editor?\r\r"};
 constexpr ExpectedMessage NotSaved{" Custom Map Save Error", "%1"};
 
-/// A file whose first slots hold these.
-QByteArray fileOf(const QStringList &texts)
-{
-    CustomMapFile::Captions captions;
-    std::ranges::copy(texts, captions.begin());
-    return CustomMapFile::write(captions);
-}
-
-void press(QWidget *button)
+void click(QWidget *button)
 {
     QTest::mouseClick(button, Qt::LeftButton);
 }
@@ -53,49 +38,52 @@ QStringList misplaced(const QWidget *window)
 
 } // namespace
 
-class TestCustomMap : public QObject
+class TestCustomMap : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { start(96); }
-    void cleanup()
+    void cleanup() override
     {
+        editor.reset();
         QApplication::setFont(QFont());
-        QVERIFY(desktop->Dialogs.allCame());
+        MapEditSaved = false;
+        WindowTest::cleanup();
     }
 
     void composes()
     {
         open();
-        QCOMPARE(state(), QString("0 black, to map to map 224 0"));
+        QCOMPARE(state(), "0 black, to map to map 224 0");
         QTest::keyClicks(editor->lstFontChars, "\"");
         for (int n = 0; n < 3; ++n)
-            press(editor->cmdListToMap);
-        QCOMPARE(state(), QString("3 highlight, to map to map 221 3"));
+            click(editor->cmdListToMap);
+        QCOMPARE(state(), "3 highlight, to map to map 221 3");
         QVERIFY(!editor->btnSaveCFMap->isEnabled());
         editor->optShiftDir[1]->click();
         clickSlot(195);
         for (int n = 0; n < 2; ++n)
-            press(editor->cmdListToMap);
-        QCOMPARE(state(), QString("0 highlight, to list to list 219 5"));
+            click(editor->cmdListToMap);
+        QCOMPARE(state(), "0 highlight, to list to list 219 5");
         clickSlot(1);
-        press(editor->cmdMapToList);
-        QCOMPARE(state(), QString("196 black, to map to map 220 4"));
-        QCOMPARE(editor->lblTextZoom->Caption(0), QString("'")); // is selected yet
+        click(editor->cmdMapToList);
+        QCOMPARE(state(), "196 black, to map to map 220 4");
+        QCOMPARE(editor->lblTextZoom->Caption(0), "'"); // is selected yet
 
-        QStringList expected(CellCount);
-        for (const auto &[slot, text] : {std::pair(0, "\""), {2, "$"}, {195, "%"}, {223, "&"}})
-            expected[slot] = text;
+        CustomMapFile::Captions expected;
+        expected[0] = "\"";
+        expected[2] = "$";
+        expected[195] = "%";
+        expected[223] = "&";
         saveAs("b.zcm");
-        QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
-        QCOMPARE(editor->windowTitle(), QString("Zendova Custom FontMap Editor :  b.zcm"));
+        QCOMPARE(contentOf(path("b.zcm")), CustomMapFile::write(expected));
+        QCOMPARE(editor->windowTitle(), "Zendova Custom FontMap Editor :  b.zcm");
         QVERIFY(!FileLock::exclusive(path("b.zcm")).isHeld());
         editor->cmdListToMap->setFocus();
         QTest::keyClick(editor->cmdListToMap, Qt::Key_Return);
-        press(editor->btnSaveCFMap);
+        click(editor->btnSaveCFMap);
         expected[196] = "'";
-        QCOMPARE(contentOf(path("b.zcm")), fileOf(expected));
+        QCOMPARE(contentOf(path("b.zcm")), CustomMapFile::write(expected));
         QTest::keyClick(editor.get(), Qt::Key_Escape);
         QVERIFY(!editor->isVisible() && !MapEditSaved); // it is no loaded map
     }
@@ -103,23 +91,23 @@ private slots:
     void edits()
     {
         open({"A", "", "\"", "Q9"});
-        QCOMPARE(state(), QString("0 black, to list to list 221 3"));
+        QCOMPARE(state(), "0 black, to list to list 221 3");
         clickSlot(1);
-        press(editor->cmdListToMap);
+        click(editor->cmdListToMap);
         saveAs("b.zcm");
-        QCOMPARE(contentOf(path("b.zcm")), fileOf({"A", " ", "\"", "Q9"}));
+        QCOMPARE(contentOf(path("b.zcm")), CustomMapFile::write({"A", " ", "\"", "Q9"}));
         editor->reject();
         QVERIFY(!MapEditSaved);
         open({"A"});
-        press(editor->cmdMapToList);
+        click(editor->cmdMapToList);
         QTest::keySequence(editor.get(), QKeySequence("Ctrl+S"));
-        QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
+        QCOMPARE(contentOf(path("a.zcm")), CustomMapFile::write({}));
         QVERIFY(!FileLock::shared(path("a.zcm")).isHeld());
-        press(editor->btnCancel);
+        click(editor->btnCancel);
         QVERIFY(MapEditSaved && FileLock::exclusive(path("a.zcm")).isHeld());
 
         // What is no map, or is not there, is not edited.
-        writeFile(path("a.zcm"), fileOf({}).chopped(9));
+        writeFile(path("a.zcm"), CustomMapFile::write({}).chopped(9));
         QCOMPARE(editor->SetupEditCFMap(path("a.zcm"), {}, 1, {}, 10), QString());
         QVERIFY(!editor->SetupEditCFMap(path("none.zcm"), {}, 1, {}, 10)->isEmpty());
     }
@@ -127,20 +115,20 @@ private slots:
     void keepsWhatCantBeSaved()
     {
         open({"A"});
-        press(editor->cmdMapToList);
+        click(editor->cmdMapToList);
         FileLock other = FileLock::shared(path("a.zcm"));
-        desktop->Dialogs.message(NotSaved, "Ok", "another copy of Zendova");
-        press(editor->btnSaveCFMap);
+        expect(NotSaved, "Ok", "another copy of Zendova");
+        click(editor->btnSaveCFMap);
         other.release();
         {
             const FullDisk disk;
-            desktop->Dialogs.message(NotSaved, "Ok", path("a.zcm"));
-            press(editor->btnSaveCFMap);
+            expect(NotSaved, "Ok", path("a.zcm"));
+            click(editor->btnSaveCFMap);
         }
-        QCOMPARE(contentOf(path("a.zcm")), fileOf({"A"}));
+        QCOMPARE(contentOf(path("a.zcm")), CustomMapFile::write({"A"}));
         QVERIFY(!FileLock::exclusive(path("a.zcm")).isHeld());
-        press(editor->btnSaveCFMap);
-        QCOMPARE(contentOf(path("a.zcm")), fileOf({}));
+        click(editor->btnSaveCFMap);
+        QCOMPARE(contentOf(path("a.zcm")), CustomMapFile::write({}));
     }
 
     void asksBeforeClosing()
@@ -148,11 +136,11 @@ private slots:
         open();
         editor->updListColumns->stepUp();
         editor->optShiftDir[1]->click();
-        press(editor->cmdListToMap);
-        desktop->Dialogs.message(Pending, "No");
+        click(editor->cmdListToMap);
+        expect(Pending, "No");
         QVERIFY(!editor->close() && editor->isVisible());
-        QCOMPARE(desktop->setting("CFMEditor", "ShiftDir"), QString("1"));
-        desktop->Dialogs.message(Pending, "Yes");
+        QCOMPARE(desktop->setting("CFMEditor", "ShiftDir"), "1");
+        expect(Pending, "Yes");
         editor->MapExit->trigger();
         QVERIFY(!editor->isVisible());
         open();
@@ -167,20 +155,20 @@ private slots:
         QVERIFY(editor->imgCMMFMapHolder->hasFocus());
         QTest::keyClick(editor->lblCFMap, Qt::Key_Up);
         editor->cmdMapToList_Click(); // nothing is there
-        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        QCOMPARE(state(), "223 black, to list to list 223 1");
         // The keys of the menu go by the slot of now.
         QTest::keySequence(editor->lblCFMap, QKeySequence("Ctrl+Down"));
-        QCOMPARE(state(), QString("0 highlight, to list to list 222 2"));
+        QCOMPARE(state(), "0 highlight, to list to list 222 2");
         QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Down")); // A stays
         QVERIFY(editor->cmdMapToList->hasFocus());
         QTest::keySequence(editor->cmdMapToList, QKeySequence("Ctrl+Up"));
-        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        QCOMPARE(state(), "223 black, to list to list 223 1");
         clickSlot(5);
         QTest::keyClick(editor->lblCFMap, Qt::Key_End);
         QTest::keyClick(editor->lblCFMap, Qt::Key_Tab);
-        QCOMPARE(state(), QString("223 black, to list to list 223 1"));
+        QCOMPARE(state(), "223 black, to list to list 223 1");
         QTest::keyClick(editor->lstFontChars, Qt::Key_Down);
-        QCOMPARE(state(), QString("223 highlight, to list to list 223 1"));
+        QCOMPARE(state(), "223 highlight, to list to list 223 1");
     }
 
     void listByKeys()
@@ -192,13 +180,14 @@ private slots:
             return editor->lblTextZoom->Caption(0) + ' ' + editor->lblKeyStroke->text();
         };
         QVERIFY(list.hasFocus());
-        QCOMPARE(pressed(Qt::Key_End), QString("ÿ Alt+0255"));
+        QCOMPARE(pressed(Qt::Key_End), "ÿ Alt+0255");
         QVERIFY(list.viewport()->rect().contains(list.visualRect(list.currentIndex())));
-        QCOMPARE(pressed(Qt::Key_A), QString("a a")); // not "A", which stands before it
-        QCOMPARE(pressed(Qt::Key_Down), QString("b b"));
+        QCOMPARE(pressed(Qt::Key_A), "a a"); // not "A", which stands before it
+        QCOMPARE(pressed(Qt::Key_Down), "b b");
         const QRect before = list.visualRect(list.currentIndex());
         pressed(Qt::Key_Right);
         QCOMPARE(list.visualRect(list.currentIndex()), before.translated(before.width(), 0));
+        QTest::mouseMove(editor->lblCFMap, {1, 1}); // or the next one may be none
         QTest::mouseMove(editor->lblCFMap, editor->lblCFMap->pixels(9).center());
         QCOMPARE(editor->lblTextZoom->Caption(0) + editor->lblKeyStroke->text(), QString());
     }
@@ -212,13 +201,13 @@ private slots:
                 .arg(editor->lblCFMap->cellFont().pointSizeF())
                 .arg(editor->sldFontSize->number()->text());
         };
-        QCOMPARE(sizes(), QString("10.5 10 10"));
+        QCOMPARE(sizes(), "10.5 10 10");
         editor->optFontSize[0]->click();
         QVERIFY(fillNumberBox(editor->sldFontSize, "24") && editor->lstFontChars->hasFocus());
         editor->optFontSize[1]->click();
-        QCOMPARE(sizes(), QString("24 10 10"));
+        QCOMPARE(sizes(), "24 10 10");
         QVERIFY(fillNumberBox(editor->sldFontSize, "many"));
-        QCOMPARE(sizes(), QString("24 8 8"));
+        QCOMPARE(sizes(), "24 8 8");
 
         QTest::keyClick(editor->cmbFontName, Qt::Key_Z);
         while (editor->cmbFontName->Text() != "Zt Gaps")
@@ -242,7 +231,8 @@ private slots:
         font.setLetterSpacing(QFont::PercentageSpacing, 50);
         QApplication::setFont(font);
         for (const double dotsPerInch : {96.0, 120.0}) {
-            start(dotsPerInch);
+            editor.reset();
+            begin({1280, 1024}, dotsPerInch);
             open({"A"});
             // The box of the columns stands on the frame of the list.
             QCOMPARE(misplaced(editor.get()), QStringList({"lstFontChars", "updListColumns"}));
@@ -251,39 +241,27 @@ private slots:
                 visited += QApplication::focusWidget()->objectName();
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             } while (!editor->lstFontChars->hasFocus() && visited.size() < 20);
-            QCOMPARE(visited.join(' '), QString("lstFontChars cmbFontName sldFontSize optFontSize1 "
-                                                "optShiftDir0 cmdMapToList btnSaveAsCFMap "
-                                                "btnCancel updListColumns lblCFMap"));
+            QCOMPARE(visited.join(' '), "lstFontChars cmbFontName sldFontSize optFontSize1 "
+                                        "optShiftDir0 cmdMapToList btnSaveAsCFMap "
+                                        "btnCancel updListColumns lblCFMap");
         }
-        QCOMPARE(editor->lblCFMap->reading(0), QString("65, A, A"));
-        QCOMPARE(editor->lblCFMap->reading(1), QString("Empty"));
+        QCOMPARE(editor->lblCFMap->reading(0), "65, A, A");
+        QCOMPARE(editor->lblCFMap->reading(1), "Empty");
         QCOMPARE(QAccessible::queryAccessibleInterface(editor->lstFontChars)
                      ->child(95)
                      ->text(QAccessible::Name),
-                 QString("128, €, Ctrl+2"));
+                 "128, €, Ctrl+2");
     }
 
 private:
-    void start(double dotsPerInch)
-    {
-        editor.reset();
-        desktop.reset();
-        desktop = std::make_unique<Desktop>(QSize(1280, 1024), dotsPerInch);
-        RegMakeKey(HKEY_CURRENT_USER, SettingsPath(u"CFMEditor"));
-        ProductName = "Zendova";
-        MapEditSaved = false;
-        FontCount = 0;
-        LoadFontList(fonts);
-    }
     /// The editor on a file with these texts, or on an empty map.
-    void open(const QStringList &texts = {})
+    void open(const CustomMapFile::Captions &texts = {})
     {
-        editor = std::make_unique<CustomMap>(fonts, nullptr);
-        int font = 1;
-        while (editor->cmbFontName->ItemText(font) != "Zt Latin")
-            ++font;
-        writeFile(path("a.zcm"), fileOf(texts));
-        if (texts.isEmpty())
+        editor = std::make_unique<CustomMap>(window->FontList, nullptr);
+        QVERIFY(window->FindFontItem("Zt Latin"));
+        const int font = window->Format.TBFontIndex;
+        writeFile(path("a.zcm"), CustomMapFile::write(texts));
+        if (texts == CustomMapFile::Captions())
             editor->SetupNewCFMap(font, "Zt Latin", 10.5);
         else
             QVERIFY(!editor->SetupEditCFMap(path("a.zcm"), "a.zcm", font, "Zt Latin", 10));
@@ -299,7 +277,7 @@ private:
         desktop->Dialogs.dialog("Save Custom Map As", [whole = path(name)](QDialog *dialog) {
             typeFileName(dialog, whole);
         });
-        press(editor->btnSaveAsCFMap);
+        click(editor->btnSaveAsCFMap);
     }
     void clickSlot(int slot) const
     {
@@ -320,9 +298,7 @@ private:
         return shown + editor->lblCharsInList->text() + ' ' + editor->lblCharsInMap->text();
     }
 
-    std::unique_ptr<Desktop> desktop;
     std::unique_ptr<CustomMap> editor;
-    FontList fonts;
 };
 
 ZENDOVA_WINDOW_TEST(TestCustomMap)

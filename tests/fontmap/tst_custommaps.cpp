@@ -5,10 +5,6 @@
 #include "platform/controls/ElidedLabel.h"
 #include "tests/support/MainWindow.h"
 
-#include <QPushButton>
-
-namespace {
-
 constexpr ExpectedMessage AlreadyLoaded{" Custom Map Load Error",
                                         "\r\r\r%1\r\rThis Custom Map is already loaded."};
 constexpr ExpectedMessage Unloadable{" Custom Map Load Error",
@@ -17,16 +13,6 @@ constexpr ExpectedMessage Unloadable{" Custom Map Load Error",
                                      "\r\rZendova cannot load this Map."};
 constexpr ExpectedMessage NotReadable{" Custom Map Load Error", "%1"};
 
-/// A map with these characters in its first cells.
-QByteArray mapOf(const QString &characters)
-{
-    CustomMapFile::Captions captions;
-    std::ranges::copy(characters, captions.begin());
-    return CustomMapFile::write(captions);
-}
-
-} // namespace
-
 class TestCustomMaps : public WindowTest
 {
     Q_OBJECT
@@ -34,45 +20,45 @@ class TestCustomMaps : public WindowTest
 private slots:
     void loadsByTheDialog()
     {
-        const QString path = write("sub/Arrows & more.zcm", "\"B ");
+        const QString path = write("sub/Arrows & more.zcm", {"\"", "B", " "});
         QVERIFY(!menuItem(window, "FileCFMUnld")->isEnabled() && !button("CFMapUnld")->isEnabled());
         choose(path);
-        QCOMPARE(captions(), QString("\"B "));
+        QCOMPARE(captions(), "\"B ");
         QVERIFY(nameLabel()->isVisible());
-        QCOMPARE(nameLabel()->wholeText(), QString("Arrows & more"));
+        QCOMPARE(nameLabel()->wholeText(), "Arrows & more");
         QVERIFY(menuItem(window, "FileCFMUnld")->isEnabled() && button("CFMapUnld")->isEnabled());
         QCOMPARE(window->Folders.LMLoadPath, desktop->Folder.filePath("sub"));
 
-        QTest::mouseClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, cell(1));
-        QTest::mouseClick(window->FMapContainer->CharButton, Qt::LeftButton, {}, cell(7)); // blank
-        QCOMPARE(window->TextBoard->Text(), QString("B"));
-        QTest::mouseMove(window->FMapContainer->CharButton, cell(0));
-        QCOMPARE(window->ViewsContainer->TextZoom->Caption(0), QString("\""));
-        QTest::mouseMove(window->FMapContainer->CharButton, cell(7));
-        QCOMPARE(window->ViewsContainer->TextZoom->Caption(0), QString());
+        clickCell(window, 1);
+        clickCell(window, 7); // blank
+        QCOMPARE(board()->Text(), "B");
+        for (const auto &[cell, shown] : {std::pair(0, "\""), {7, ""}}) {
+            hover(window, cell);
+            QCOMPARE(window->ViewsContainer->TextZoom->Caption(0), shown);
+        }
 
         choose(path, AlreadyLoaded);
         menuItem(window, "FileCFMUnld")->trigger();
         QCOMPARE(captions().size(), CellCount);
         QVERIFY(!nameLabel()->isVisible() && !button("CFMapUnld")->isEnabled());
         choose(path);
-        QCOMPARE(captions(), QString("\"B "));
+        QCOMPARE(captions(), "\"B ");
         desktop->Dialogs.dialog("Load a Custom Map", [](QDialog *d) { d->reject(); });
         press("CFMapLoad");
     }
 
     void loadsByOtherWays()
     {
-        const QString first = write("a.zcm", "a");
-        const QString second = write("b.ZCM", "b");
+        const QString first = write("a.zcm", {"a"});
+        const QString second = write("b.ZCM", {"b"});
         window->OpenDroppedFile(first);
         window->OpenDroppedFile(second);
-        QCOMPARE(captions(), QString("b"));
+        QCOMPARE(captions(), "b");
         QMenu *menu = button("CFMapLoad")->menu();
         emit menu->aboutToShow();
-        QCOMPARE(menu->actions().at(1)->text(), QString("a.zcm"));
+        QCOMPARE(menu->actions().at(1)->text(), "a.zcm");
         menu->actions().at(1)->trigger();
-        QCOMPARE(captions(), QString("a"));
+        QCOMPARE(captions(), "a");
         expect(AlreadyLoaded, "Ok", first);
         menuItem(window, "CFMRU1")->trigger();
         QVERIFY(desktop->close());
@@ -91,23 +77,24 @@ private slots:
 
     void refusesWhatIsNoMap()
     {
-        window->OpenDroppedFile(write("good.zcm", "dcba"));
-        const auto refuse = [&](const QByteArray &bytes, const ExpectedMessage &said,
-                                const QString &what = {}) {
-            const QString path = writeFile(desktop->Folder.filePath("bad.zcm"), bytes);
-            expect(said, "Ok", what.isEmpty() ? path : what);
+        window->OpenDroppedFile(write("good.zcm", {"d", "c", "b", "a"}));
+        const QString path = desktop->Folder.filePath("bad.zcm");
+        for (const bool tooLarge : {false, true}) {
+            writeFile(path, QByteArray(tooLarge ? CustomMapFile::MostBytes + 1 : 9, 'A'));
+            if (tooLarge)
+                expect(NotReadable, "Ok", "larger than 64 kB");
+            else
+                expect(Unloadable, "Ok", path);
             window->OpenDroppedFile(path);
-            QCOMPARE(captions(), QString("dcba"));
-            QCOMPARE(nameLabel()->wholeText(), QString("good"));
-            QCOMPARE(menuItem(window, "CFMRU1")->text(), QString("&1 good.zcm"));
-        };
-        refuse("no map", Unloadable);
-        refuse(QByteArray(CustomMapFile::MostBytes + 1, 'A'), NotReadable, "larger than 64 kB");
+            QCOMPARE(captions(), "dcba");
+            QCOMPARE(nameLabel()->wholeText(), "good");
+            QCOMPARE(menuItem(window, "CFMRU1")->text(), "&1 good.zcm");
+        }
     }
 
     void editsTheLoadedMap()
     {
-        const QString path = write("a.zcm", "ab");
+        const QString path = write("a.zcm", {"a", "b"});
         window->OpenDroppedFile(path);
         desktop->Dialogs.dialog("Zendova Custom FontMap Editor :  a.zcm", [](QDialog *dialog) {
             QTest::mouseClick(dialog->findChild<QPushButton *>("cmdMapToList"), Qt::LeftButton);
@@ -116,7 +103,7 @@ private slots:
         });
         press("CFMapEdit");
         QVERIFY(contentOf(path).startsWith("1,\"\"\r\n2,\"b\"\r\n"));
-        QCOMPARE(captions(), QString("b"));
+        QCOMPARE(captions(), "b");
 
         {
             const FileLock otherCopy = FileLock::exclusive(path);
@@ -126,7 +113,7 @@ private slots:
         writeFile(path, "damaged meanwhile");
         expect(Unloadable, "Ok", path);
         menuItem(window, "FileCFMEdit")->trigger();
-        QCOMPARE(captions(), QString("b"));
+        QCOMPARE(captions(), "b");
         desktop->Dialogs.dialog("Zendova Custom Map Editor",
                                 [](QDialog *dialog) { dialog->reject(); });
         press("CFMapNew");
@@ -134,7 +121,7 @@ private slots:
 
     void cutsALongName()
     {
-        window->OpenDroppedFile(write(QString(150, 'W') + ".zcm", "a"));
+        window->OpenDroppedFile(write(QString(150, 'W') + ".zcm", {"a"}));
         QTRY_VERIFY(nameLabel()->text().endsWith(u'…'));
         QVERIFY(nameLabel()->text().startsWith('W'));
         const QRect bar(QPoint(), window->FMapContainer->size());
@@ -144,15 +131,11 @@ private slots:
     }
 
 private:
-    QString write(const QString &name, const QString &characters) const
+    QString write(const QString &name, const CustomMapFile::Captions &captions) const
     {
-        return writeFile(desktop->Folder.filePath(name), mapOf(characters));
+        return writeFile(desktop->Folder.filePath(name), CustomMapFile::write(captions));
     }
     ElidedLabel *nameLabel() const { return window->FMapContainer->lblCFMName; }
-    QPoint cell(int index) const
-    {
-        return window->FMapContainer->CharButton->pixels(index).center();
-    }
     /// The characters of all cells in their order.
     QString captions() const
     {

@@ -5,23 +5,14 @@
 #include "fonttools/KeyboardPicture.h"
 #include "tests/support/MainWindow.h"
 
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QLineEdit>
-#include <QPushButton>
-
-namespace {
-
 const QString Plain = "`1234567890-=qwertyuiop[]\\asdfghjkl;'zxcvbnm,./";
 const QString Shifted = "~!@#$%^&*()_+QWERTYUIOP{}|ASDFGHJKL:\"ZXCVBNM<>?";
 constexpr ExpectedMessage OnlyInformation{" Interaction Error", "displayed for information only."};
 
-QString spoken(CharCells *cells, int index)
+static QString spoken(CharCells *cells, int index)
 {
     return QAccessible::queryAccessibleInterface(cells)->child(index)->text(QAccessible::Name);
 }
-
-} // namespace
 
 class TestKeyboard : public WindowTest
 {
@@ -64,8 +55,8 @@ private slots:
             QApplication::sendEvent(focus, &event);
             return shown();
         };
-        QWidget *const list = keyboard->cmbFontName->view();
-        for (QWidget *place : QWidgetList{list, keyboard->sldFontSize->edit(), keyboard.get()}) {
+        for (QWidget *place : QWidgetList{keyboard->cmbFontName->view(),
+                                          keyboard->sldFontSize->edit(), keyboard.get()}) {
             focus = place;
             QCOMPARE(send(QEvent::KeyPress, Qt::Key_Shift, Qt::ControlModifier), Plain);
             QCOMPARE(send(QEvent::KeyPress, Qt::Key_Shift, {}), Shifted);
@@ -180,7 +171,7 @@ private slots:
                 while (type(Qt::Key_Down) != "Zt Latin")
                     continue;
                 QCOMPARE(type(Qt::Key_1), QString("Zt Latin"));
-                QCOMPARE(window->TextBoard->FontName(), QString("Zt Gaps"));
+                QCOMPARE(board()->FontName(), QString("Zt Gaps"));
                 desktop->Dialogs.message("Set Zendova Font",
                                          "Do you want to select the font ZT LATIN as the current "
                                          "font for Zendova? • Press Yes",
@@ -194,9 +185,8 @@ private slots:
             else
                 press("KB");
             const QString name = *answer == 'N' ? "Zt Gaps" : "Zt Latin";
-            QCOMPARE(window->TextBoard->FontName(), name);
+            QCOMPARE(board()->FontName(), name);
             QCOMPARE(window->FontNameCombo->Text(), name);
-            QCOMPARE(window->Format.TBFontName, name);
         }
     }
 

@@ -1,4 +1,4 @@
-// Bytes as text and back: the code page, names of files whatever their bytes are, and the standard
+// What a text becomes in the code page, names of files whatever their bytes are, and the standard
 // check of a path.
 #include "core/CheckDFFFunctions.h"
 #include "platform/CodePage.h"
@@ -14,23 +14,6 @@ class TestNames : public QObject
     Q_OBJECT
 
 private slots:
-    void everyCodeGoesThereAndBack()
-    {
-        QByteArray bytes(256, '\0');
-        for (int code = 0; code < 256; ++code)
-            bytes[code] = static_cast<char>(code);
-        const QString text = CodePage::fromBytes(bytes);
-        QCOMPARE(text.sliced(0x7E, 36), // the undefined codes are the controls of the same number
-                 QString("~\u007F€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F"
-                         "\u0090‘’“”•–—˜™š›œ\u009DžŸ\u00A0¡"));
-        QCOMPARE(CodePage::toBytes(text), bytes);
-        QCOMPARE(CodePage::fit(text), text);
-        int known = 0;
-        for (char32_t character = 0; character < 0x20000; ++character)
-            known += CodePage::toCode(character).has_value();
-        QCOMPARE(known, 256);
-    }
-
     void textFromOutsideTheCodePage()
     {
         for (const auto &[text, fitted] :

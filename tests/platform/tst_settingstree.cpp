@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(textOf(two, u"a") + textOf(one, u"b"), "onetwo");
     }
 
-    void aBatchLeftByAnExceptionDiscardsAll()
+    void allOrNothing()
     {
         SettingsTree tree(Path);
         fill(tree, 'o');
@@ -135,8 +135,15 @@ private slots:
         } catch (int) {
         }
         QVERIFY(isFilled(tree, 'o'));
+        {
+            const FullDisk disk;
+            QVERIFY(!tree.setText(Key, u"1", u"lost"));
+            fill(tree, 'n');
+            QVERIFY(isFilled(tree, 'o'));
+        }
         fill(tree, 'n');
         QVERIFY(isFilled(tree, 'n'));
+        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
     void damaged()
@@ -209,20 +216,6 @@ private slots:
         const bool written = another.setText(Key, u"a", u"1");
         unlocking.join();
         QVERIFY(written);
-    }
-
-    void aFullDiskKeepsWhatWasThere()
-    {
-        SettingsTree tree(Path);
-        fill(tree, 'o');
-        {
-            const FullDisk disk;
-            QVERIFY(!tree.setText(Key, u"1", u"lost"));
-            fill(tree, 'n');
-            QVERIFY(isFilled(tree, 'o'));
-        }
-        QVERIFY(tree.setText(Key, u"1", u"new"));
-        QCOMPARE(files(), QStringList("settings.sqlite"));
     }
 
     void unwritable()

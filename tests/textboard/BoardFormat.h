@@ -6,7 +6,6 @@
 #include <cmath>
 
 constexpr const char *FirstFormat = "Arial 18 - left #000000 Black";
-constexpr const char *GivenFormat = "Zt Four 30 bius right #ff0000 Red";
 
 inline void giveFormat(Zendova *window)
 {

@@ -2,29 +2,16 @@
 // each of them shows.
 #include "tests/textboard/BoardFormat.h"
 
-namespace {
-
 enum Style { Bold, Italic, Underline, Strikeout };
 constexpr const char *StyleButtons[] = {"Bold", "Italic", "Underline", "Strikethrough"};
 constexpr const char *StyleCommands[] = {"FFontBold", "FFontItalic", "FFontUnderline",
                                          "FFontStrikethrough"};
 constexpr Qt::Key StyleKeys[] = {Qt::Key_B, Qt::Key_I, Qt::Key_U, Qt::Key_K};
 
-bool has(const QFont &font, int style)
+static bool has(const QFont &font, int style)
 {
     return QList{font.bold(), font.italic(), font.underline(), font.strikeOut()}[style];
 }
-
-template<class Widget>
-Widget *theOnly(const QDialog *dialog, const QString &text = {})
-{
-    for (Widget *candidate : dialog->findChildren<Widget *>())
-        if (text.isEmpty() || candidate->property("text").toString().remove('&') == text)
-            return candidate;
-    return nullptr;
-}
-
-} // namespace
 
 class TestFormatting : public WindowTest
 {
@@ -93,21 +80,20 @@ private slots:
 
     void alignment()
     {
-        // Their places as a share of the board's width; once more does nothing.
-        const std::tuple<const char *, const char *, const char *, double> ways[] = {
-            {"CenterText", "AlignCenter", "centre", 0.5},
-            {"CenterText", "AlignCenter", "centre", 0.5},
-            {"AlignRight", "AlignRight", "right", 1},
-            {"AlignLeft", "AlignLeft", "left", 0}};
         for (const bool byMenu : {false, true}) {
-            for (const auto &[key, command, name, share] : ways) {
+            // The places are a share of the board's width; once more does nothing.
+            for (const auto &[key, command, name, share] :
+                 {std::tuple("CenterText", "AlignCenter", "centre", 0.5),
+                  {"CenterText", "AlignCenter", "centre", 0.5},
+                  {"AlignRight", "AlignRight", "right", 1},
+                  {"AlignLeft", "AlignLeft", "left", 0}}) {
                 if (byMenu)
                     give(command);
                 else
                     press(key);
                 QCOMPARE(formatOf(window), QString("Arial 18 - %1 #000000 Black").arg(name));
-                const int place = board()->cursorRect().x();
-                QVERIFY(qAbs(double(place) / board()->viewport()->width() - share) < 0.1);
+                const double place = board()->cursorRect().x();
+                QVERIFY(qAbs(place / board()->viewport()->width() - share) < 0.1);
                 for (const char *other : {"AlignCenter", "AlignRight", "AlignLeft"})
                     QCOMPARE(isMarked(other), !strcmp(other, command));
             }
@@ -125,11 +111,11 @@ private slots:
         QTest::keyClick(window->FontSizeSlider->slider(), Qt::Key_Left);
         QVERIFY(chooseFont(window, "Zt Gaps")); // the size goes with the font
         QCOMPARE(formatOf(window), QString("Zt Gaps 35 - left #000000 Black"));
-        const QFont find = window->FindFrame->FindString->font(); // never too high for its box
-        QCOMPARE(find.family(), mapCells()->cellFont().family());
-        QCOMPARE(find.pointSizeF(), 12.0);
+        const QFont find = window->FindFrame->FindString->font();
+        QCOMPARE(find.pointSizeF(), 12.0); // never too high for its box
         QCOMPARE(zoomCell()->cellFont().pointSize(), zoomed);
-        QCOMPARE(zoomCell()->cellFont().family(), mapCells()->cellFont().family());
+        for (const QFont &font : {find, zoomCell()->cellFont()})
+            QCOMPARE(font.family(), mapCells()->cellFont().family());
     }
 
     void colour()
@@ -158,7 +144,7 @@ private slots:
         window->SetColorFromDialog(FromColor(another));
         pick(Qt::Key_Space, false);
         desktop->Dialogs.dialog("Font", [](QDialog *dialog) {
-            QTest::keyClick(theOnly<QLineEdit>(dialog), Qt::Key_Return);
+            QTest::keyClick(dialog->findChild<QLineEdit *>(), Qt::Key_Return);
         });
         give("FormatFont");
         QCOMPARE(board()->ForeColor(), another);
@@ -173,19 +159,19 @@ private slots:
              {std::pair(QDialogButtonBox::Cancel, FirstFormat),
               {QDialogButtonBox::Ok, "Zt Four 30 bius left #808080 Grey"}}) {
             desktop->Dialogs.dialog("Font", [end = end](QDialog *dialog) {
-                auto *name = theOnly<QLineEdit>(dialog);
+                auto *name = dialog->findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly);
                 QCOMPARE(name->text(), QString("Arial"));
                 QTRY_VERIFY(name->hasFocus());
                 QTest::keyClicks(name, "zt fo");
-                auto *size = theOnly<QSpinBox>(dialog);
+                auto *size = dialog->findChild<QSpinBox *>();
                 QCOMPARE(size->value(), 18);
                 size->selectAll();
                 QTest::keyClicks(size, "30");
-                for (const char *style : {"Bold", "Italic", "Underline", "Strikeout"})
-                    QTest::mouseClick(theOnly<QCheckBox>(dialog, style), Qt::LeftButton, {},
-                                      {8, 8});
-                QTest::keyClicks(theOnly<QComboBox>(dialog), "Gra");
-                QTest::mouseClick(theOnly<QDialogButtonBox>(dialog)->button(end), Qt::LeftButton);
+                for (QCheckBox *style : dialog->findChildren<QCheckBox *>())
+                    QTest::mouseClick(style, Qt::LeftButton, {}, {8, 8});
+                QTest::keyClicks(dialog->findChild<QComboBox *>(), "Gra");
+                auto *buttons = dialog->findChild<QDialogButtonBox *>();
+                QTest::mouseClick(buttons->button(end), Qt::LeftButton);
             });
             give("FormatFont");
             QCOMPARE(formatOf(window), QString(format));

@@ -6,9 +6,6 @@
 #include "tests/support/MainWindow.h"
 #include "textboard/BoardPages.h"
 
-#include <QLineEdit>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QPrinter>
 
 constexpr int GlyphSize = 32; // pixels of 24 points
@@ -28,7 +25,7 @@ private slots:
             QString lines;
             for (int code = 33; code < 256; ++code) // one below the other
                 lines += CodePage::toUnicode(quint8(code)) + QString("\r\n");
-            window->TextBoard->setText(lines);
+            board()->setText(lines);
             const QList<QImage> pages = pagesOf(2, 10);
             for (int code = 33, line = 0; code < 256; ++code, ++line)
                 if (code != 160 && code != 173) // a blank, and a hyphen that only breaks show
@@ -41,7 +38,7 @@ private slots:
     {
         makeGlyphsReadable(window);
         QVERIFY(chooseFont(window, "Zt Gaps")); // has no B
-        window->TextBoard->setText("AB ACDA\r\n\r\nEFGHIJK" + QString("\r\n").repeated(20));
+        board()->setText("AB ACDA\r\n\r\nEFGHIJK" + QString("\r\n").repeated(20));
         constexpr const char *placed[] = {"AB", "ACDA", "", "EFGHI", "JK"};
         for (const auto &[key, share] :
              {std::pair("AlignLeft", 0.0), {"AlignRight", 1.0}, {"CenterText", 0.5}}) {
@@ -49,17 +46,16 @@ private slots:
             const QList<QImage> pages = pagesOf(5, 3);
             QCOMPARE(pages.size(), 2);
             for (int line = 0; line < 5; ++line) {
-                const QByteArray text = placed[line];
-                QPoint origin(int((5 - double(text.size())) * GlyphSize * share),
+                QPoint origin(int((5 - double(strlen(placed[line]))) * GlyphSize * share),
                               line % 3 * GlyphSize + 30);
-                for (const char code : text) {
+                for (const char code : QByteArray(placed[line])) {
                     const GlyphPicture expected{code == 'B' ? 0 : code, 2, code == 'B'};
                     QCOMPARE(readGlyph(pages[line / 3], origin), expected);
                     origin += {GlyphSize, 0};
                 }
             }
         }
-        window->TextBoard->setText("\tC"); // the stops are 80 pixels apart, as on the board
+        board()->setText("\tC"); // the stops are 80 pixels apart, as on the board
         press("AlignLeft");
         QCOMPARE(readGlyph(pagesOf(5, 3)[0], {80, 30}), (GlyphPicture{'C', 2}));
     }
@@ -67,7 +63,7 @@ private slots:
     void wholeBoardToFile()
     {
         const QString file = desktop->Folder.filePath("paper.pdf");
-        window->TextBoard->setText(linesOfText(2800));
+        board()->setText(linesOfText(2800));
         QVERIFY(chooseFont(window, "Zt Four"));
         press("PrintButton"); // the menu's alone
         print(file, false);
@@ -108,8 +104,7 @@ private slots:
 
     void preview()
     {
-        const ::TextBoard *board = window->TextBoard;
-        window->TextBoard->setText(linesOfText(BoardLimit));
+        board()->setText(linesOfText(BoardLimit));
         desktop->Screen->pretend(SysInfo::Screen{{1280, 1024}, {40, 30, 1200, 900}, 96});
         press("CenterText");
         press("Underline");
@@ -120,18 +115,18 @@ private slots:
                 QCOMPARE(dialog->geometry(), QRect(40, 30, 1200, 900));
                 const auto *text = qobject_cast<::TextBoard *>(dialog->focusWidget());
                 QVERIFY(text && text->viewport()->rect().contains(text->cursorRect()));
-                QVERIFY(text->Alignment() == 2 && text->font() == board->font());
+                QVERIFY(text->Alignment() == 2 && text->font() == board()->font());
                 for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Right, Qt::Key_X, Qt::Key_Delete})
                     QTest::keyClick(dialog->focusWidget(), key);
-                QVERIFY(text->Text() == board->Text());
+                QVERIFY(text->Text() == board()->Text());
                 QTest::keyClick(dialog->focusWidget(), Qt::Key_Right, Qt::ShiftModifier);
                 QTest::keyClick(dialog->focusWidget(), Qt::Key_C, Qt::ControlModifier);
                 QCOMPARE(QApplication::clipboard()->text(), text->SelText());
                 QTest::keyClick(dialog->focusWidget(), closed ? Qt::Key_Return : Qt::Key_Escape);
             });
             press("FullScreen");
-            QCOMPARE(board->SelStart() == 5000, !closed);
-            QCOMPARE(board->SelLength(), 0);
+            QCOMPARE(board()->SelStart() == 5000, !closed);
+            QCOMPARE(board()->SelLength(), 0);
         }
     }
 

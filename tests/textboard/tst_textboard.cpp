@@ -193,8 +193,6 @@ private slots:
         QCOMPARE(told(), 1);
         QInputMethodEvent composing("^", {});
         QApplication::sendEvent(Board, &composing);
-        Board->setFontSize(20);
-        Board->setAlignment(2);
         QCOMPARE(told(), 0);
         commit("\u00ea");
         QCOMPARE(told(), 1);

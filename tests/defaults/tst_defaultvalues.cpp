@@ -1,16 +1,32 @@
-// The custom colours in the settings, without a window.
+// The values of the dialog of defaults and the custom colours in the settings, without a window.
 #include "core/RegistryFunctions.h"
 #include "core/SettingsDefaults.h"
+#include "defaults/OptionValues.h"
 #include "defaults/PaletteTables.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
-class TestPaletteTables : public QObject
+class TestDefaultValues : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void codesBeyondTheLimits()
+    {
+        for (const auto &[code, zoomed, first] : {std::tuple(32, 64, 60),
+                                                  {33, 33, 33},
+                                                  {243, 243, 243},
+                                                  {244, 244, 60},
+                                                  {256, 64, 60}}) {
+            OptionValues values;
+            values.ZoomedLetter = values.OFMapStart = code;
+            values = Sensible(values);
+            QCOMPARE(values.ZoomedLetter, zoomed);
+            QCOMPARE(values.OFMapStart, first);
+        }
+    }
+
     void customColorsAreKept()
     {
         const QTemporaryDir folder;
@@ -31,5 +47,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPaletteTables)
-#include "tst_palettetables.moc"
+QTEST_GUILESS_MAIN(TestDefaultValues)
+#include "tst_defaultvalues.moc"
