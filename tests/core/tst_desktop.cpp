@@ -19,21 +19,6 @@ QString nameOf(QObject *object)
     return speaker(object)->text(QAccessible::Name);
 }
 
-/// Every control below the parent, hidden ones too, but not the insides of the toolkit's own.
-QWidgetList controlsBelow(QWidget *parent)
-{
-    QWidgetList found;
-    for (QWidget *child : parent->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-        if (child->isWindow() || child->objectName().startsWith("qt_"))
-            continue;
-        found += child;
-        if (!child->inherits("QAbstractScrollArea") && !child->inherits("QComboBox") &&
-            !child->inherits("QLineEdit"))
-            found += controlsBelow(child);
-    }
-    return found;
-}
-
 void rightClick(const Zendova *window, const QWidget *control)
 {
     QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
@@ -83,12 +68,9 @@ private slots:
 
     void colorsChangeWhileRunning()
     {
+        const QColor face(60, 60, 60), ink(230, 230, 230), shade(45, 45, 45), paper(30, 30, 30);
         const QPalette light(QColor(240, 240, 240), QColor(240, 240, 240));
-        QPalette dark(QColor(60, 60, 60), QColor(45, 45, 45));
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-            dark.setColor(role, QColor(230, 230, 230));
-        dark.setColor(QPalette::Base, QColor(30, 30, 30));
-
+        const QPalette dark(ink, face, face, shade, shade, ink, paper);
         QApplication::setPalette(light);
         begin(); // a window that has met no other palette
         const auto pixel = [](const QImage &image) { return image.pixelColor(2, 2); };
@@ -109,22 +91,24 @@ private slots:
             QCOMPARE(board()->ForeColor(), QColor(Qt::black));
         }
         // Colours of the map's own are no colours of the desktop's.
-        map.Fore.Color = RGBValue(250, 240, 10);
-        map.Back.Color = RGBValue(0, 0, 200);
+        const QColor yellow(250, 240, 10);
+        const QColor blue(0, 0, 200);
+        map.Fore.Color = FromColor(yellow);
+        map.Back.Color = FromColor(blue);
         map.ApplyFontMapColors(true, map.Fore.Color, true, map.Back.Color);
         QApplication::setPalette(dark);
         QCoreApplication::processEvents();
-        QCOMPARE(pixel(pictureOf(map.CharButton, 0)), QColor(0, 0, 200));
-        QCOMPARE(sample(1), QColor(250, 240, 10));
+        QCOMPARE(pixel(pictureOf(map.CharButton, 0)), blue);
+        QCOMPARE(sample(1), yellow);
         // Messages wear them too, as long as that is wished.
         for (const bool scheme : {true, false}) {
             QCOMPARE(window->DisplayCS->isChecked(), scheme);
-            desktop->Dialogs.dialog("Zendova Title", [scheme](QDialog *dialog) {
+            desktop->Dialogs.dialog("Zendova Title", [=](QDialog *dialog) {
                 const QPalette palette = dialog->findChild<QLabel *>("MessageArea")->palette();
-                QCOMPARE(palette.color(QPalette::WindowText) == QColor(250, 240, 10), scheme);
+                QCOMPARE(palette.color(QPalette::WindowText) == yellow, scheme);
                 const QImage picture = dialog->grab().toImage();
-                QCOMPARE(picture.pixelColor(20, 115) == QColor(0, 0, 200), scheme);
-                QVERIFY(picture.pixelColor(200, 140) != QColor(0, 0, 200)); // the button
+                QCOMPARE(picture.pixelColor(20, 115) == blue, scheme);
+                QVERIFY(picture.pixelColor(200, 140) != blue); // the button
                 dialog->reject();
             });
             ZndvMsg("\r\rText", "OK", "Zendova Title", false, 1);
@@ -173,27 +157,23 @@ private slots:
 
     void locksAreShown()
     {
-        LockPanels panels(nullptr);
-        std::optional<LockState> keyboard;
-        panels.locks().readFrom([&keyboard] { return keyboard; });
+        const auto keyboard = std::make_shared<std::optional<LockState>>();
+        window->StatBar->locks().readFrom([keyboard] { return *keyboard; });
         for (const auto &[state, shown, told] :
              {std::tuple(std::optional<LockState>(), "000", "unknown"),
               {LockState{.Num = true}, "100", "on"},
               {LockState{.Caps = true, .Scroll = true}, "011", "off"},
               {{}, "000", "unknown"}}) {
-            keyboard = state;
-            panels.locks().refresh();
+            *keyboard = state;
+            QEvent activation(QEvent::WindowActivate);
+            QApplication::sendEvent(window, &activation);
             QString on;
             for (const char *name : {"NUM", "CAPS", "SCRL"})
-                on += panels.findChild<QLabel *>(name)->isEnabled() ? '1' : '0';
+                on += window->findChild<QLabel *>(name)->isEnabled() ? '1' : '0';
             QCOMPARE(on, QString(shown));
-            QCOMPARE(speaker(panels.findChild<QLabel *>("NUM"))->text(QAccessible::Description),
+            QCOMPARE(speaker(window->findChild<QLabel *>("NUM"))->text(QAccessible::Description),
                      QString(told));
         }
-        window->StatBar->locks().readFrom([] { return LockState{.Caps = true}; });
-        QEvent activation(QEvent::WindowActivate);
-        QApplication::sendEvent(window, &activation);
-        QVERIFY(window->StatBar->findChild<QLabel *>("CAPS")->isEnabled());
     }
 
     void changesUnderADialog()

@@ -1,6 +1,14 @@
 // The main window's areas, controls and menus at several map sizes, on both sides and at two
-// densities of the screen: nothing outside, on top of another or cut; and the split bar.
+// densities of the screen: nothing outside, on top of another or cut; the split bar; and what the
+// window and its dialogs owe the desktop: its fonts, level rows, whole columns, a patient
+// clipboard.
 #include "tests/support/MainWindow.h"
+
+#include "core/ColorScheme.h"
+#include "platform/controls/CmnDlg.h"
+#include "platform/controls/ColorBlocks.h"
+#include "platform/controls/HelpViewer.h"
+#include "textboard/TBColorPicker.h"
 
 #include <set>
 
@@ -28,22 +36,19 @@ bool mayOverlap(const QWidget *one, const QWidget *other)
            (names.contains("SplitGrip") && !names.contains("FindFrame")) || pairs.contains(names);
 }
 
-/// All visible controls below the parent, but not the insides of the toolkit's own controls.
-void checkControls(const QWidget *parent)
+void checkControls(const QWidget *window)
 {
     const QStringList overhanging{"ZSzContainer", "CVAContainer", "clbFontMap"};
-    if (qobject_cast<const QAbstractScrollArea *>(parent) ||
-        qobject_cast<const QComboBox *>(parent))
-        return;
-    QList<QWidget *> controls = parent->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    controls.removeIf([](QWidget *child) { return !child->isVisible() || child->isWindow(); });
+    QWidgetList controls = controlsBelow(window);
+    controls.removeIf([](const QWidget *control) { return !control->isVisible(); });
     for (const QWidget *control : controls) {
+        const QWidget *parent = control->parentWidget();
         const QRect place = control->geometry();
         QVERIFY2(parent->rect().contains(place) || overhanging.contains(nameOf(control)),
                  qPrintable(nameOf(control) + " outside " + nameOf(parent)));
         for (const QWidget *other : controls)
-            QVERIFY2(other == control || !place.intersects(other->geometry()) ||
-                         mayOverlap(control, other),
+            QVERIFY2(other == control || other->parentWidget() != parent ||
+                         !place.intersects(other->geometry()) || mayOverlap(control, other),
                      qPrintable(nameOf(control) + " over " + nameOf(other)));
         const QString text = control->property("text").toString();
         const QSize room = control->contentsRect().size();
@@ -53,7 +58,6 @@ void checkControls(const QWidget *parent)
                  qPrintable(nameOf(control) + " cuts \"" + text + "\""));
         if (qobject_cast<const Toolbar *>(control))
             QVERIFY2(control->sizeHint().width() <= place.width(), qPrintable(nameOf(control)));
-        checkControls(control);
     }
 }
 
@@ -74,6 +78,42 @@ QList<int> edgesOf(const Zendova *window, int moved = 0)
         edge -= moved;
     return edges;
 }
+
+/// Both have their middle on the same line of the window, or beside it by a half pixel.
+bool isLevel(const QWidget *one, const QWidget *other)
+{
+    const auto middle = [](const QWidget *widget) {
+        return 2 * widget->mapTo(widget->window(), QPoint()).y() + widget->height();
+    };
+    return std::abs(middle(one) - middle(other)) <= 1;
+}
+
+/// What another program offers and doesn't hand over; the questions are counted.
+class SilentOffer : public QMimeData
+{
+public:
+    SilentOffer(bool tellsFormats, int &unanswered)
+        : TellsFormats(tellsFormats), Unanswered(unanswered)
+    {
+    }
+    QStringList formats() const override
+    {
+        Unanswered += TellsFormats ? 0 : 1;
+        return TellsFormats ? QStringList{"text/plain;charset=utf-8", "text/plain"} : QStringList();
+    }
+    bool hasFormat(const QString &format) const override { return formats().contains(format); }
+
+protected:
+    QVariant retrieveData(const QString &, QMetaType) const override
+    {
+        ++Unanswered;
+        return {};
+    }
+
+private:
+    bool TellsFormats;
+    int &Unanswered;
+};
 
 } // namespace
 
@@ -109,8 +149,12 @@ private slots:
             }
             QVERIFY(window->FMapContainer->CharButton->rect().contains(
                 window->FMapContainer->CharButton->pixels(CellCount - 1)));
-            QCOMPARE(window->StatBar->geometry().right(), window->CoolBarCM->geometry().right());
         }
+        desktop->Dialogs.dialog("Font", [](QDialog *dialog) {
+            checkControls(dialog);
+            dialog->reject();
+        });
+        menuItem(window, "FormatFont")->trigger();
     }
 
     void areasLeaveNoGaps()
@@ -252,6 +296,111 @@ private slots:
         // Where the map can't be sized there is nothing to pull.
         desktop->Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
         QVERIFY(!grip(0));
+    }
+
+    void rowsAreLevel()
+    {
+        for (const double dotsPerInch : {96.0, 120.0}) {
+            begin({1600, 1200}, dotsPerInch);
+            for (const char *name :
+                 {"FontLabel", "FontSizeLabel", "FontSizeNumber", "FontSizeEdit", "FontSizeSlider"})
+                QVERIFY2(isLevel(window->findChild<QWidget *>(name), window->FontNameCombo), name);
+            for (const char *name : {"FindStrLabel", "FindNextButton", "FindOpt0"})
+                QVERIFY2(isLevel(window->findChild<QWidget *>(name),
+                                 window->findChild<QWidget *>("FindString")),
+                         name);
+        }
+    }
+
+    void fontsOfTheDesktop()
+    {
+        QFont large = QApplication::font();
+        const auto reset = qScopeGuard([usual = large] { QApplication::setFont(usual); });
+        large.setPointSizeF(17);
+        QApplication::setFont(large);
+        begin();
+        HelpViewer help(window);
+        const QWidget *const own[] = {window->menuBar(), window->findChild<QMenu *>("ItemEdit"),
+                                      window->FontNameCombo->view(),
+                                      help.findChild<QWidget *>("Page"),
+                                      help.findChild<QWidget *>("FindText")};
+        for (const QWidget *widget : own)
+            QCOMPARE(widget->font().pointSizeF(), 17.0);
+        for (const char *name : {"FontLabel", "FontNameCombo", "FindNextButton"})
+            QCOMPARE(window->findChild<QWidget *>(name)->font().pointSizeF(), 8.25);
+    }
+
+    void fileDialogsShowAll()
+    {
+        writeFile(desktop->Folder.filePath("files/longer.txt"), QByteArray(148231, 'x'));
+        desktop->Dialogs.dialog("Load", [](QDialog *dialog) {
+            QVERIFY(
+                dialog->findChild<QLineEdit *>("fileNameEdit")->placeholderText().contains(".zuf"));
+            auto *files = dialog->findChild<QTreeView *>("treeView");
+            const QAbstractItemView *view = files;
+            QTRY_VERIFY(files->model()->rowCount(files->rootIndex()) == 1);
+            for (int column = 1; column < files->header()->count(); ++column)
+                QTRY_VERIFY(files->columnWidth(column) >= view->sizeHintForColumn(column));
+            dialog->reject();
+        });
+        CmnDlg::ShowOpen(nullptr, {.DialogTitle = "Load",
+                                   .Filter = "Uniform (*.ZUF)|*.zuf|Text (*.TXT)|*.txt",
+                                   .FilterIndex = 2,
+                                   .InitDir = desktop->Folder.filePath("files")});
+    }
+
+    void pickerWearsTheMapsColors()
+    {
+        SetColorScheme(RGBValue(250, 240, 10), RGBValue(10, 20, 60));
+        ColorSchemeOn = true;
+        PickColorValue = "0";
+        TBColorPicker picker(nullptr);
+        ColorSchemeOn = false;
+        const QImage image = picker.grab().toImage();
+        for (const char *name : {"Frame1", "Frame2"}) {
+            const QRect frame = picker.findChild<QFrame *>(name)->geometry();
+            QVERIFY(!frame.intersects(picker.ColorContainer->geometry()));
+            for (const QPoint &corner :
+                 {frame.topLeft() + QPoint(1, 1), frame.bottomRight() - QPoint(1, 1)})
+                QCOMPARE(image.pixel(corner), qRgb(10, 20, 60));
+        }
+    }
+
+    void fillBarKeepsItsFrame()
+    {
+        FillBar bar({.X = 15, .Y = 15}, 100, nullptr);
+        bar.resize(160, 24);
+        const QRect frame = bar.ProgressBack->geometry();
+        const auto edges = [&] {
+            const QImage image = bar.grab().toImage();
+            return QList{image.copy(frame.x(), frame.y(), 1, frame.height()),
+                         image.copy(frame.x(), frame.bottom(), frame.width(), 1),
+                         image.copy(frame.right(), frame.y(), 1, frame.height())};
+        };
+        bar.ShowCount(0);
+        const QList<QImage> empty = edges();
+        bar.ShowCount(100);
+        QVERIFY(edges() == empty);
+    }
+
+    void silentClipboardOwner()
+    {
+        int unanswered = 0;
+        for (const bool tellsFormats : {false, true}) {
+            QGuiApplication::clipboard()->setMimeData(new SilentOffer(tellsFormats, unanswered));
+            unanswered = 0;
+            window->EditPaste_Click();
+            QCOMPARE(unanswered, 1); // each question may take long
+            QVERIFY(window->TextBoard->Text().isEmpty());
+        }
+        QGuiApplication::clipboard()->setMimeData(new SilentOffer(false, unanswered));
+        desktop->Window.reset();
+        QCoreApplication::processEvents();
+        unanswered = 0;
+        desktop->Window = std::make_unique<Zendova>(QString());
+        desktop->Window->Start();
+        QCOMPARE(unanswered, 0); // before the first paint
+        QTRY_COMPARE(unanswered, 1);
     }
 };
 

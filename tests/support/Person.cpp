@@ -125,6 +125,20 @@ void select(const Zendova *window, int start, int length)
     window->TextBoard->setSelLength(length);
 }
 
+QWidgetList controlsBelow(const QWidget *parent)
+{
+    QWidgetList found;
+    for (QWidget *child : parent->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (child->isWindow() || child->objectName().startsWith("qt_"))
+            continue;
+        found += child;
+        if (!child->inherits("QAbstractScrollArea") && !child->inherits("QComboBox") &&
+            !child->inherits("QLineEdit"))
+            found += controlsBelow(child);
+    }
+    return found;
+}
+
 QAction *menuItem(const Zendova *window, const char *name)
 {
     auto *item = window->findChild<QAction *>(name);
