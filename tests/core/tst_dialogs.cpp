@@ -9,10 +9,7 @@ namespace {
 
 using Use = std::function<void(Message &)>;
 
-void click(QWidget *control)
-{
-    QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, 8));
-}
+const auto click = [](QWidget *at) { QTest::mouseClick(at, Qt::LeftButton, {}, QPoint(8, 8)); };
 
 Use press(Qt::Key key)
 {

@@ -9,10 +9,7 @@ namespace {
 
 constexpr auto HelpFile = "Zendova300.hlp"; // in the current folder
 
-QByteArray ourHelp()
-{
-    return contentOf(QString(ZENDOVA_HELP) + '/' + HelpFile);
-}
+const auto ourHelp = [] { return contentOf(QString(ZENDOVA_HELP) + '/' + HelpFile); };
 
 QStringList captures(const QByteArray &text, const char *pattern)
 {
@@ -25,11 +22,10 @@ QStringList captures(const QByteArray &text, const char *pattern)
 /// The items with the pictures 1 to 22, in their order; "-" for a picture that is nowhere.
 QString itemsWithPictures(const Zendova *window)
 {
-    const auto imageOf = [](const QIcon &icon) { return icon.pixmap(32).toImage(); };
     QStringList names(22, "-");
     for (const QAction *item : window->menuBar()->findChildren<QAction *>())
         for (int n = 1; n <= 22 && item->isIconVisibleInMenu() && !item->icon().isNull(); ++n)
-            if (imageOf(item->icon()) == imageOf(Icons::menuPicture(n)))
+            if (item->icon().pixmap(32).toImage() == Icons::menuPicture(n).pixmap(32).toImage())
                 names[n - 1] = item->menu() ? item->menu()->objectName() : item->objectName();
     return names.join(' ');
 }
@@ -117,7 +113,6 @@ private slots:
         QTest::keyClick(window, Qt::Key_F1);
         auto *viewer = this->viewer();
         QVERIFY(viewer && viewer->isVisible() && !viewer->isModal());
-        QCOMPARE(viewer->Page->toPlainText(), QString("First"));
         QCOMPARE(show("<h1>Second</h1>"), viewer);
         QCOMPARE(viewer->Page->toPlainText(), QString("Second"));
         QTest::keyClick(viewer->Page, Qt::Key_Escape);

@@ -14,12 +14,6 @@
 
 namespace {
 
-QString nameOf(const QWidget *control)
-{
-    return control->objectName().isEmpty() ? control->metaObject()->className()
-                                           : control->objectName();
-}
-
 /// Siblings that lie on each other by design: bars whose edges meet in a pixel or two, the bar of
 /// the map over the empty part of its cells, a line of text and its shadow; what lets the mouse
 /// through to the panel behind it; and the grip of the split bar, though not on the find bar.
@@ -36,6 +30,7 @@ bool mayOverlap(const QWidget *one, const QWidget *other)
            (names.contains("SplitGrip") && !names.contains("FindFrame")) || pairs.contains(names);
 }
 
+/// All visible controls of a window.
 void checkControls(const QWidget *window)
 {
     const QStringList overhanging{"ZSzContainer", "CVAContainer", "clbFontMap"};
@@ -44,20 +39,22 @@ void checkControls(const QWidget *window)
     for (const QWidget *control : controls) {
         const QWidget *parent = control->parentWidget();
         const QRect place = control->geometry();
-        QVERIFY2(parent->rect().contains(place) || overhanging.contains(nameOf(control)),
-                 qPrintable(nameOf(control) + " outside " + nameOf(parent)));
+        const QString name = control->objectName();
+        const QString text = control->property("text").toString();
+        const QByteArray which = (name + ' ' + text + ", in " + parent->objectName()).toUtf8();
+        QVERIFY2(parent->rect().contains(place) || overhanging.contains(name), which);
         for (const QWidget *other : controls)
             QVERIFY2(other == control || other->parentWidget() != parent ||
                          !place.intersects(other->geometry()) || mayOverlap(control, other),
-                     qPrintable(nameOf(control) + " over " + nameOf(other)));
-        const QString text = control->property("text").toString();
+                     which + " over " + other->objectName().toUtf8());
         const QSize room = control->contentsRect().size();
         const QSize needed = QFontMetrics(control->font()).size(0, text);
         QVERIFY2(text.isEmpty() || control->inherits("QLineEdit") ||
                      room == room.expandedTo(needed),
-                 qPrintable(nameOf(control) + " cuts \"" + text + "\""));
-        if (qobject_cast<const Toolbar *>(control))
-            QVERIFY2(control->sizeHint().width() <= place.width(), qPrintable(nameOf(control)));
+                 which);
+        QVERIFY2(!qobject_cast<const Toolbar *>(control) ||
+                     control->sizeHint().width() <= place.width(),
+                 which);
     }
 }
 
@@ -89,28 +86,20 @@ bool isLevel(const QWidget *one, const QWidget *other)
 }
 
 /// What another program offers and doesn't hand over; the questions are counted.
-class SilentOffer : public QMimeData
+struct SilentOffer : QMimeData
 {
-public:
-    SilentOffer(bool tellsFormats, int &unanswered)
-        : TellsFormats(tellsFormats), Unanswered(unanswered)
-    {
-    }
+    SilentOffer(bool tells, int &unanswered) : TellsFormats(tells), Unanswered(unanswered) {}
     QStringList formats() const override
     {
         Unanswered += TellsFormats ? 0 : 1;
         return TellsFormats ? QStringList{"text/plain;charset=utf-8", "text/plain"} : QStringList();
     }
     bool hasFormat(const QString &format) const override { return formats().contains(format); }
-
-protected:
     QVariant retrieveData(const QString &, QMetaType) const override
     {
         ++Unanswered;
         return {};
     }
-
-private:
     bool TellsFormats;
     int &Unanswered;
 };
