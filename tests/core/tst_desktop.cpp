@@ -49,12 +49,8 @@ private slots:
                 QVERIFY2(focusable.insert(nameOf(control)).second, which);
         }
         QVERIFY(focusable.size() >= 5);
-        for (const char *name : {"FontLabel", "FontSizeLabel", "ZoomSizeLabel", "MapSizeLabel"}) {
-            const auto *label = window->findChild<QLabel *>(name);
-            QVERIFY2(label->buddy(), name);
-            const auto labels = speaker(label->buddy())->relations(QAccessible::Label);
-            QVERIFY2(labels.size() == 1 && labels[0].first->object() == label, name);
-        }
+        for (const char *name : {"FontLabel", "FontSizeLabel", "ZoomSizeLabel", "MapSizeLabel"})
+            QVERIFY2(window->findChild<QLabel *>(name)->buddy(), name);
         QCOMPARE(nameOf(button("Bold")), QString("Toggle Bold Style"));
         QCOMPARE(speaker(window->ViewsContainer->ViewsTB)->role(), QAccessible::ToolBar);
     }
