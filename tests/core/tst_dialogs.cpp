@@ -11,7 +11,7 @@ using Use = std::function<void(Message &)>;
 
 const auto click = [](QWidget *at) { QTest::mouseClick(at, Qt::LeftButton, {}, QPoint(8, 8)); };
 
-Use press(Qt::Key key)
+Use pressed(Qt::Key key)
 {
     return [key](Message &dialog) { QTest::keyClick(dialog.focusWidget(), key); };
 }
@@ -24,63 +24,9 @@ Use held(Qt::Key key)
     };
 }
 
-void show(const QString &buttons, const Use &use, bool showCheck = false, int defaultButton = 1,
-          const QString &text = "\r\rText")
-{
-    SysInfo screen;
-    screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
-    Answers answers;
-    answers.dialog("Zendova Title", [&](QDialog *dialog) {
-        auto *message = qobject_cast<Message *>(dialog);
-        QVERIFY(message && message->isModal());
-        use(*message);
-        if (message->isVisible())
-            message->done(QDialog::Rejected);
-    });
-    ZndvMsg(text, buttons, "Zendova Title", showCheck, defaultButton);
-    QVERIFY(answers.allCame());
-}
-
-const QStringList Few = {"Arial", "Courier", "New Sans 1040", "Sans", "Sans Serif"};
-
-/// The font dialog of these, with the second one chosen.
-struct Opened
-{
-    Opened()
-    {
-        Dialog.show();
-        QApplication::setActiveWindow(&Dialog);
-    }
-    /// The name that is chosen once this is typed.
-    QString type(const QString &text) const
-    {
-        Name->selectAll();
-        QTest::keyClick(Name, Qt::Key_Delete);
-        QTest::keyClicks(Name, text);
-        return Dialog.choice().Name;
-    }
-    QString listed() const
-    {
-        QStringList names;
-        for (int row = 0; row < Names->model()->rowCount(); ++row)
-            names += Names->model()->index(row, 0).data().toString();
-        return names.join(", ");
-    }
-    QStringListModel Fonts{Few};
-    FontDialog Dialog{{.Fonts = &Fonts,
-                       .FontOf = [](const QString &) { return QFont(); },
-                       .Colors = {},
-                       .LeastSize = 8,
-                       .MostSize = 36},
-                      {.Name = "Courier", .Size = 12},
-                      nullptr};
-    QLineEdit *Name = Dialog.findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly);
-    QListView *Names = Dialog.findChild<QListView *>();
-};
-
 } // namespace
 
-class TestDialogs : public QObject
+class TestDialogs : public WindowTest
 {
     Q_OBJECT
 
@@ -93,11 +39,14 @@ private slots:
         // Whether it closes, and with which result.
         const std::tuple<QString, bool, bool, QList<Use>> rows[] = {
             {"OK", true, true, {first}},
-            {"OK", true, false, {closeBox, press(Qt::Key_Z), press(Qt::Key_Space)}},
-            {"OK", false, false, {press(Qt::Key_Shift), press(Qt::Key_Tab), held(Qt::Key_Z)}},
-            {"YN", true, true, {first, press(Qt::Key_Space)}},
+            {"OK", true, false, {closeBox, pressed(Qt::Key_Z), pressed(Qt::Key_Space)}},
+            {"OK", false, false, {pressed(Qt::Key_Shift), pressed(Qt::Key_Tab), held(Qt::Key_Z)}},
+            {"YN", true, true, {first, pressed(Qt::Key_Space)}},
             {"YN", true, false, {second, closeBox}},
-            {"YN", false, false, {press(Qt::Key_Y), press(Qt::Key_Escape), held(Qt::Key_Return)}}};
+            {"YN",
+             false,
+             false,
+             {pressed(Qt::Key_Y), pressed(Qt::Key_Escape), held(Qt::Key_Return)}}};
         for (const auto &[buttons, closes, result, uses] : rows) {
             for (const Use &use : uses) {
                 MsgResult = true;
@@ -169,26 +118,61 @@ private slots:
 
     void typingLeavesFonts()
     {
-        for (const auto &[typed, left, chosen] :
-             {std::tuple("1040", "New Sans 1040", "New Sans 1040"),
-              {"SANS", "New Sans 1040, Sans, Sans Serif", "Sans"},  // the whole name first
-              {"sans ", "New Sans 1040, Sans Serif", "Sans Serif"}, // the beginning, then
-              {".", "", ""},                                        // no pattern
-              {"", "Arial, Courier, New Sans 1040, Sans, Sans Serif", "Courier"}}) {
-            const Opened opened;
-            QCOMPARE(opened.type(typed), QString(chosen));
-            QCOMPARE(opened.listed(), QString(left));
-            const QRect place = opened.Names->visualRect(opened.Names->currentIndex());
-            QVERIFY(!*chosen || opened.Names->viewport()->rect().contains(place));
-            QTest::keyClick(opened.Name, Qt::Key_Return);
-            QCOMPARE(opened.Dialog.result() == QDialog::Accepted, *chosen != '\0');
+        const QString all = "Arial, Courier, New Sans 1040, Sans, Sans Serif";
+        QStringListModel fonts(all.split(", "));
+        const FontOffer offer{.Fonts = &fonts,
+                              .FontOf = [](const QString &) { return QFont(); },
+                              .Colors = {},
+                              .LeastSize = 8,
+                              .MostSize = 36};
+        // What is typed, each instead of the one before, what is left of the list, and what Enter
+        // takes of it.
+        const std::tuple<QStringList, QString, QString> rows[] = {
+            {{"1040"}, "New Sans 1040", "New Sans 1040"},
+            {{"SANS"}, "New Sans 1040, Sans, Sans Serif", "Sans"},  // the whole name first
+            {{"sans "}, "New Sans 1040, Sans Serif", "Sans Serif"}, // the beginning, then
+            {{"."}, "", ""},                                        // no pattern
+            {{""}, all, "Courier"},
+            {{"sans serif", "", "x", ""}, all, "Sans Serif"}};
+        for (const auto &row : rows) {
+            const auto &[typed, left, taken] = row;
+            desktop->Dialogs.dialog("Font", [&row](QDialog *dialog) {
+                auto *name = dialog->findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly);
+                const auto *names = dialog->findChild<QListView *>();
+                QApplication::setActiveWindow(dialog);
+                for (const QString &text : std::get<0>(row)) {
+                    name->selectAll();
+                    QTest::keyClick(name, Qt::Key_Delete);
+                    QTest::keyClicks(name, text);
+                }
+                QStringList listed;
+                for (int at = 0; at < names->model()->rowCount(); ++at)
+                    listed += names->model()->index(at, 0).data().toString();
+                QCOMPARE(listed.join(", "), std::get<1>(row));
+                const QRect chosen = names->visualRect(names->currentIndex());
+                QVERIFY(listed.isEmpty() || names->viewport()->rect().contains(chosen));
+                QTest::keyClick(name, Qt::Key_Return);
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
+            ChosenFont choice{.Name = "Courier", .Size = 12};
+            QCOMPARE(CmnDlg::ShowFont(window, offer, choice), !taken.isEmpty());
+            QCOMPARE(choice.Name, taken.isEmpty() ? "Courier" : taken);
         }
-        const Opened opened;
-        for (const char *typed : {"sans serif", "", "x", ""})
-            QCOMPARE(opened.type(typed), QString(*typed == 'x' ? "" : "Sans Serif"));
-        QCOMPARE(opened.listed(), Few.join(", "));
-        QTest::keyClick(opened.Name, Qt::Key_Return);
-        QCOMPARE(opened.Dialog.result(), int(QDialog::Accepted));
+    }
+
+private:
+    void show(const QString &buttons, const Use &use, bool showCheck = false, int defaultButton = 1,
+              const QString &text = "\r\rText")
+    {
+        desktop->Dialogs.dialog("Zendova Title", [&use](QDialog *dialog) {
+            auto *message = qobject_cast<Message *>(dialog);
+            QVERIFY(message && message->isModal());
+            use(*message);
+            if (message->isVisible())
+                message->done(QDialog::Rejected);
+        });
+        ZndvMsg(text, buttons, "Zendova Title", showCheck, defaultButton);
     }
 };
 
