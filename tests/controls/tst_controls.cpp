@@ -15,9 +15,8 @@ namespace {
 constexpr TwipScale Fifteen; // 15 twips a pixel
 
 /// A bar of 400 pixels, with bands of these pixels.
-class Bar : public BandBar
+struct Bar : BandBar
 {
-public:
     explicit Bar(std::initializer_list<double> widths = {100, 100, 50, 50}) : BandBar(Fifteen)
     {
         resize(400, 24);
@@ -28,11 +27,10 @@ public:
 
     QList<int> lefts() const
     {
-        constexpr int grip = 8; // pixels
         QList<int> found;
         for (int index = 0; index < bandCount(); ++index)
             if (isBandVisible(index))
-                found += band(index)->x() - grip;
+                found += band(index)->x() - 8; // the grip
         return found;
     }
 
@@ -45,9 +43,8 @@ public:
 };
 
 /// Cells of 28 pixels in rows of 28, which share their lines.
-class Cells : public CharCells
+struct Cells : CharCells
 {
-public:
     explicit Cells(int count, const QColor &ink, const QColor &paper) : CharCells(count)
     {
         std::vector<TwipRect> places;
@@ -118,19 +115,18 @@ QImage draw(const QIcon &icon, int size = 16, QIcon::Mode mode = QIcon::Normal)
     return icon.pixmap({size, size}, 1.0, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-std::map<QRgb, int> colorsIn(const QImage &image, const QRect &part)
+std::map<QRgb, int> colorsIn(const QImage &image)
 {
     std::map<QRgb, int> colors;
-    for (int y = part.top(); y <= part.bottom(); ++y)
-        for (int x = part.left(); x <= part.right(); ++x)
-            ++colors[image.pixel(x, y)];
+    for (int at = 0; at < image.width() * image.height(); ++at)
+        ++colors[image.pixel(at % image.width(), at / image.width())];
     return colors;
 }
 
 double strongest(const QImage &image, const QRect &part, const QColor &ground)
 {
     double most = 1;
-    for (const auto &[color, count] : colorsIn(image, part))
+    for (const auto &[color, count] : colorsIn(image.copy(part)))
         most = std::max(most, contrast(QColor(color), ground));
     return most;
 }
@@ -140,7 +136,7 @@ bool standsOut(const QImage &image, const QColor &ground, double least)
 {
     int ink = 0;
     double weakest = 99;
-    for (const auto &[color, count] : colorsIn(image, image.rect())) {
+    for (const auto &[color, count] : colorsIn(image)) {
         ink += qAlpha(color) > 40 ? count : 0;
         if (qAlpha(color) == 255)
             weakest = std::min(weakest, contrast(QColor(color), ground));
@@ -414,12 +410,7 @@ private slots:
             cells.setCellFont(font);
             cells.setCaption(0, text);
             cells.resize(cells.sizeHint());
-            const QImage image = cells.grab().toImage();
-            QRegion ink;
-            for (int at = 0; at < side * side; ++at)
-                if (qGray(image.pixel(at % side, at / side)) < 128)
-                    ink += QRect(at % side, at / side, 1, 1);
-            return ink;
+            return QRegion(QBitmap::fromImage(cells.grab().toImage(), Qt::ThresholdDither));
         };
         // Too low by the metrics, it is moved up to the line and shows whole.
         const QRegion whole = inkOf("/latin.ttf", "A", 36, 100);
@@ -520,13 +511,13 @@ private slots:
                 colors.setColor(QPalette::Disabled, QPalette::ButtonText, ink);
                 QApplication::setPalette(colors);
                 const QImage faded = draw(icon, 16, QIcon::Disabled);
-                QVERIFY2(!colorsIn(faded, faded.rect()).contains(ink.rgb()), picture.Key);
+                QVERIFY2(!colorsIn(faded).contains(ink.rgb()), picture.Key);
             }
         }
         QCOMPARE(draw(Icons::menuPicture(22)), draw(Icons::icon("About")));
         QVERIFY(Icons::menuPicture(0).isNull() && Icons::menuPicture(23).isNull());
         const QImage blue = draw(Icons::colorButton(Qt::blue));
-        QVERIFY(colorsIn(blue, blue.rect())[QColor(Qt::blue).rgb()] >= 24);
+        QVERIFY(colorsIn(blue)[QColor(Qt::blue).rgb()] >= 24);
         QVERIFY(draw(Icons::colorButton(Qt::blue), 16, QIcon::Disabled) != blue);
         // A dense screen shows pictures drawn for it; straight strokes have no half-painted pixels.
         QImage screen(60, 32, QImage::Format_ARGB32_Premultiplied);
@@ -539,7 +530,7 @@ private slots:
         screen.convertTo(QImage::Format_ARGB32);
         QCOMPARE(screen.copy(14, 0, 32, 32), draw(Icons::icon("Zoom"), 32));
         const QImage grid = draw(Icons::icon("FMapG"), 32);
-        for (const auto &[color, count] : colorsIn(grid, grid.rect()))
+        for (const auto &[color, count] : colorsIn(grid))
             QVERIFY(qAlpha(color) < 3 || qAlpha(color) > 251);
     }
 
