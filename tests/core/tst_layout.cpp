@@ -41,12 +41,13 @@ void checkControls(const QWidget *window)
         const QRect place = control->geometry();
         const QString name = control->objectName();
         const QString text = control->property("text").toString();
-        const QByteArray which = (name + ' ' + text + ", in " + parent->objectName()).toUtf8();
+        const QByteArray which =
+            control->metaObject()->className() + (' ' + name + ' ' + text).toUtf8();
         QVERIFY2(parent->rect().contains(place) || overhanging.contains(name), which);
         for (const QWidget *other : controls)
             QVERIFY2(other == control || other->parentWidget() != parent ||
                          !place.intersects(other->geometry()) || mayOverlap(control, other),
-                     which + " over " + other->objectName().toUtf8());
+                     which + " over " + other->metaObject()->className());
         const QSize room = control->contentsRect().size();
         const QSize needed = QFontMetrics(control->font()).size(0, text);
         QVERIFY2(text.isEmpty() || control->inherits("QLineEdit") ||
