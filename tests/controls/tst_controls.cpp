@@ -1,23 +1,22 @@
 // The controls that several windows share, each by itself: what counts as a number, the bands of a
-// bar under the mouse, a board of colour blocks, and the lines between cells.
-#include "platform/controls/BandBar.h"
-#include "platform/controls/CharCells.h"
-#include "platform/controls/ColorBlocks.h"
-#include "platform/controls/FontCombo.h"
-#include "platform/controls/MoveInGrid.h"
-#include "platform/controls/NumberSlider.h"
+// bar under the mouse, a board of colour blocks, cells and their lines; whole frames at every
+// scale, and pictures and states that can be told in every palette.
+#include "tests/support/MainWindow.h"
 
-#include <QtTest>
-#include <QtWidgets>
+#include "platform/controls/ColorBlocks.h"
+#include "platform/controls/Icons.h"
+#include "platform/controls/MoveInGrid.h"
+#include "platform/controls/Tones.h"
+
+#include <map>
 
 namespace {
 
 constexpr TwipScale Fifteen; // 15 twips a pixel
 
 /// A bar of 400 pixels, with bands of these pixels.
-class Bar : public BandBar
+struct Bar : BandBar
 {
-public:
     explicit Bar(std::initializer_list<double> widths = {100, 100, 50, 50}) : BandBar(Fifteen)
     {
         resize(400, 24);
@@ -28,11 +27,10 @@ public:
 
     QList<int> lefts() const
     {
-        constexpr int grip = 8; // pixels
         QList<int> found;
         for (int index = 0; index < bandCount(); ++index)
             if (isBandVisible(index))
-                found += band(index)->x() - grip;
+                found += band(index)->x() - 8; // the grip
         return found;
     }
 
@@ -44,19 +42,19 @@ public:
     }
 };
 
-/// Three cells of 28 pixels in a row, which share their lines.
-class Row : public CharCells
+/// Cells of 28 pixels in rows of 28, which share their lines.
+struct Cells : CharCells
 {
-public:
-    explicit Row(const QColor &color) : CharCells(3)
+    explicit Cells(int count, const QColor &ink, const QColor &paper) : CharCells(count)
     {
-        setPlaces({{0, 0, 420, 420}, {405, 0, 420, 420}, {810, 0, 420, 420}});
-        const ColorValue value = RGBValue(color.red(), color.green(), color.blue());
-        for (int cell = 0; cell < count(); ++cell)
-            setColors(cell, value, value);
+        std::vector<TwipRect> places;
+        for (int cell = 0; cell < count; ++cell) {
+            places.push_back({405.0 * (cell % 28), 405.0 * (cell / 28), 420, 420});
+            setColors(cell, FromColor(ink), FromColor(paper));
+        }
+        setPlaces(places);
         resize(sizeHint());
     }
-
     QImage picture(const QColor &under)
     {
         QImage image(size(), QImage::Format_RGB32);
@@ -66,16 +64,96 @@ public:
     }
 };
 
-/// How thick the dark lines are that a row of pixels meets, one after the other.
-QList<qsizetype> linesAlong(const QImage &image, int y)
+/// The colours that a row of pixels meets one after the other, and for how many pixels each.
+QList<std::pair<QRgb, int>> runsAlong(const QImage &image, int y)
 {
-    QString ink;
+    QList<std::pair<QRgb, int>> runs;
     for (int x = 0; x < image.width(); ++x)
-        ink += qGray(image.pixel(x, y)) < 250 ? '#' : ' ';
-    QList<qsizetype> lengths;
-    for (const QString &line : ink.split(' ', Qt::SkipEmptyParts))
-        lengths += line.size();
+        if (!runs.isEmpty() && runs.last().first == image.pixel(x, y))
+            ++runs.last().second;
+        else
+            runs.append({image.pixel(x, y), 1});
+    return runs;
+}
+
+/// How thick the lines on white are that a row of pixels meets.
+QList<int> linesAlong(const QImage &image, int y)
+{
+    QList<int> lengths;
+    for (const auto &[color, length] : runsAlong(image, y))
+        if (color != QColor(Qt::white).rgb())
+            lengths += length;
     return lengths;
+}
+
+QPalette desktopOf(const QColor &face, const QColor &paper, const QColor &ink,
+                   const QColor &highlight, const QColor &highlighted)
+{
+    QPalette palette(ink, face, face.lighter(), face.darker(), face.darker(120), ink, paper);
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, highlighted);
+    return palette;
+}
+
+const std::pair<const char *, QPalette> Palettes[] = {
+    {"light", desktopOf({239, 239, 239}, Qt::white, Qt::black, {48, 140, 198}, Qt::white)},
+    {"dark", desktopOf({45, 45, 45}, {30, 30, 30}, {230, 230, 230}, {42, 130, 218}, Qt::white)},
+    {"high contrast", desktopOf(Qt::black, Qt::black, Qt::white, Qt::yellow, Qt::black)}};
+
+QImage pictureOf(QWidget &widget, double scale = 1)
+{
+    QImage image(widget.size() * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::magenta);
+    widget.render(&image);
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+QImage draw(const QIcon &icon, int size = 16, QIcon::Mode mode = QIcon::Normal)
+{
+    return icon.pixmap({size, size}, 1.0, mode).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+std::map<QRgb, int> colorsIn(const QImage &image)
+{
+    std::map<QRgb, int> colors;
+    for (int at = 0; at < image.width() * image.height(); ++at)
+        ++colors[image.pixel(at % image.width(), at / image.width())];
+    return colors;
+}
+
+double strongest(const QImage &image, const QRect &part, const QColor &ground)
+{
+    double most = 1;
+    for (const auto &[color, count] : colorsIn(image.copy(part)))
+        most = std::max(most, contrast(QColor(color), ground));
+    return most;
+}
+
+/// There is something to see, and every solid pixel can be told from the ground.
+bool standsOut(const QImage &image, const QColor &ground, double least)
+{
+    int ink = 0;
+    double weakest = 99;
+    for (const auto &[color, count] : colorsIn(image)) {
+        ink += qAlpha(color) > 40 ? count : 0;
+        if (qAlpha(color) == 255)
+            weakest = std::min(weakest, contrast(QColor(color), ground));
+    }
+    return ink > 20 && weakest >= least && weakest < 99;
+}
+
+constexpr QRgb Ground = 0xffc0c0ff;
+constexpr QRgb Inside = 0xffffff00;
+
+/// True if the line meets the ground, an edge of the frame, what is inside, the other edge and the
+/// ground again; between ground and inside there is one colour alone.
+bool isFramed(const QImage &image, int y, int thick)
+{
+    const auto runs = runsAlong(image, y);
+    return runs.size() == 5 && runs[0].first == Ground && runs[2].first == Inside &&
+           runs[4].first == Ground && runs[1] == runs[3] && runs[1].second == thick;
 }
 
 } // namespace
@@ -85,6 +163,8 @@ class TestControls : public QObject
     Q_OBJECT
 
 private slots:
+    void cleanup() { QApplication::setPalette(QPalette()); }
+
     void movesInGrids()
     {
         const std::tuple<int, Qt::Key, QList<std::pair<int, int>>> rows[] = {
@@ -279,7 +359,7 @@ private slots:
     {
         // Whatever the colours, also beside a neighbour that is painted later.
         for (const QColor color : {Qt::white, Qt::black, Qt::gray}) {
-            Row cells(color);
+            Cells cells(3, color, color);
             cells.setSelectedCell(1);
             const QImage image = cells.picture(Qt::white);
             for (const int x : {27, 28, 53, 54}) // both lines of the left and of the right side
@@ -296,7 +376,7 @@ private slots:
 
     void transparentCellsWithToolTips()
     {
-        Row cells(Qt::black);
+        Cells cells(3, Qt::black, Qt::black);
         const auto colorAt = [&cells](int x) {
             return cells.picture(Qt::green).pixelColor(x, 14).name();
         };
@@ -325,18 +405,12 @@ private slots:
                 QFontDatabase::addApplicationFont(ZENDOVA_TEST_FONTS + QString(file));
             QFont font(QFontDatabase::applicationFontFamilies(loaded).value(0));
             font.setPixelSize(size);
-            CharCells cells(1);
+            Cells cells(1, Qt::black, Qt::white);
             cells.setPlaces({{0, 0, side * Fifteen.X, side * Fifteen.Y}});
-            cells.setColors(0, RGBValue(0, 0, 0), RGBValue(255, 255, 255));
             cells.setCellFont(font);
             cells.setCaption(0, text);
             cells.resize(cells.sizeHint());
-            const QImage image = cells.grab().toImage();
-            QRegion ink;
-            for (int at = 0; at < side * side; ++at)
-                if (qGray(image.pixel(at % side, at / side)) < 128)
-                    ink += QRect(at % side, at / side, 1, 1);
-            return ink;
+            return QRegion(QBitmap::fromImage(cells.grab().toImage(), Qt::ThresholdDither));
         };
         // Too low by the metrics, it is moved up to the line and shows whole.
         const QRegion whole = inkOf("/latin.ttf", "A", 36, 100);
@@ -357,14 +431,8 @@ private slots:
     {
         for (const auto &[scale, twips, thick] :
              {std::tuple(1.0, 15.0, 1), {1.25, 15.0, 1}, {2.0, 15.0, 2}, {1.0, 12.0, 1}}) {
-            CharCells cells(28 * 2);
+            Cells cells(28 * 2, Qt::black, Qt::white);
             cells.setScale({.X = twips, .Y = twips});
-            std::vector<TwipRect> places;
-            for (int cell = 0; cell < cells.count(); ++cell) {
-                places.push_back({405.0 * (cell % 28), 405.0 * (cell / 28), 420, 420});
-                cells.setColors(cell, RGBValue(0, 0, 0), RGBValue(255, 255, 255));
-            }
-            cells.setPlaces(places);
             cells.resize(cells.sizeHint());
             for (const int offset : {0, 7}) { // of the cells in their window
                 QImage image((cells.size() + QSize(offset, offset)) * scale + QSize(1, 1),
@@ -374,12 +442,126 @@ private slots:
                 cells.render(&image, QPoint(offset, offset), {}, QWidget::DrawChildren);
                 const int middle = static_cast<int>((offset + 14) * scale);
                 const QImage turned = image.transformed(QTransform(0, 1, 1, 0, 0, 0));
-                QCOMPARE(linesAlong(image, middle), QList<qsizetype>(29, thick));
-                QCOMPARE(linesAlong(turned, middle), QList<qsizetype>(3, thick));
+                QCOMPARE(linesAlong(image, middle), QList<int>(29, thick));
+                QCOMPARE(linesAlong(turned, middle), QList<int>(3, thick));
             }
+        }
+    }
+
+    void framesAreWhole()
+    {
+        QPalette palette;
+        palette.setColor(QPalette::Window, QColor(Ground));
+        palette.setColor(QPalette::Base, QColor(Inside));
+        for (const auto &[scale, thick] :
+             {std::pair(1.0, 1), {1.25, 1}, {1.5, 1}, {1.75, 1}, {2.0, 2}}) {
+            for (const int style :
+                 {int(QFrame::Box) | QFrame::Plain, int(QFrame::StyledPanel) | QFrame::Sunken, 0}) {
+                for (int place = 4; place < 8; ++place) {
+                    QWidget parent;
+                    parent.setPalette(palette);
+                    parent.resize(60, 60);
+                    QFrame *frame = style ? new QFrame(&parent) : new QPlainTextEdit(&parent);
+                    if (style)
+                        frame->setFrameStyle(style);
+                    frame->setGeometry(place, place + 1, 31 + place, 33 + place);
+                    frame->setAutoFillBackground(style != 0);
+                    frame->setBackgroundRole(QPalette::Base);
+                    const QImage image = pictureOf(parent, scale);
+                    const QImage turned = image.transformed(QTransform(0, 1, 1, 0, 0, 0));
+                    const int middle = static_cast<int>(25 * scale);
+                    QVERIFY2(isFramed(image, middle, thick) && isFramed(turned, middle, thick),
+                             qPrintable(QString("%1 at %2").arg(style).arg(scale)));
+                }
+            }
+        }
+    }
+
+    void systemColorsAreReadable()
+    {
+        // Title bars, menu, window, highlight, button, tooltip: the text and its ground.
+        for (const auto &[name, palette] : Palettes)
+            for (const auto &[ink, ground] :
+                 {std::pair(9, 2), {19, 3}, {7, 4}, {8, 5}, {14, 13}, {18, 15}, {23, 24}})
+                QVERIFY2(contrast(ToColor(SystemColorValue(ink), palette),
+                                  ToColor(SystemColorValue(ground), palette)) >= 3.5,
+                         name);
+    }
+
+    void picturesCanBeTold()
+    {
+        for (const auto &[name, palette] : Palettes) {
+            QPalette colors = palette;
+            QList<QImage> seen;
+            for (const Icons::Picture &picture : Icons::Pictures) {
+                const QIcon icon = Icons::icon(picture.Key);
+                colors.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::gray);
+                QApplication::setPalette(colors); // which an icon from before follows
+                const QColor face = colors.color(QPalette::Button);
+                const QImage plain = draw(icon);
+                const QImage disabled = draw(icon, 16, QIcon::Disabled);
+                const QImage selected = draw(icon, 16, QIcon::Selected);
+                QVERIFY2(!seen.contains(plain), picture.Key);
+                QVERIFY2(standsOut(plain, face, 3), picture.Key);
+                QVERIFY2(disabled != plain && standsOut(disabled, face, 1.2), picture.Key);
+                QVERIFY2(standsOut(selected, colors.color(QPalette::Highlight), 3), picture.Key);
+                seen += plain;
+                // In a theme of one colour for both it fades all the same.
+                const QColor ink = colors.color(QPalette::ButtonText);
+                colors.setColor(QPalette::Disabled, QPalette::ButtonText, ink);
+                QApplication::setPalette(colors);
+                const QImage faded = draw(icon, 16, QIcon::Disabled);
+                QVERIFY2(!colorsIn(faded).contains(ink.rgb()), picture.Key);
+            }
+        }
+        QCOMPARE(draw(Icons::menuPicture(22)), draw(Icons::icon("About")));
+        QVERIFY(Icons::menuPicture(0).isNull() && Icons::menuPicture(23).isNull());
+        const QImage blue = draw(Icons::colorButton(Qt::blue));
+        QVERIFY(colorsIn(blue)[QColor(Qt::blue).rgb()] >= 24);
+        QVERIFY(draw(Icons::colorButton(Qt::blue), 16, QIcon::Disabled) != blue);
+        // A dense screen shows pictures drawn for it; straight strokes have no half-painted pixels.
+        QImage screen(60, 32, QImage::Format_ARGB32_Premultiplied);
+        screen.setDevicePixelRatio(2);
+        screen.fill(Qt::transparent);
+        QPainter painter(&screen);
+        Icons::icon("Zoom").paint(&painter, QRect(0, 0, 30, 16));
+        painter.end();
+        screen.setDevicePixelRatio(1);
+        screen.convertTo(QImage::Format_ARGB32);
+        QCOMPARE(screen.copy(14, 0, 32, 32), draw(Icons::icon("Zoom"), 32));
+        const QImage grid = draw(Icons::icon("FMapG"), 32);
+        for (const auto &[color, count] : colorsIn(grid))
+            QVERIFY(qAlpha(color) < 3 || qAlpha(color) > 251);
+    }
+
+    void statesCanBeTold()
+    {
+        for (const auto &[name, palette] : Palettes) {
+            QApplication::setPalette(palette);
+            const QColor face = palette.color(QPalette::Button);
+            QWidget parent;
+            Toolbar bar(&parent);
+            QToolButton *button = bar.addButton({"Bold", "", "", Toolbar::Kind::Check});
+            bar.resize(40, 22);
+            const QRect edge(0, 4, 3, 14);
+            QVERIFY2(strongest(pictureOf(*button), edge, face) < 3, name);
+            button->setChecked(true);
+            QVERIFY2(strongest(pictureOf(*button), edge, face) >= 3, name);
+            const QColor ground = pictureOf(*button).pixelColor(5, 5);
+            QVERIFY2(ground != face, name);
+            button->setIcon(Icons::icon("Bold"));
+            QVERIFY2(strongest(pictureOf(*button), {3, 3, 16, 16}, ground) >= 4.5, name);
+            QCheckBox box;
+            box.resize(box.sizeHint());
+            const QColor paper = palette.color(QPalette::Base);
+            QVERIFY2(strongest(pictureOf(box), box.rect(), paper) >= 3, name); // the frame
+            const QRect inside(box.rect().center() - QPoint(2, 2), QSize(5, 5));
+            QCOMPARE(strongest(pictureOf(box), inside, paper), 1.0);
+            box.setChecked(true);
+            QVERIFY2(strongest(pictureOf(box), inside, paper) >= 4.5, name);
         }
     }
 };
 
-QTEST_MAIN(TestControls)
+ZENDOVA_WINDOW_TEST(TestControls)
 #include "tst_controls.moc"

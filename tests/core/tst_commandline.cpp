@@ -12,13 +12,11 @@ class TestCommandLine : public QObject
 private slots:
     void questions()
     {
-        start({"--version"}, {{"FONTCONFIG_FILE", "/nowhere"}});
-        QVERIFY(Program->waitForFinished());
+        QVERIFY(ends({"--version"}, {{"FONTCONFIG_FILE", "/nowhere"}}));
         QCOMPARE(Program->exitCode(), 0);
         QCOMPARE(Program->readAll(), QByteArray("Zendova Version 3.0.0 RC2\n"));
         QCOMPARE(Program->readAllStandardError(), QByteArray());
-        start({"--help"}, {{"FONTCONFIG_FILE", "/nowhere"}});
-        QVERIFY(Program->waitForFinished());
+        QVERIFY(ends({"--help"}, {{"FONTCONFIG_FILE", "/nowhere"}}));
         const QByteArray help = Program->readAll();
         QVERIFY(help.startsWith("Usage: zendova [PATH"));
         QVERIFY(help.contains(".ZUF") && help.contains(".TXT"));
@@ -34,8 +32,7 @@ private slots:
               {{}, "QT_QPA_PLATFORM", "nosuch"},
               {{"--help", "me"}, "LC_ALL", "C"}, // a question among others
               {{"./--version"}, "LC_ALL", "C"}}) {
-            start(arguments, {{name, value}});
-            QVERIFY(Program->waitForFinished());
+            QVERIFY(ends(arguments, {{name, value}}));
             QCOMPARE(Program->exitStatus(), QProcess::NormalExit);
             QCOMPARE(Program->exitCode(), 1);
             QCOMPARE(Program->readAllStandardOutput(), QByteArray());
@@ -47,15 +44,18 @@ private slots:
 
     void withoutFonts()
     {
-        start({}, {{"QT_QPA_PLATFORM", "offscreen"}, {"FONTCONFIG_FILE", "/nowhere"}});
-        QVERIFY(!Program->waitForFinished(1000)); // it asks the questions of a first run
+        // It asks the questions of a first run.
+        QVERIFY(
+            !ends({}, {{"QT_QPA_PLATFORM", "offscreen"}, {"FONTCONFIG_FILE", "/nowhere"}}, 1000));
         Program->kill();
         QVERIFY(Program->waitForFinished());
     }
 
 private:
-    /// Starts the program with settings of its own and no display, but with these variables.
-    void start(const QStringList &arguments, const QMap<QString, QString> &variables)
+    /// Starts the program with settings of its own and no display, but with these variables, and
+    /// tells if it ends in so many milliseconds.
+    bool ends(const QStringList &arguments, const QMap<QString, QString> &variables,
+              int patience = 30000)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name :
@@ -67,6 +67,7 @@ private:
         Program = std::make_unique<QProcess>();
         Program->setProcessEnvironment(environment);
         Program->start(ZENDOVA_PROGRAM, arguments);
+        return Program->waitForFinished(patience);
     }
 
     const TestFonts Fonts;

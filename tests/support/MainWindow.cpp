@@ -9,11 +9,6 @@ Answers::Answers()
     qApp->installEventFilter(this);
 }
 
-Answers::~Answers()
-{
-    qApp->removeEventFilter(this);
-}
-
 void Answers::message(const ExpectedMessage &said, const QString &button, const QString &what,
                       bool dontRepeat)
 {
@@ -110,11 +105,6 @@ Desktop::~Desktop()
     UseSettingsTree(nullptr);
 }
 
-QString Desktop::settingsFile() const
-{
-    return Folder.filePath("settings.sqlite");
-}
-
 QMap<QString, QString> Desktop::settings() const
 {
     QMap<QString, QString> found;
@@ -168,11 +158,6 @@ Zendova *Desktop::startAsItIs(const QString &commandTail)
         !QTest::qWaitFor([this] { return !Window->FirstActivate; }))
         qWarning("The window never showed or never became active.");
     return Window.get();
-}
-
-bool Desktop::close()
-{
-    return Window->close();
 }
 
 void WindowTest::cleanup()

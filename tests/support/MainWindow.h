@@ -42,7 +42,6 @@ class Answers : public QObject
 
 public:
     Answers();
-    ~Answers() override;
 
     /// The next dialog is this message, about `what`: its text, blanks folded, contains the words;
     /// one with carriage returns is compared whole. `button` is pressed, the box ticked before.
@@ -89,9 +88,9 @@ public:
     /// The same without any answer given in advance.
     Zendova *startAsItIs(const QString &commandTail = {});
     /// Closes the window; true if it closed.
-    bool close();
+    bool close() { return Window->close(); }
 
-    QString settingsFile() const;
+    QString settingsFile() const { return Folder.filePath("settings.sqlite"); }
     /// The values by their paths below the program's root, as another program reads them.
     QMap<QString, QString> settings() const;
     /// One of them; null if it is not there.

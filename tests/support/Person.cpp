@@ -9,18 +9,6 @@
 #include <QtTest>
 #include <QtWidgets>
 
-namespace {
-
-constexpr int ReadableFontSize = 24; // points: 32 pixels
-constexpr int ReadableMapSize = 12;  // cells of 39 pixels
-
-bool isDark(const QImage &image, int x, int y)
-{
-    return qGray(image.pixel(x, y)) < 128;
-}
-
-} // namespace
-
 bool fillNumberBox(NumberSlider *slider, const QString &text, Qt::Key key)
 {
     QTest::mouseClick(slider->number(), Qt::LeftButton);
@@ -50,8 +38,8 @@ bool chooseFont(Zendova *window, const QString &name)
 
 void makeGlyphsReadable(Zendova *window)
 {
-    window->FontSizeSlider->setValue(ReadableFontSize);
-    window->FMapContainer->sldSetFMapSize->setValue(ReadableMapSize);
+    window->FontSizeSlider->setValue(24);                // points: 32 pixels
+    window->FMapContainer->sldSetFMapSize->setValue(12); // cells of 39 pixels
 }
 
 void hover(Zendova *window, int cell)
@@ -95,7 +83,7 @@ QPoint originOfFullRow(const QImage &image, int cell)
 {
     for (int x = 0; x < image.width(); ++x)
         for (int y = image.height() - 1; y >= 0; --y)
-            if (isDark(image, x, y))
+            if (qGray(image.pixel(x, y)) < 128)
                 return QPoint(x - (2 * cell + 3) / 7, y + 1);
     return {};
 }
@@ -123,6 +111,20 @@ void select(const Zendova *window, int start, int length)
 {
     window->TextBoard->setSelStart(start);
     window->TextBoard->setSelLength(length);
+}
+
+QWidgetList controlsBelow(const QWidget *parent)
+{
+    QWidgetList found;
+    for (QWidget *child : parent->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (child->isWindow() || child->objectName().startsWith("qt_"))
+            continue;
+        found += child;
+        if (!child->inherits("QAbstractScrollArea") && !child->inherits("QComboBox") &&
+            !child->inherits("QLineEdit"))
+            found += controlsBelow(child);
+    }
+    return found;
 }
 
 QAction *menuItem(const Zendova *window, const char *name)

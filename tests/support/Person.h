@@ -46,6 +46,9 @@ GlyphPicture firstGlyph(Zendova *window, const QString &text);
 /// Selects on the board; 0 for a length sets the caret.
 void select(const Zendova *window, int start, int length);
 
+/// Every control below the parent, hidden ones too, but not the insides of the toolkit's own.
+QWidgetList controlsBelow(const QWidget *parent);
+
 QAction *menuItem(const Zendova *window, const char *name);
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item);
 /// Opens the menu, so that its items take the states of now, and closes it.
