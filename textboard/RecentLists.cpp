@@ -48,9 +48,13 @@ constexpr Zendova::RecentList MapList = {
     .Load = [](Zendova &z, const RecentFile &row) { z.LoadCustomMap(row.Folder + row.Name); }};
 
 /// "&3 name". What a menu would take for an access key or a column of its own is only a part of
-/// the name.
-QString caption(int number, QString name)
+/// the name. A name that would make the menu as wide as the screen loses its middle.
+QString caption(int number, QString name, const QFontMetrics &metrics)
 {
+    constexpr qsizetype Short = 60; // characters: not to be measured
+    constexpr int MostPixels = 480;
+    if (name.size() > Short)
+        name = metrics.elidedText(name, Qt::ElideMiddle, MostPixels);
     std::ranges::replace_if(
         name, [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(' '));
     return QString("&%1 ").arg(number) + name.replace('&', "&&");
@@ -71,7 +75,7 @@ void Zendova::ShowRecentList(const RecentList &list)
         if (row.Folder.isEmpty())
             break;
         QAction *item = RecentItem(list, ++index);
-        item->setText(caption(index, row.Name));
+        item->setText(caption(index, row.Name, menuBar()->fontMetrics()));
         item->setVisible(true);
     }
     menuBar()->findChild<QAction *>(list.Separator)->setVisible(RecentItem(list, 1)->isVisible());

@@ -26,9 +26,9 @@ void Answers::message(const QString &title, const QString &text, const QString &
 {
     dialog(title, [=, this](QDialog *dialog) {
         const auto *area = dialog->findChild<QLabel *>("MessageArea");
-        // As it is read: without the invisible places to break a line in long names.
+        // As it is read: without what keeps folders in order and lets long names break.
         QString shown = area ? area->text().replace('\n', '\r') : QString();
-        shown.remove(QChar(0x200B));
+        shown.remove(QChar(0x200B)).remove(QChar(0x200E));
         if (text.contains('\r') ? shown != text : !shown.simplified().contains(text))
             Faults += "text of " + title + ": " + shown;
         if (dontRepeat)

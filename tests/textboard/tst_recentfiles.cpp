@@ -73,6 +73,9 @@ private slots:
         QCOMPARE(useDropDown(), (QStringList{"a.txt", "R&&D x.zuf", ""}));
         QCOMPARE(menuItem(window, "CFMRU1")->text(), QString("&1 map.zcm"));
         QVERIFY(isShown("FileSep3") && isShown("CFMRU1") && isShown("FileSep2"));
+        startWith({"/f/" + QString(250, 'W') + "end.txt"});
+        QVERIFY(fileMenu().value(0).endsWith("Wend.txt"));
+        QVERIFY(window->findChild<QMenu *>("FileTF")->sizeHint().width() < 640);
         startWith(QString("/1 /2 /3 /4 /5 /6 /7 /8 /9").split(' '));
         QCOMPARE(fileMenu().size(), 9);
         QCOMPARE(useDropDown(), QStringList());
