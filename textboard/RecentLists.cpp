@@ -1,6 +1,6 @@
 // The two lists of recent files as the user sees them: items of the File menu and the drop-down of
 // a toolbar button. One mechanism; a row of differences a list. The tables behind them are
-// RecentFiles.
+// RecentFiles. The desktop's list gets the same files.
 #include "core/Zendova.h"
 
 #include "core/CheckDFFFunctions.h"
@@ -99,6 +99,7 @@ void Zendova::WriteMRULists()
 
 void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 {
+    Documents.add(path, MimeTypeOf(path));
     // The settings file keeps texts: read back, such a name would lead to no file.
     if (!FileName::isText(path))
         return;

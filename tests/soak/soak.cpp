@@ -316,6 +316,7 @@ int main(int argc, char *argv[])
     const QTemporaryDir folder;
     qputenv("HOME", folder.path().toUtf8()); // where file dialogs begin and printing to files goes
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
     if (chdir(qPrintable(folder.path())) != 0)
         return 1;
     const TestFonts fonts;

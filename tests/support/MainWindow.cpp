@@ -100,6 +100,7 @@ Desktop::Desktop(const QSize &pixels, double dotsPerInch, const QByteArray &sett
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, Folder.path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Folder.path());
+    qputenv("XDG_DATA_HOME", QFile::encodeName(Folder.filePath("data")));
     Screen->pretend(SysInfo::Screen{pixels, {}, dotsPerInch});
     UseSettingsTree(Settings.get());
 }
