@@ -99,6 +99,10 @@ private slots:
         QCOMPARE(desktop->setting("MRU", "1"), desktop->Folder.filePath("sub/a.txt"));
         QCOMPARE(desktop->setting("MRU", "3"), QString(""));
         QCOMPARE(desktop->setting("Last", "LFLoadPath"), desktop->Folder.filePath("sub"));
+        // The desktop's list has what was loaded, and not what was refused.
+        desktop->Window.reset();
+        const QByteArray list = contentOf(desktop->Folder.filePath("data/recently-used.xbel"));
+        QVERIFY(list.contains("/sub/a.txt") && list.contains("/b.txt") && !list.contains("c.zuf"));
     }
 
     void clickLoads()
