@@ -123,6 +123,9 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName("Zendova");
     QApplication::setDesktopFileName("zendova");
     QApplication::setWindowIcon(Icons::application());
+    // All of the program's own texts are English, and its forms and cells have their places:
+    // neither an option nor a translation of the toolkit's own texts turns half of a window around.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QApplication::setStyle(new Look);
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);

@@ -30,6 +30,7 @@ inline int runOnWindow(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setStyle(new Look);
     const QTemporaryDir folder;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
     SettingsTree settings(folder.filePath("settings.sqlite"));
     UseSettingsTree(&settings);
     SysInfo screen;

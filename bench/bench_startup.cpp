@@ -120,6 +120,7 @@ Round runChild(const QString &what, const QString &fonts, const QString &setting
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_CONFIG_HOME", settings);
+    environment.insert("XDG_DATA_HOME", settings);
     if (!fonts.isEmpty())
         environment.insert("FONTCONFIG_FILE", fonts + "/fonts.conf");
     process.setProcessEnvironment(environment);

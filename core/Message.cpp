@@ -1,5 +1,5 @@
-// The message dialog: an area of fixed size, one or two buttons and the box that silences a
-// warning.
+// The message dialog: an area of fixed size, in which a long text is scrolled, one or two buttons
+// and the box that silences a warning.
 #include "core/Message.h"
 
 #include "core/ColorScheme.h"
@@ -11,6 +11,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTextBoundaryFinder>
 #include <algorithm>
 
 namespace {
@@ -28,20 +31,29 @@ constexpr ControlRow Rows[] = {
     {"DisplayAgainCheck", "Message", {105, 1980, 2655, 270}},
 };
 
-/// The same with invisible places to break a line (U+200B) in words too long for one, as file names
-/// can be: they would be cut off at both ends.
+constexpr QChar BreakPlace(0x200B);      // a line may end at this invisible space
+constexpr QChar LeftToRightMark(0x200E); // as a letter of a left-to-right script, but invisible
+
+/// The same with invisible places to break a line behind separators of folders and in words too
+/// long for one, as file names can be: they would be cut off at both ends. Neighbouring folders in
+/// a right-to-left script keep their order.
 QString withBreaks(const QString &text)
 {
     constexpr int most = 30; // characters that fit whatever they are
     QString result;
     int inWord = 0;
-    for (const QChar c : text) {
-        inWord = c.isSpace() ? 0 : inWord + 1;
-        result += c;
-        if (inWord >= most && !c.isHighSurrogate()) {
-            result += QChar(0x200B);
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    for (qsizetype from = 0, to = characters.toNextBoundary(); to >= 0;
+         from = to, to = characters.toNextBoundary()) {
+        const QStringView character = QStringView(text).sliced(from, to - from);
+        result += character;
+        inWord = character.front().isSpace() ? 0 : inWord + 1;
+        if (character == u'/')
+            (result += LeftToRightMark) += BreakPlace;
+        else if (inWord == most)
+            result += BreakPlace;
+        if (character == u'/' || inWord == most)
             inWord = 0;
-        }
     }
     return result;
 }
@@ -85,7 +97,7 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
     createControls();
     WearColorScheme({MessageArea});
     setWindowTitle(Title);
-    MessageArea->setText(withBreaks(MsgText).replace('\r', '\n'));
+    showText(withBreaks(MsgText).replace('\r', '\n'));
     MessageArea->setAccessibleName(MsgText.simplified());
     setAccessibleDescription(MsgText.simplified());
     if (Buttons == "OK") {
@@ -104,6 +116,28 @@ Message::Message(const QString &MsgText, const QString &Buttons, const QString &
         setTabOrder(Button2, Button1);
         setTabOrder(Button1, DisplayAgainCheck);
     }
+}
+
+/// Blank lines that only move a short text to the middle make room for a long one; what needs more
+/// room than that is scrolled.
+void Message::showText(QString text)
+{
+    const auto isTooHigh = [this] {
+        return MessageArea->heightForWidth(MessageArea->width()) > MessageArea->height();
+    };
+    MessageArea->setText(text);
+    while (text.startsWith('\n') && isTooHigh())
+        MessageArea->setText(text.remove(0, 1));
+    if (!isTooHigh())
+        return;
+    Scroll = new QScrollArea(this);
+    Scroll->setFrameStyle(MessageArea->frameStyle());
+    Scroll->setFocusPolicy(Qt::NoFocus); // keys come by keyPressEvent, whatever has the focus
+    Scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Scroll->setWidgetResizable(true);
+    Form.place(Scroll, Form.rect(MessageArea));
+    MessageArea->setFrameStyle(QFrame::NoFrame);
+    Scroll->setWidget(MessageArea);
 }
 
 void Message::createControls()
@@ -160,6 +194,13 @@ void Message::keyPressEvent(QKeyEvent *event)
         if (!MsgOkMode)
             return;
         break;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        if (Scroll)
+            QCoreApplication::sendEvent(Scroll->verticalScrollBar(), event);
+        return;
     default:
         break;
     }

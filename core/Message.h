@@ -7,6 +7,7 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 
 /// Shows a message and returns when it is closed. The lines of the text are joined by carriage
 /// returns. Buttons is "OK" or "YN"; the title becomes the window's caption; DefaultButton 1 gives
@@ -37,4 +38,7 @@ protected:
 
 private:
     void createControls();
+    void showText(QString text);
+
+    QScrollArea *Scroll = nullptr; ///< around MessageArea; null while the text fits
 };

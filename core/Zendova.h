@@ -6,6 +6,7 @@
 #include "core/WindowState.h"
 #include "fonttools/FontLoadProcedure.h"
 #include "fonttools/PassingFonts.h"
+#include "platform/RecentDocuments.h"
 #include "platform/controls/ControlTable.h"
 #include "textboard/RecentFiles.h"
 #include "textboard/TextBoardRTF.h"
@@ -293,7 +294,8 @@ public:
 
     TextFileState TextFile;
 
-    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs
+    // ---- textboard/RecentLists.cpp: the lists of recent files in menus and drop-downs, and the
+    // ---- desktop's
 
     /// What one of the two lists has of its own.
     struct RecentList;
@@ -309,6 +311,8 @@ public:
     /// Run as the drop-downs of the buttons Load and CFMapLoad open.
     void FillLoadMenu();
     void FillMapMenu(QMenu *menu);
+
+    RecentDocuments Documents;
 
     // ---- textboard/Editing.cpp: clipboard, deleting, emptying the board
 

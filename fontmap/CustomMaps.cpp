@@ -15,6 +15,7 @@
 #include "textboard/TextBoard.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -99,6 +100,8 @@ void Zendova::ShowEditor(::CustomMap &editor)
     editor.LMSavePath = Folders.LMSavePath;
     editor.exec();
     Folders.LMSavePath = editor.LMSavePath;
+    for (const QString &path : std::as_const(editor.WrittenPaths))
+        Documents.add(path, MimeTypeOf(path));
     // The grid shows what its file holds, by whichever command that was written.
     if (MapEditSaved || editor.WrittenPaths.contains(CustomMap.LoadedMapPath))
         LoadCustomMap(CustomMap.LoadedMapPath);

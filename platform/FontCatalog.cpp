@@ -16,14 +16,23 @@ namespace {
 FontCatalog *currentCatalog = nullptr;
 
 using LangSet = std::unique_ptr<FcLangSet, FcDestroyer<FcLangSet, FcLangSetDestroy>>;
+/// By what they hold: the hash of different sets is often the same.
+struct LangSetHash
+{
+    std::size_t operator()(const FcLangSet *set) const { return FcLangSetHash(set); }
+};
+struct LangSetEqual
+{
+    bool operator()(const FcLangSet *a, const FcLangSet *b) const { return FcLangSetEqual(a, b); }
+};
 using StrSet = std::unique_ptr<FcStrSet, FcDestroyer<FcStrSet, FcStrSetDestroy>>;
 using StrList = std::unique_ptr<FcStrList, FcDestroyer<FcStrList, FcStrListDone>>;
 
 /// Languages, one for each script that a file name may be written in; the last is that of emoji.
 constexpr auto scriptLanguages = std::to_array<const char *>(
-    {"en",    "vi",    "ru", "el", "ar", "he", "th", "hi",      "bn", "pa",
-     "gu",    "or",    "ta", "te", "kn", "ml", "si", "my",      "lo", "km",
-     "zh-cn", "zh-tw", "ja", "ko", "ka", "hy", "am", "und-zsye"});
+    {"en",    "vi",    "ru", "el", "ar", "he", "th", "hi", "bn", "pa",
+     "gu",    "or",    "ta", "te", "kn", "ml", "si", "my", "lo", "km",
+     "zh-cn", "zh-tw", "ja", "ko", "ka", "hy", "am", "bo", "dv", "und-zsye"});
 
 constexpr auto genericFamilies = std::to_array<const char *>({"sans-serif", "serif", "monospace"});
 
@@ -234,21 +243,35 @@ std::vector<int> FontCatalog::scriptRows(const std::vector<int> &textRows,
     };
     std::ranges::for_each(textRows, strikeOut);
 
-    std::vector<int> chosen;
-    // What once was of no use stays so, and most families speak the same languages as another.
-    std::unordered_set<FcChar32> seen;
-    const auto addIfUseful = [&](int index) {
-        const int row = rowsAt(index).front();
-        const FcLangSet *own = Table->languages(row);
-        if (!own || !seen.insert(FcLangSetHash(own)).second ||
-            FcLangSetCompare(own, missing.get()) != FcLangEqual)
-            return;
+    std::vector<int> chosen, bolder;
+    const auto add = [&](int index) {
         chosen.push_back(Table->face(rowsAt(index), false, false));
-        strikeOut(row);
+        strikeOut(rowsAt(index).front());
+    };
+    const auto isUseful = [&](const FcLangSet *own) {
+        return FcLangSetCompare(own, missing.get()) == FcLangEqual;
+    };
+    // What once was of no use stays so, and most families speak the same languages as another.
+    std::unordered_set<const FcLangSet *, LangSetHash, LangSetEqual> seen;
+    const auto addIfUseful = [&](int index) {
+        const FcLangSet *own = Table->languages(rowsAt(index).front());
+        if (!own || seen.contains(own))
+            return;
+        if (!isUseful(own))
+            seen.insert(own);
+        else if (const int face = Table->face(rowsAt(index), false, false);
+                 Table->isBold(face) || isSlanted((*Table)[face]))
+            bolder.push_back(index);
+        else
+            add(index);
     };
     std::ranges::for_each(preferred, addIfUseful);
     for (int index = 0; index < static_cast<int>(Families.size()); ++index)
         addIfUseful(index);
+    // Families that are always bold or slanted, where there is nothing else for a script.
+    for (const int index : bolder)
+        if (isUseful(Table->languages(rowsAt(index).front())))
+            add(index);
     return chosen;
 }
 

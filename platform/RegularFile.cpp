@@ -5,6 +5,8 @@
 #include "platform/FileName.h"
 
 #include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QScopeGuard>
 #include <array>
@@ -138,6 +140,7 @@ struct Place
     /// file's own name could be too long to have something added.
     QByteArray BesideName;
     std::optional<struct stat> Old;
+    mode_t Mode = 0; ///< of the new file, until it gets the old one's
 };
 
 /// A path split behind its last separator.
@@ -268,11 +271,6 @@ void fill(const Handle &file, const Place &place, const QByteArray &bytes)
         fail(errno);
 }
 
-mode_t modeForNew(const Place &place)
-{
-    return place.Old ? S_IRUSR | S_IWUSR : DEFFILEMODE;
-}
-
 // Who puts a file under the name beside keeps it locked, and nobody else removes or moves it. The
 // lock of a killed save is gone.
 
@@ -361,7 +359,7 @@ int nameInPlace(const QByteArray &link, const Place &place)
 bool writeNameless(const Place &place, const QByteArray &bytes)
 {
     const Handle file(
-        ::openat(place.Folder.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, modeForNew(place)));
+        ::openat(place.Folder.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, place.Mode));
     if (!file.isOpen())
         return false;
     lock(file);
@@ -382,7 +380,7 @@ Handle openBeside(const Place &place)
 {
     for (;;) {
         Handle file(::openat(place.Folder.get(), place.BesideName.constData(),
-                             O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, modeForNew(place)));
+                             O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, place.Mode));
         // Before it was locked, it could be taken for one that was left.
         if (file.isOpen() && lock(file) && isBeside(file, place))
             return file;
@@ -439,14 +437,25 @@ try {
     return faulty(Fault::NotReadable, failure.Reason);
 }
 
-std::optional<QString> RegularFile::write(const QString &path, const QByteArray &bytes)
+std::optional<QString> RegularFile::write(const QString &path, const QByteArray &bytes,
+                                          NewFile newFile)
 try {
     const SizeSignalBlock block;
-    const Place place = placeOf(encoded(path));
+    Place place = placeOf(encoded(path));
+    place.Mode = place.Old || newFile == NewFile::UserOnly ? S_IRUSR | S_IWUSR : DEFFILEMODE;
     if (!writeNameless(place, bytes))
         writeNamed(place, bytes);
     syncFolder(place);
     return std::nullopt;
 } catch (const Failure &failure) {
     return failure.Reason;
+}
+
+bool RegularFile::makeFolder(const QString &path)
+{
+    if (QFileInfo(path).isDir())
+        return true;
+    return makeFolder(QFileInfo(path).absolutePath()) &&
+           (QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) ||
+            QFileInfo(path).isDir());
 }

@@ -26,6 +26,9 @@ struct Reading
 /// Reads what the file holds when it is opened, `mostBytes` at most.
 Reading read(const QString &path, qint64 mostBytes);
 
+/// Who may read a file that was not there: whom the user lets read his new files, or he alone.
+enum class NewFile { AsUsual, UserOnly };
+
 /// Makes `bytes` the contents of the file; gives nothing, or the reason of a failure for people.
 /// What stood in the file then still does, and no other file is left beside it. When nothing is
 /// given, the contents are on the disk.
@@ -33,6 +36,11 @@ Reading read(const QString &path, qint64 mostBytes);
 /// A symbolic link is followed, and goes on naming its file. A file that is replaced keeps its
 /// permissions, its owner and its group as far as the user may give them away; another hard link to
 /// it keeps the old contents. One that the user may not write to is not replaced.
-std::optional<QString> write(const QString &path, const QByteArray &bytes);
+std::optional<QString> write(const QString &path, const QByteArray &bytes,
+                             NewFile newFile = NewFile::AsUsual);
+
+/// Makes a folder and those that it is in, with the permissions that the XDG Base Directory
+/// standard asks for: of the user alone. True if it is there in the end.
+bool makeFolder(const QString &path);
 
 } // namespace RegularFile

@@ -2,6 +2,8 @@
 // single statements behind each operation. Uses Qt Core and SQLite's C interface only.
 #include "platform/SettingsTree.h"
 
+#include "platform/RegularFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -89,16 +91,6 @@ bool isNoDatabase(const QString &filePath)
     return info.isFile() && info.isReadable() && info.size() > 0 &&
            !startsWith(filePath, DatabaseMagic) &&
            !startsWith(filePath + QLatin1String("-journal"), JournalMagic);
-}
-
-// QDir::mkpath with the permissions that the XDG Base Directory standard asks for.
-bool makeFolder(const QString &path)
-{
-    if (QFileInfo(path).isDir())
-        return true;
-    return makeFolder(QFileInfo(path).absolutePath()) &&
-           (QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) ||
-            QFileInfo(path).isDir());
 }
 
 // Which file stands at a path: another running copy may have put a damaged one aside already.
@@ -356,7 +348,7 @@ SettingsTree::Outcome SettingsTree::open()
 {
     if (isNoDatabase(FilePath))
         return Outcome::Damaged;
-    if (!makeFolder(QFileInfo(FilePath).absolutePath()))
+    if (!RegularFile::makeFolder(QFileInfo(FilePath).absolutePath()))
         return Outcome::Unavailable;
     auto opened = std::make_unique<Connection>();
     const int result = opened->open(FilePath, this);

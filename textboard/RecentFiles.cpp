@@ -8,6 +8,16 @@
 
 #include <algorithm>
 
+const char *MimeTypeOf(const QString &path)
+{
+    const QString ending = EndingOf(path);
+    return ending == "ZUF"   ? "application/x-zendova-text"
+           : ending == "ZCM" ? "application/x-zendova-map"
+           : ending == "TXT" ? "text/plain"
+           : ending == "RTF" ? "application/rtf"
+                             : "application/octet-stream";
+}
+
 RecentFiles::RecentFiles(QStringView key, int rows) : Key(key), Rows(static_cast<std::size_t>(rows))
 {
 }

@@ -11,6 +11,10 @@ struct RecentFile
     QString Name;
 };
 
+/// The MIME type that the ending of a file's name stands for, as the desktop is told of the
+/// program's kinds of files.
+const char *MimeTypeOf(const QString &path);
+
 class RecentFiles
 {
 public:

@@ -1,6 +1,6 @@
 // The two lists of recent files as the user sees them: items of the File menu and the drop-down of
 // a toolbar button. One mechanism; a row of differences a list. The tables behind them are
-// RecentFiles.
+// RecentFiles. The desktop's list gets the same files.
 #include "core/Zendova.h"
 
 #include "core/CheckDFFFunctions.h"
@@ -48,9 +48,13 @@ constexpr Zendova::RecentList MapList = {
     .Load = [](Zendova &z, const RecentFile &row) { z.LoadCustomMap(row.Folder + row.Name); }};
 
 /// "&3 name". What a menu would take for an access key or a column of its own is only a part of
-/// the name.
-QString caption(int number, QString name)
+/// the name. A name that would make the menu as wide as the screen loses its middle.
+QString caption(int number, QString name, const QFontMetrics &metrics)
 {
+    constexpr qsizetype Short = 60; // characters: not to be measured
+    constexpr int MostPixels = 480;
+    if (name.size() > Short)
+        name = metrics.elidedText(name, Qt::ElideMiddle, MostPixels);
     std::ranges::replace_if(
         name, [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(' '));
     return QString("&%1 ").arg(number) + name.replace('&', "&&");
@@ -71,7 +75,7 @@ void Zendova::ShowRecentList(const RecentList &list)
         if (row.Folder.isEmpty())
             break;
         QAction *item = RecentItem(list, ++index);
-        item->setText(caption(index, row.Name));
+        item->setText(caption(index, row.Name, menuBar()->fontMetrics()));
         item->setVisible(true);
     }
     menuBar()->findChild<QAction *>(list.Separator)->setVisible(RecentItem(list, 1)->isVisible());
@@ -95,6 +99,7 @@ void Zendova::WriteMRULists()
 
 void Zendova::AddToRecentList(const RecentList &list, const QString &path)
 {
+    Documents.add(path, MimeTypeOf(path));
     // The settings file keeps texts: read back, such a name would lead to no file.
     if (!FileName::isText(path))
         return;

@@ -97,17 +97,25 @@ private slots:
             QCOMPARE(dialog.Button1->pos() * 15, QPoint(4140, 1950));
             QVERIFY(!dialog.Button2->isVisible());
         });
-        // Whatever is told, nothing moves or is taken for markup.
+        // Whatever is told, nothing moves, is lost or is taken for markup. Where blank lines give
+        // way, nothing has to be scrolled.
         for (const QString &text : {QString("One more line\r").repeated(60), QString(2000, 'W'),
-                                    QString("\r\r<b>no markup</b> & no entity")}) {
+                                    QString("\r\r<b>no markup</b> & no entity"),
+                                    "\r\r\r\r" + QString(250, 'W') + "\rdoes not exist."}) {
             const auto use = [text](Message &dialog) {
                 QCOMPARE(dialog.MessageArea->textFormat(), Qt::PlainText);
-                // Long words have invisible places to break a line.
-                QCOMPARE(dialog.MessageArea->text().remove(QChar(0x200B)),
-                         QString(text).replace('\r', '\n'));
-                QCOMPARE(dialog.MessageArea->text().contains(QChar(0x200B)), text.contains("WW"));
+                // Long words and folders have invisible places to break a line.
+                const bool breaks = text.contains("WW") || text.contains('/');
+                QCOMPARE(dialog.MessageArea->text().contains(QChar(0x200B)), breaks);
+                QString shown = dialog.MessageArea->text();
+                shown.remove(QChar(0x200B)).remove(QChar(0x200E));
+                QCOMPARE(shown.simplified(), text.simplified());
                 QCOMPARE(dialog.size() * 15, QSize(5475, 2310));
-                QCOMPARE(dialog.MessageArea->size() * 15, QSize(5445, 1845));
+                QCOMPARE(dialog.MessageArea->height() * 15 > 1845, !text.startsWith('\r'));
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_End);
+                const QRect seen = dialog.MessageArea->visibleRegion().boundingRect();
+                QVERIFY(seen.height() > 100 && seen.height() * 15 <= 1845);
+                QCOMPARE(seen.bottom(), dialog.MessageArea->rect().bottom());
                 QCOMPARE(dialog.Button1->text() + dialog.Button2->text(), QString("YesNo"));
                 QCOMPARE(dialog.Button1->pos() * 15, QPoint(2790, 1950));
                 QCOMPARE(dialog.Button2->pos() * 15, QPoint(4140, 1950));

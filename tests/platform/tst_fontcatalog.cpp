@@ -143,6 +143,11 @@ private slots:
         QCOMPARE(shown(fontOf("Zt Gaps"), u'\u009D'), (GlyphPicture{.code = 0x9D, .font = 2}));
         // The program's own text does, from a font that has them.
         QCOMPARE(shown(QFont("sans-serif"), u'Ж'), (GlyphPicture{.code = 0x16, .font = 21}));
+        // There is one for each script, an upright regular one if any: see main.
+        for (const auto &[script, family] : {std::pair(QFontDatabase::Hebrew, "Zt Test 24"),
+                                             {QFontDatabase::Thai, "Zt Twin"},
+                                             {QFontDatabase::Georgian, "Zt Italic Only"}})
+            QCOMPARE(QFontDatabase::families(script), QStringList(family));
         // A font of signs has them by the plain codes and by its own.
         for (const char16_t character : {u'\u20AC', u'\uF080'})
             QCOMPARE(shown(fontOf("Zt Symbol"), character), (GlyphPicture{.code = 128, .font = 3}));
@@ -175,6 +180,18 @@ int main(int argc, char *argv[])
                   .replace("STARTPROPERTIES 7", "STARTPROPERTIES 8\nPIXEL_SIZE 0"));
 
     const TestFonts testFonts(folder.path());
+    const QString configuration = qEnvironmentVariable("FONTCONFIG_FILE");
+    QByteArray rules;
+    for (const auto &[family, language] : {std::pair("Zt Bold Only", "th"),
+                                           {"Zt Test 24", "he"},
+                                           {"Zt Gaps", "he"},
+                                           {"Zt Twin", "th"},
+                                           {"Zt Italic Only", "ka"}})
+        rules += "<match target='scan'><test name='family'><string>" + QByteArray(family) +
+                 "</string></test><edit name='lang'><langset><string>" + language +
+                 "</string></langset></edit></match>";
+    writeFile(configuration,
+              contentOf(configuration).replace("</fontconfig>", rules + "</fontconfig>"));
     FontCatalog catalog;
     QGuiApplication application(argc, argv);
     TestFontCatalog test;

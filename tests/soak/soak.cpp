@@ -343,7 +343,8 @@ private:
 int main(int argc, char *argv[])
 {
     const QTemporaryDir folder;
-    for (const char *name : {"HOME", "XDG_CONFIG_HOME"}) // file dialogs begin and prints go there
+    for (const char *name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) // file dialogs begin and prints go there
         qputenv(name, folder.path().toUtf8());
     const TestFonts fonts;
     FontCatalog catalog;

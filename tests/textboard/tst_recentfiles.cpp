@@ -69,6 +69,9 @@ private slots:
         QCOMPARE(useDropDown(), (QStringList{"a.txt", "R&&D x.zuf", ""}));
         QCOMPARE(menuItem(window, "CFMRU1")->text(), QString("&1 map.zcm"));
         QVERIFY(isShown("FileSep3") && isShown("CFMRU1") && isShown("FileSep2"));
+        startWith({"/f/" + QString(250, 'W') + "end.txt"});
+        QVERIFY(fileMenu().value(0).endsWith("Wend.txt"));
+        QVERIFY(window->findChild<QMenu *>("FileTF")->sizeHint().width() < 640);
         startWith(QString("/1 /2 /3 /4 /5 /6 /7 /8 /9").split(' '));
         QCOMPARE(fileMenu().size(), 9);
         QCOMPARE(useDropDown(), QStringList());
@@ -92,6 +95,10 @@ private slots:
         QCOMPARE(desktop->setting("MRU", "1"), desktop->Folder.filePath("sub/a.txt"));
         QCOMPARE(desktop->setting("MRU", "3"), QString(""));
         QCOMPARE(desktop->setting("Last", "LFLoadPath"), desktop->Folder.filePath("sub"));
+        // The desktop's list has what was loaded, and not what was refused.
+        desktop->Window.reset();
+        const QByteArray list = contentOf(desktop->Folder.filePath("data/recently-used.xbel"));
+        QVERIFY(list.contains("/sub/a.txt") && list.contains("/b.txt") && !list.contains("c.zuf"));
     }
 
     void clickLoads()
