@@ -61,7 +61,8 @@ private:
         for (const char *name :
              {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
             environment.remove(name);
-        environment.insert("XDG_CONFIG_HOME", Folder.path());
+        for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            environment.insert(name, Folder.path());
         for (auto each = variables.begin(); each != variables.end(); ++each)
             environment.insert(each.key(), each.value());
         Program = std::make_unique<QProcess>();
