@@ -30,7 +30,6 @@ SplitBar::SplitBar(const TwipScale &scale, QWidget *parent, Qt::Orientation move
     setFrameStyle((isVertical() ? QFrame::HLine : QFrame::VLine) | QFrame::Raised);
     setCursor(isVertical() ? Qt::SplitVCursor : Qt::SplitHCursor);
     installAccessibility();
-    setAccessibleRole(Grip, QAccessible::Grip);
     Grip->setObjectName("SplitGrip");
     Grip->setCursor(cursor());
     Grip->installEventFilter(this);
@@ -58,8 +57,6 @@ void SplitBar::placeGrip()
     Grip->setVisible(!isHidden());
     Grip->setEnabled(isEnabled());
     Grip->setToolTip(toolTip());
-    if (Grip->accessibleName() != accessibleName()) // each word of it goes to assistive tools
-        Grip->setAccessibleName(accessibleName());
     Grip->raise();
 }
 

@@ -11,7 +11,7 @@
 #include <optional>
 
 /// An invisible grip lies over the bar, wider than it and in the same parent, for a bar of two
-/// pixels is hard to hit. It goes with the bar: place, visibility, tooltip, accessible name. While
+/// pixels is hard to hit. It goes with the bar: place, visibility, tooltip. While
 /// the bar has the focus, which no Tab gives it, the arrow keys and Page Up and Down pull it, and
 /// Home and End take it as far as it goes.
 class SplitBar : public QFrame, public SpokenBar

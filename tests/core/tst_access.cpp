@@ -122,7 +122,10 @@ private:
         shown->setAttribute(Qt::WA_KeyboardFocusChange); // as once a key has moved the focus
         const auto *tabs = shown->findChild<QTabWidget *>();
         const int pages = tabs && shown->inherits("FormDialog") ? tabs->count() : 1;
+        const int first = pages > 1 ? tabs->currentIndex() : 0;
         for (int page = 0; page < pages; ++page) {
+            if (pages > 1 && tabs->currentIndex() != (first + page) % pages)
+                Faults += shown->windowTitle() + ": Ctrl+Tab turns no page";
             QStringList faults;
             QSet<QString> focusable;
             Controls += seen(QAccessible::queryAccessibleInterface(shown), focusable, faults);
