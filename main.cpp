@@ -9,6 +9,7 @@
 #include "platform/SysInfo.h"
 #include "platform/UserCodePage.h"
 #include "platform/controls/AltCode.h"
+#include "platform/controls/DesktopKeys.h"
 #include "platform/controls/Icons.h"
 #include "platform/controls/Look.h"
 
@@ -129,6 +130,8 @@ int main(int argc, char *argv[])
     QApplication::setStyle(new Look);
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
+    DesktopKeys desktopKeys;
+    application.installEventFilter(&desktopKeys);
     // All that stands behind the program's name is one path, blanks and all.
     return run(application, CommandLine::Path(argc, argv));
 }

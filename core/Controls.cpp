@@ -12,6 +12,7 @@
 #include "platform/SysInfo.h"
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
+#include "platform/controls/DesktopKeys.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
@@ -192,6 +193,7 @@ void Zendova::ConnectPanels()
     connect(SplitBar, &::SplitBar::Dragged, this, &Zendova::MoveSplit);
     connect(SplitBar, &::SplitBar::Released, this, &Zendova::SplitBar_MouseUp);
     connect(SplitBar, &::SplitBar::DoubleClicked, this, &Zendova::SplitBar_DblClick);
+    new BarRing(this, {SplitBar, CoolBarCM, CoolBarTB, FMapContainer->clbFontMap});
     connect(FindFrame, &FindBar::RoomWanted, this, &Zendova::GiveFindRoom);
     connect(FindFrame, &FindBar::Closed, this,
             [this] { TextEditTB->button("Find")->setChecked(false); });

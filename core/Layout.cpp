@@ -175,7 +175,8 @@ void Zendova::SplitBar_MouseUp()
 {
     UpdateMapCommands(2);
     KeepInView();
-    TextBoard->setFocus();
+    if (!SplitBar->hasFocus()) // whose keys pull it on
+        TextBoard->setFocus();
 }
 
 void Zendova::SplitBar_DblClick()

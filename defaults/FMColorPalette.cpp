@@ -49,13 +49,16 @@ constexpr ControlRow Rows[] = {
 
 constexpr const char *ResetTitle = "Reset Custom Color Blocks";
 
-std::vector<ColorBlocks::Block> blocksFor(const ColorPalette &palette)
+std::vector<ColorBlocks::Block> blocksFor(const ColorPalette &colors, int palette)
 {
     std::vector<ColorBlocks::Block> blocks;
-    for (const PaletteColor &entry : palette)
-        blocks.push_back({.Place = PaletteBlockPlace(static_cast<int>(blocks.size()) + 1),
-                          .Color = entry.Color,
-                          .Label = entry.Label});
+    for (const PaletteColor &entry : colors)
+        blocks.push_back(
+            {.Place = PaletteBlockPlace(static_cast<int>(blocks.size()) + 1),
+             .Color = entry.Color,
+             .Label = entry.Label,
+             // The labels of the custom ones change.
+             .Spoken = palette == CustomPalette ? QString() : PaletteColorName(palette, entry)});
     return blocks;
 }
 
@@ -164,9 +167,10 @@ ColorBlocks *FMColorPalette::makeBlocks(const char *name, int palette)
     const auto move = [count = static_cast<int>(colors.size())](int n, int key) {
         return MoveInPalette(n, key, count);
     };
-    auto *blocks =
-        new ColorBlocks(blocksFor(colors), Form.scale(), move, SSTabColor->widget(palette));
+    auto *blocks = new ColorBlocks(blocksFor(colors, palette), PaletteColumns, Form.scale(), move,
+                                   SSTabColor->widget(palette));
     Form.Adopt(blocks, name);
+    blocks->setAccessibleName(PaletteName(palette) + " colors");
     blocks->setMarkSize(630, 450);
     blocks->setAutoFillBackground(true);
     connect(blocks, &ColorBlocks::Moved, this, [this, palette] {
@@ -262,7 +266,6 @@ PaletteColor &FMColorPalette::chosenCustomColor()
 void FMColorPalette::showChoice(int palette)
 {
     const QString name = PaletteColorName(palette, chosenColor(palette));
-    blocksOf(palette)->setAccessibleName(PaletteName(palette) + " colors, " + name);
     if (palette == SystemPalette)
         showText(SCLabel, name);
     else if (palette == CustomPalette)

@@ -76,6 +76,8 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    /// Ctrl+Tab turns the pages wherever the focus is.
+    void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -12,11 +12,13 @@
 #include "platform/controls/ElidedLabel.h"
 #include "textboard/TextBoard.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <algorithm>
 
 void Options::showSamples()
@@ -130,6 +132,15 @@ bool Options::event(QEvent *event)
     if (event->type() == QEvent::PaletteChange && cmdOK)
         showSamples();
     return FormDialog::event(event);
+}
+
+void Options::keyPressEvent(QKeyEvent *event)
+{
+    const bool turns = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (turns && event->modifiers() & Qt::ControlModifier)
+        QCoreApplication::sendEvent(SSTabOption, event);
+    else
+        FormDialog::keyPressEvent(event);
 }
 
 bool Options::eventFilter(QObject *watched, QEvent *event)

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int Columns = 8;
-
 /// 0xRRGGBB, row by row. Two neighbours of the fourth row are equal.
 constexpr std::array<int, 48> Presets{
     0xFFFFFF, 0xFFC0C0, 0xFFE0C0, 0xFFFFC0, 0xC0FFC0, 0xC0FFFF, 0xC0C0FF, 0xFFC0FF, //
@@ -130,13 +128,13 @@ QString PaletteColorName(int palette, const PaletteColor &color)
 
 TwipRect PaletteBlockPlace(int n)
 {
-    return {.Left = 255.0 + 615 * ((n - 1) % Columns),
-            .Top = 255.0 + 435 * ((n - 1) / Columns),
+    return {.Left = 255.0 + 615 * ((n - 1) % PaletteColumns),
+            .Top = 255.0 + 435 * ((n - 1) / PaletteColumns),
             .Width = 420,
             .Height = 240};
 }
 
 int MoveInPalette(int n, int key, int count)
 {
-    return MoveInGrid(n, key, count, Columns);
+    return MoveInGrid(n, key, count, PaletteColumns);
 }

@@ -49,6 +49,7 @@ bool AreCustomColorsChanged(const ColorPalette &custom);
 /// The name of a block's colour: its label, with "#" before a number.
 QString PaletteColorName(int palette, const PaletteColor &color);
 
+inline constexpr int PaletteColumns = 8;
 /// Place of block n within its palette, twips.
 TwipRect PaletteBlockPlace(int n);
 /// Where a key (Qt::Key) leads from block n of so many.

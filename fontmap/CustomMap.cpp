@@ -195,6 +195,7 @@ void CustomMap::cmdListToMap_Click()
     if (ListPos < 0 || !Map.listToMap(lstFontChars->code(ListPos), shift()))
         return;
     lblCFMap->setCaption(from, Map.caption(from));
+    announce(this, spoken(Map.caption(from)) + ", to the map");
     lstFontChars->removeItem(ListPos);
     if (const int count = lstFontChars->ListCount(); count > 0)
         lstFontChars->setListIndex(std::min(ListPos, count - 1));
@@ -208,6 +209,7 @@ void CustomMap::cmdMapToList_Click()
     if (!code)
         return;
     lblCFMap->setCaption(from, {});
+    announce(this, spoken(CharacterOf(*code)) + ", to the list");
     lstFontChars->insertCode(*code);
     lstFontChars->setListIndex(std::max(lstFontChars->ListIndex(), 0));
     showMove(from, Black);
@@ -235,6 +237,7 @@ void CustomMap::highlight(int from, ColorValue back)
     lblCFMap->setColors(from, Black, White);
     lblCFMap->setColors(Map.MapIndex(), White, back);
     lblCFMap->setActiveCell(Map.MapIndex());
+    tellCurrentCell(lblCFMap, Map.MapIndex());
 }
 
 /// Offers the move that the highlighted slot allows.

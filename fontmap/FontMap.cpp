@@ -7,12 +7,16 @@
 #include "platform/controls/BandBar.h"
 #include "platform/controls/CharCells.h"
 #include "platform/controls/ElidedLabel.h"
+#include "platform/controls/MoveInGrid.h"
 #include "platform/controls/Toolbar.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSlider>
+#include <algorithm>
 
 namespace {
 
@@ -92,6 +96,8 @@ void FontMap::createControls(const TwipScale &scale)
     constexpr double firstTop = 375; // below the bars
     CharButton->setPlaces(MapSize::Cells(firstTop));
     CharButton->setReading(MapColumns, [this](int cell) { return SpokenCell(cell); });
+    CharButton->setFocusPolicy(Qt::TabFocus); // a click gives the focus to where the character goes
+    CharButton->installEventFilter(this);
 
     clbFontMap = Form.Make<BandBar>("clbFontMap", scale);
     tlbCustFMap = Form.Make<Toolbar>("tlbCustFMap");
@@ -186,8 +192,10 @@ void FontMap::ShowLoadedMap(bool loaded, const QString &name)
     for (QAction *item : {FileCFMEdit, FileCFMUnld})
         item->setEnabled(loaded);
     clbFontMap->setBandVisible(NameBand, loaded);
-    if (loaded)
+    if (loaded) {
         lblCFMName->setWholeText(name);
+        announce(this, "Custom FontMap " + name + " loaded");
+    }
 }
 
 void FontMap::CharButton_MouseDown(int Index, Qt::MouseButton Button, const QPoint &At)
@@ -211,6 +219,79 @@ void FontMap::CharButton_MouseMove(int Index)
     LastCell = Index;
     CharButton->setActiveCell(Index);
 }
+
+// The keyboard
+
+bool FontMap::eventFilter(QObject *, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        goTo(LastCell);
+        return false;
+    case QEvent::FocusOut:
+        CharButton->setSelectedCell(-1);
+        return false;
+    case QEvent::KeyPress:
+        return takeKey(static_cast<QKeyEvent &>(*event));
+    case QEvent::ContextMenu: {
+        const bool byKey =
+            static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard;
+        if (byKey)
+            emit MenuWanted(CharButton->mapToGlobal(CharButton->pixels(keyCell()).center()));
+        return byKey;
+    }
+    default:
+        return false;
+    }
+}
+
+bool FontMap::takeKey(const QKeyEvent &key)
+{
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    const int cell = keyCell();
+    switch (key.key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit CharacterPicked(CharButton->Caption(cell));
+        return true;
+    case Qt::Key_Escape:
+        emit FocusFree();
+        return true;
+    default:
+        break;
+    }
+    const int typed = key.key() == Qt::Key_Delete ? -1 : cellOf(key.text());
+    const int to = typed >= 0 ? typed : MoveInGrid(cell + 1, key.key(), CellCount, MapColumns) - 1;
+    if (to == cell)
+        return false;
+    goTo(to);
+    return true;
+}
+
+/// Where the keyboard is; the first cell before it was there.
+int FontMap::keyCell() const
+{
+    return std::max(CharButton->selectedCell(), 0);
+}
+
+void FontMap::goTo(int cell)
+{
+    CharButton->setSelectedCell(cell);
+    CharButton_MouseMove(cell);
+}
+
+/// The cell that holds what was typed; -1 if none does.
+int FontMap::cellOf(const QString &typed) const
+{
+    for (int cell = 0; cell < CellCount && !typed.isEmpty(); ++cell)
+        if (CharButton->Caption(cell) == typed)
+            return cell;
+    return -1;
+}
+
+// The cells
 
 QString FontMap::SpokenCell(int Index) const
 {

@@ -87,9 +87,10 @@ public:
 signals:
     /// The drop-down of CFMapLoad opens and is to be filled.
     void RecentMapsWanted(QMenu *menu);
-    /// A cell was clicked, which holds this; a blank one the empty text.
+    /// A cell was clicked, which holds this; a blank one the empty text. If a key has picked it,
+    /// the cells have the focus and keep it.
     void CharacterPicked(const QString &character);
-    /// The mouse is over a cell.
+    /// The mouse, or the keyboard, is at a cell.
     void CellEntered(int index);
     /// The menu of the map is wanted at a point of the screen.
     void MenuWanted(const QPoint &at);
@@ -99,12 +100,15 @@ signals:
     void Resized(double width, double height);
     /// The slider has been followed.
     void SizeChanged();
-    /// The number of the size was entered or left: the focus is free.
+    /// The number of the size was entered or left, or Esc pressed on the cells: the focus is free.
     void FocusFree();
 
 protected:
     /// With Ctrl held the wheel sizes the map, where it can be sized.
     void wheelEvent(QWheelEvent *event) override;
+    /// The keys on the cells: arrows, Home, End and a cell's own character go to a cell, Space and
+    /// Enter pick its character.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     static constexpr int NameBand = 2; ///< the band of clbFontMap with the custom map's name
@@ -113,6 +117,10 @@ private:
     void connectControls();
     void sizeContainers();
     bool isHighlighted() const;
+    bool takeKey(const QKeyEvent &key);
+    int keyCell() const;
+    void goTo(int cell);
+    int cellOf(const QString &typed) const;
 
     CharCells &TextZoom;
     ControlTable Form;

@@ -6,6 +6,8 @@
 #include "fontmap/FontMap.h"
 #include "fontmap/MapSize.h"
 #include "fontmap/Views.h"
+#include "platform/controls/Accessibility.h"
+#include "platform/controls/CharCells.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/SplitBar.h"
 #include "platform/controls/Toolbar.h"
@@ -47,16 +49,19 @@ void Zendova::FMapContainer_SizeChanged()
 
 void Zendova::FMapContainer_CharacterPicked(const QString &Character)
 {
-    // A blank cell moves the focus and takes no selection away.
-    if (FindFrame->FindHasFocus()) {
+    const bool find = FindFrame->FindHasFocus();
+    if (find)
         FindFrame->FindString->setFocus();
-        if (!Character.isEmpty())
-            FindFrame->FindString->insert(Character);
+    else if (!FMapContainer->CharButton->hasFocus())
+        TextBoard->setFocus();
+    // A blank cell moves the focus and takes no selection away.
+    if (Character.isEmpty())
         return;
-    }
-    TextBoard->setFocus();
-    if (!Character.isEmpty())
+    if (find)
+        FindFrame->FindString->insert(Character);
+    else
         TextBoard->setSelText(Character);
+    announce(this, Character + " inserted");
 }
 
 void Zendova::ResetSplit(int Steps)

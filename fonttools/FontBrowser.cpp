@@ -11,6 +11,7 @@
 #include "fonttools/TakeFont.h"
 #include "platform/SysInfo.h"
 #include "platform/controls/CaptionFrame.h"
+#include "platform/controls/DesktopKeys.h"
 #include "platform/controls/SplitBar.h"
 
 #include <QKeyEvent>
@@ -111,6 +112,7 @@ void FontBrowser::createControls()
         return ::SplitBar::Limits{.First = edge, .Last = width() * Form.TwipsX() - edge};
     });
     connect(SplitBar, &::SplitBar::Dragged, this, &FontBrowser::SplitBar_MouseMove);
+    new BarRing(this, {SplitBar});
 }
 
 void FontBrowser::createSummary()

@@ -104,8 +104,9 @@ void Keyboard::createControls()
 
 void Keyboard::createPicture()
 {
-    picKeyboard = Form.Make<KeyboardPicture>("picKeyboard", "keyboard.svg", Form.scale());
-    setAccessibleRole(picKeyboard, QAccessible::Graphic);
+    picKeyboard = new KeyboardPicture("keyboard.svg", Form.scale(), this);
+    setAccessibleRole(picKeyboard, QAccessible::Graphic); // first, as it must be
+    Form.Adopt(picKeyboard, "picKeyboard");
     lblFontChar = makeCells("lblFontChar", KeyCount, [](int key) {
         return CharacterKeys.at(static_cast<std::size_t>(key)).Place;
     });

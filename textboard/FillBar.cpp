@@ -1,7 +1,7 @@
 // Texts, width and colour of the parts.
 #include "textboard/FillBar.h"
 
-#include "textboard/FillLevel.h"
+#include "platform/controls/Accessibility.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -56,6 +56,17 @@ void FillBar::ShowCount(int n)
     NoOfChars->setText(grouped(n));
     PercFilled->setText(QString::number(n * (100.0 / Limit), 'f', 0) + '%');
     UpdateProgressBar(n);
+    tellLevel(n);
+}
+
+void FillBar::tellLevel(int n)
+{
+    const FillLevel level = FillLevelOf(n, Limit);
+    if (level > Told)
+        announce(this, level == FillLevel::Full ? "The TextBoard is full."
+                                                : "The TextBoard is nearly full: room for " +
+                                                      grouped(Limit - n) + " characters.");
+    Told = level;
 }
 
 void FillBar::UpdateProgressBar(int n)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/controls/ControlTable.h"
+#include "textboard/FillLevel.h"
 
 #include <QWidget>
 
@@ -16,7 +17,8 @@ public:
     /// The limit is the number of characters of a full board.
     FillBar(const TwipScale &scale, int limit, QWidget *parent);
 
-    /// Shows n characters: count, percentage and bar.
+    /// Shows n characters: count, percentage and bar. Assistive tools are told when the board
+    /// becomes nearly full, and when it becomes full.
     void ShowCount(int n);
     /// The bar alone.
     void UpdateProgressBar(int n);
@@ -32,6 +34,9 @@ public:
 
 private:
     ControlTable Form;
+    void tellLevel(int n);
+
     int Limit;
+    FillLevel Told = FillLevel::Roomy;
     double ProgressWidth; ///< twips, of the bar when full
 };

@@ -3,6 +3,7 @@
 
 #include "core/GlobalDeclarations.h"
 #include "core/Message.h"
+#include "platform/controls/Accessibility.h"
 #include "textboard/FindBox.h"
 #include "textboard/TextBoard.h"
 #include "textboard/TextBoardRTF.h"
@@ -13,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTextBlock>
 #include <algorithm>
 
 namespace {
@@ -38,8 +40,8 @@ QString withoutBlanks(const QString &text)
     return first < last ? QString(first, last - first) : QString();
 }
 
-/// As a message shows what was looked for: in one paragraph, as in the box, and no longer than
-/// leaves room for the reason below it.
+/// As a message shows what was looked for, and as a line is read out: in one paragraph, as in the
+/// box, and no longer than leaves room for the reason below it.
 QString inMessage(const QString &text)
 {
     constexpr qsizetype most = 120; // characters
@@ -236,6 +238,10 @@ void FindBar::FindInBoard()
     } else {
         Board.setSelStart(static_cast<int>(position));
         Board.setSelLength(static_cast<int>(Buffer.SelLength()));
+        const QTextBlock line = Board.textCursor().block();
+        announce(this, QString("Found in line %1: %2")
+                           .arg(line.blockNumber() + 1)
+                           .arg(inMessage(line.text())));
     }
     if (!isHidden())
         FindNextButton->setFocus();

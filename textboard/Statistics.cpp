@@ -5,6 +5,7 @@
 #include "fontmap/FontMap.h"
 #include "fontmap/Views.h"
 #include "platform/ClipboardFormats.h"
+#include "platform/controls/CharCells.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
 #include "platform/controls/Toolbar.h"
@@ -95,7 +96,8 @@ void Zendova::SetTabOrder()
                               find.FindOpt[1],
                               find.FindNextButton,
                               find.CloseFindButton,
-                              FMapContainer->sldSetFMapSize->slider()};
+                              FMapContainer->sldSetFMapSize->slider(),
+                              FMapContainer->CharButton};
     for (std::size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);
 }

@@ -22,7 +22,7 @@ constexpr ControlRow Rows[] = {
     {"Frame1", "TBColorPicker", {15, 1530, 3135, 420}},
     {"Frame2", "TBColorPicker", {3180, 1530, 1905, 420}},
     {"Label2", "Frame1", {135, 150, 1725, 210}},
-    {"CurrentColorBlock", "Frame1", {1860, 150, 195, 195}},
+    {"CurrentColorBlock", "Frame1", {1860, 150, 195, 195}, "", "Current font color"},
     {"CurrentColorLabel", "Frame1", {2130, 150, 915, 210}},
     {"ColorLabel", "Frame2", {30, 150, 1635, 210}},
     {"Button1", "TBColorPicker", {2430, 1995, 1290, 330}},
@@ -41,7 +41,8 @@ std::vector<ColorBlocks::Block> cells()
                        .Width = 390,
                        .Height = 390},
              .Color = QBColor(index),
-             .Label = ToolTipsOn ? QBColors.at(static_cast<std::size_t>(index)).CellLabel : ""});
+             .Label = ToolTipsOn ? QBColors.at(static_cast<std::size_t>(index)).CellLabel : "",
+             .Spoken = QBColors.at(static_cast<std::size_t>(index)).CellLabel});
     return blocks;
 }
 
@@ -68,7 +69,7 @@ TBColorPicker::TBColorPicker(QWidget *parent)
 void TBColorPicker::createControls()
 {
     const auto move = [](int n, int key) { return MoveInGrid(n, key, QBColorCount, Columns); };
-    ColorContainer = new ColorBlocks(cells(), Form.scale(), move, this);
+    ColorContainer = new ColorBlocks(cells(), Columns, Form.scale(), move, this);
     Form.Adopt(ColorContainer, "ColorContainer");
     ColorContainer->setAccessibleName(windowTitle());
     ColorContainer->setMarkSize(600, 600);

@@ -9,6 +9,7 @@
 #include "core/Message.h"
 #include "core/SettingConversion.h"
 #include "platform/FileName.h"
+#include "platform/controls/Accessibility.h"
 #include "platform/controls/CmnDlg.h"
 #include "platform/controls/FontCombo.h"
 #include "platform/controls/NumberSlider.h"
@@ -265,6 +266,8 @@ void Zendova::ShowFileInTitle(bool partially)
 {
     setWindowTitle(ProductName + " :  " + FileName::inTitle(TextFile.LoadedFileTitle) +
                    (partially ? " (PARTIALLY LOADED!)" : ""));
+    announce(this, FileName::shown(TextFile.LoadedFileTitle) +
+                       (partially ? " partially loaded" : " loaded"));
 }
 
 // Saving

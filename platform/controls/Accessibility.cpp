@@ -1,12 +1,12 @@
-// The interfaces that the toolkit's bridge asks for. A cell of CharCells is no object: its
-// interface is made at the first question, kept by the toolkit, and goes with the table's.
+// The interfaces that the toolkit's bridge asks for. A cell is no object: its interface is made at
+// the first question, kept by the toolkit, and goes with the table's.
 #include "platform/controls/Accessibility.h"
 
-#include "platform/controls/CharCells.h"
-
 #include <QAccessibleWidget>
+#include <QFrame>
 #include <QHash>
 #include <QPointer>
+#include <algorithm>
 
 namespace {
 
@@ -17,9 +17,12 @@ class CellInterface final : public QAccessibleInterface,
                             public QAccessibleActionInterface
 {
 public:
-    CellInterface(CharCells *cells, int index) : Cells(cells), Index(index) {}
+    CellInterface(QWidget *widget, SpokenCells *cells, int index)
+        : Widget(widget), Cells(cells), Index(index)
+    {
+    }
 
-    bool isValid() const override { return Cells && Index < Cells->count(); }
+    bool isValid() const override { return Widget && Index < Cells->spokenCount(); }
     QObject *object() const override { return nullptr; }
     QWindow *window() const override { return table()->window(); }
     QAccessibleInterface *parent() const override { return table(); }
@@ -27,7 +30,7 @@ public:
     QAccessibleInterface *childAt(int, int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface *) const override { return -1; }
-    QAccessible::Role role() const override { return QAccessible::Cell; }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
 
     QString text(QAccessible::Text kind) const override
     {
@@ -35,9 +38,9 @@ public:
             return {};
         switch (kind) {
         case QAccessible::Name:
-            return Cells->reading(Index);
+            return Cells->spokenName(Index);
         case QAccessible::Description:
-            return Cells->toolTip(Index);
+            return Cells->spokenDescription(Index);
         default:
             return {};
         }
@@ -48,8 +51,8 @@ public:
     {
         if (!isValid())
             return {};
-        const QRect pixels = Cells->pixels(Index);
-        return QRect(Cells->mapToGlobal(pixels.topLeft()), pixels.size());
+        const QRect pixels = Cells->spokenPlace(Index);
+        return QRect(Widget->mapToGlobal(pixels.topLeft()), pixels.size());
     }
 
     QAccessible::State state() const override
@@ -58,11 +61,13 @@ public:
         state.invalid = !isValid();
         if (state.invalid)
             return state;
-        state.invisible = !Cells->isVisible();
-        state.disabled = !Cells->isEnabled();
+        state.invisible = !Widget->isVisible();
+        state.disabled = !Widget->isEnabled();
+        state.focusable = Widget->focusPolicy() != Qt::NoFocus;
         state.selectable = true;
         state.selected = isSelected();
         state.active = isSelected();
+        state.focused = isSelected() && Widget->hasFocus();
         return state;
     }
 
@@ -78,13 +83,13 @@ public:
     bool isSelected() const override { return isValid() && Cells->spokenCell() == Index; }
     QList<QAccessibleInterface *> columnHeaderCells() const override { return {}; }
     QList<QAccessibleInterface *> rowHeaderCells() const override { return {}; }
-    int columnIndex() const override { return Index % Cells->columns(); }
-    int rowIndex() const override { return Index / Cells->columns(); }
+    int columnIndex() const override { return Index % Cells->spokenColumns(); }
+    int rowIndex() const override { return Index / Cells->spokenColumns(); }
     int columnExtent() const override { return 1; }
     int rowExtent() const override { return 1; }
     QAccessibleInterface *table() const override
     {
-        return QAccessible::queryAccessibleInterface(Cells);
+        return QAccessible::queryAccessibleInterface(Widget);
     }
 
     QStringList actionNames() const override { return {pressAction()}; }
@@ -92,18 +97,24 @@ public:
     void doAction(const QString &name) override
     {
         if (name == pressAction() && isValid())
-            emit Cells->MouseDown(Index, Qt::LeftButton, rect().center());
+            Cells->pressCell(Index);
     }
 
 private:
-    QPointer<CharCells> Cells;
+    QPointer<QWidget> Widget;
+    SpokenCells *Cells; ///< the widget
     int Index;
 };
 
+/// A list in rows, as the toolkit tells its views of icons. In a table, screen readers read a whole
+/// row at each step up or down.
 class TableInterface final : public QAccessibleWidget, public QAccessibleTableInterface
 {
 public:
-    explicit TableInterface(CharCells *cells) : QAccessibleWidget(cells, QAccessible::Table) {}
+    TableInterface(QWidget *widget, SpokenCells *cells)
+        : QAccessibleWidget(widget, QAccessible::List), Cells(cells)
+    {
+    }
     ~TableInterface() override
     {
         for (const QAccessible::Id id : std::as_const(Made))
@@ -118,32 +129,29 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
 
-    int childCount() const override { return cells()->count(); }
+    int childCount() const override { return Cells->spokenCount(); }
     QAccessibleInterface *child(int index) const override
     {
         if (index < 0 || index >= childCount())
             return nullptr;
         if (const auto made = Made.constFind(index); made != Made.constEnd())
             return QAccessible::accessibleInterface(*made);
-        auto *cell = new CellInterface(cells(), index);
+        auto *cell = new CellInterface(widget(), Cells, index);
         Made.insert(index, QAccessible::registerAccessibleInterface(cell));
         return cell;
     }
     QAccessibleInterface *childAt(int x, int y) const override
     {
-        return child(cells()->cellAt(cells()->mapFromGlobal(QPoint(x, y))));
+        return child(Cells->spokenAt(widget()->mapFromGlobal(QPoint(x, y))));
     }
     int indexOfChild(const QAccessibleInterface *child) const override
     {
         return Made.key(QAccessible::uniqueId(const_cast<QAccessibleInterface *>(child)), -1);
     }
-    QAccessibleInterface *focusChild() const override { return child(cells()->spokenCell()); }
+    QAccessibleInterface *focusChild() const override { return child(Cells->spokenCell()); }
 
-    int columnCount() const override { return cells()->columns(); }
-    int rowCount() const override
-    {
-        return (cells()->count() + cells()->columns() - 1) / cells()->columns();
-    }
+    int columnCount() const override { return Cells->spokenColumns(); }
+    int rowCount() const override { return (childCount() + columnCount() - 1) / columnCount(); }
     QAccessibleInterface *cellAt(int row, int column) const override
     {
         const bool inside = row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
@@ -153,7 +161,6 @@ public:
     QAccessibleInterface *summary() const override { return nullptr; }
     QString columnDescription(int) const override { return {}; }
     QString rowDescription(int) const override { return {}; }
-    // Where no cell can be selected, it is the one that the mouse is over.
     int selectedCellCount() const override { return static_cast<int>(selectedCells().size()); }
     QList<QAccessibleInterface *> selectedCells() const override
     {
@@ -173,7 +180,7 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent *) override {}
 
 private:
-    CharCells *cells() const { return static_cast<CharCells *>(object()); }
+    SpokenCells *Cells; ///< the widget
 
     mutable QHash<int, QAccessible::Id> Made;
 };
@@ -182,27 +189,106 @@ private:
 class SignInterface final : public QAccessibleWidget
 {
 public:
-    explicit SignInterface(CharCells *cells) : QAccessibleWidget(cells, QAccessible::StaticText) {}
+    SignInterface(QWidget *widget, SpokenCells *cells)
+        : QAccessibleWidget(widget, QAccessible::StaticText), Cells(cells)
+    {
+    }
 
     QString text(QAccessible::Text kind) const override
     {
-        if (kind == QAccessible::Description)
-            return static_cast<CharCells *>(object())->reading(0);
-        return QAccessibleWidget::text(kind);
+        return kind == QAccessible::Description ? Cells->spokenName(0)
+                                                : QAccessibleWidget::text(kind);
+    }
+
+private:
+    SpokenCells *Cells; ///< the widget
+};
+
+class BarInterface final : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    BarInterface(QWidget *widget, SpokenBar *bar)
+        : QAccessibleWidget(widget, QAccessible::Splitter), Bar(bar)
+    {
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface *>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focusable = true; // by a key of the window's, not by Tab
+        return state;
+    }
+    QVariant currentValue() const override { return Bar->spokenRange().Now; }
+    void setCurrentValue(const QVariant &value) override { Bar->pullTo(value.toInt()); }
+    QVariant maximumValue() const override { return Bar->spokenRange().Most; }
+    QVariant minimumValue() const override { return Bar->spokenRange().Least; }
+    QVariant minimumStepSize() const override { return 1; }
+
+private:
+    SpokenBar *Bar; ///< the widget
+};
+
+/// The last news of a window. A tool is told that it shows, and asks for its name.
+class News : public QObject
+{
+public:
+    using QObject::QObject;
+
+    QString Text;
+};
+
+class NewsInterface final : public QAccessibleObject
+{
+public:
+    explicit NewsInterface(News *news) : QAccessibleObject(news) {}
+
+    QAccessibleInterface *parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(object()->parent());
+    }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QAccessible::Role role() const override { return QAccessible::Notification; }
+    QAccessible::State state() const override { return {}; }
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name ? static_cast<News *>(object())->Text : QString();
     }
 };
 
+/// Lines and frames that hold something. The toolkit tells all as borders, which some tools take
+/// for windows.
+QAccessible::Role roleOf(const QFrame &frame)
+{
+    const bool isLine = frame.frameShape() == QFrame::HLine || frame.frameShape() == QFrame::VLine;
+    return isLine ? QAccessible::Separator : QAccessible::Grouping;
+}
+
 QAccessibleInterface *make(const QString &, QObject *object)
 {
-    if (auto *cells = qobject_cast<CharCells *>(object)) {
-        if (cells->count() == 1)
-            return new SignInterface(cells);
-        return new TableInterface(cells);
+    if (auto *news = dynamic_cast<News *>(object))
+        return new NewsInterface(news);
+    if (!object->isWidgetType())
+        return nullptr;
+    auto *widget = static_cast<QWidget *>(object);
+    if (auto *cells = dynamic_cast<SpokenCells *>(object)) {
+        if (cells->spokenCount() == 1)
+            return new SignInterface(widget, cells);
+        return new TableInterface(widget, cells);
     }
-    const QVariant role = object->property(RoleProperty);
-    if (role.isValid() && object->isWidgetType())
-        return new QAccessibleWidget(static_cast<QWidget *>(object),
-                                     static_cast<QAccessible::Role>(role.toInt()));
+    if (auto *bar = dynamic_cast<SpokenBar *>(object))
+        return new BarInterface(widget, bar);
+    if (const QVariant role = object->property(RoleProperty); role.isValid())
+        return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
+    if (object->metaObject() == &QFrame::staticMetaObject)
+        return new QAccessibleWidget(widget, roleOf(static_cast<QFrame &>(*widget)));
     return nullptr;
 }
 
@@ -212,6 +298,38 @@ void setAccessibleRole(QWidget *control, QAccessible::Role role)
 {
     installAccessibility();
     control->setProperty(RoleProperty, static_cast<int>(role));
+}
+
+void tellCurrentCell(QWidget *cells, int index)
+{
+    if (index < 0 || !cells->hasFocus())
+        return;
+    QAccessibleEvent focus(cells, QAccessible::Focus);
+    focus.setChild(index);
+    QAccessible::updateAccessibility(&focus);
+}
+
+void tellPlace(QWidget *bar)
+{
+    QAccessibleValueChangeEvent moved(bar, dynamic_cast<SpokenBar &>(*bar).spokenRange().Now);
+    QAccessible::updateAccessibility(&moved);
+}
+
+void announce(const QWidget *from, const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    QWidget *window = from->window();
+    const auto &children = window->children();
+    const auto there = std::ranges::find_if(
+        children, [](const QObject *child) { return dynamic_cast<const News *>(child); });
+    auto *news = there == children.end() ? new News(window) : static_cast<News *>(*there);
+    news->Text = text;
+    // The name is one that tools may have kept from the last time.
+    for (const auto event : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
+        QAccessibleEvent shown(news, event);
+        QAccessible::updateAccessibility(&shown);
+    }
 }
 
 void installAccessibility()

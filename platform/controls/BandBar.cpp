@@ -138,9 +138,13 @@ void BandBar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const QColor dot = palette().color(QPalette::Mid);
+    const Band *chosen = Chosen >= 0 ? &Bands[static_cast<std::size_t>(Chosen)] : nullptr;
     for (const Band &band : Bands) {
         if (!band.Visible)
             continue;
+        if (&band == chosen)
+            painter.fillRect(band.Left, 0, GripWidth, height(),
+                             palette().color(QPalette::Highlight));
         for (int y = 6; y < height() - 6; y += 3)
             for (int x = 2; x <= 4; x += 2)
                 painter.fillRect(band.Left + x, y, 1, 1, dot);
@@ -159,8 +163,7 @@ int BandBar::gripAt(const QPoint &point) const
 {
     for (int index = 1; index < bandCount(); ++index) {
         const Band &band = Bands[static_cast<std::size_t>(index)];
-        if (band.Visible && visibleBefore(index) >= 0 && point.x() >= band.Left &&
-            point.x() < band.Left + GripWidth)
+        if (canBePulled(index) && point.x() >= band.Left && point.x() < band.Left + GripWidth)
             return index;
     }
     return -1;
@@ -179,16 +182,21 @@ void BandBar::mouseMoveEvent(QMouseEvent *event)
         setCursor(gripAt(point) >= 0 ? Qt::SizeHorCursor : Qt::ArrowCursor);
         return;
     }
-    // The band before the grip takes or gives the way. To the right it pushes those behind along
-    // and takes what their contents leave, to the left it stops at its own content.
-    const int before = visibleBefore(Dragged);
+    pull(Dragged, point.x());
+}
+
+/// The band before the grip takes or gives the way. To the right it pushes those behind along and
+/// takes what their contents leave, to the left it stops at its own content.
+void BandBar::pull(int index, int target)
+{
+    const int before = visibleBefore(index);
     const Band &widened = Bands[static_cast<std::size_t>(before)];
     const int least = widened.Left + leastWidth(widened);
     int most = width();
-    for (int index = Dragged; index < bandCount(); ++index)
-        if (isBandVisible(index))
-            most -= leastWidth(Bands[static_cast<std::size_t>(index)]);
-    const int target = std::clamp(point.x(), least, std::max(most, least));
+    for (int band = index; band < bandCount(); ++band)
+        if (isBandVisible(band))
+            most -= leastWidth(Bands[static_cast<std::size_t>(band)]);
+    target = std::clamp(target, least, std::max(most, least));
     setBandWidth(before, (target - widened.Left) * Scale.X);
 }
 
@@ -196,6 +204,58 @@ void BandBar::mouseReleaseEvent(QMouseEvent *)
 {
     if (std::exchange(Dragged, -1) >= 0)
         keepArrangement();
+}
+
+void BandBar::keyPressEvent(QKeyEvent *event)
+{
+    constexpr int step = 8; // pixels
+    const auto pullTo = [this](int target) {
+        pull(Chosen, target);
+        keepArrangement();
+    };
+    const int key = event->key();
+    if (Chosen < 0)
+        return QWidget::keyPressEvent(event);
+    const int now = Bands[static_cast<std::size_t>(Chosen)].Left;
+    switch (key) {
+    case Qt::Key_Up:
+        return chooseGrip(Chosen, -1);
+    case Qt::Key_Down:
+        return chooseGrip(Chosen, 1);
+    case Qt::Key_Left:
+        return pullTo(now - step);
+    case Qt::Key_Right:
+        return pullTo(now + step);
+    case Qt::Key_Home:
+        return pullTo(0);
+    case Qt::Key_End:
+        return pullTo(width());
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void BandBar::chooseGrip(int from, int direction)
+{
+    for (int index = from + direction; index >= 0 && index < bandCount(); index += direction) {
+        if (!canBePulled(index))
+            continue;
+        Chosen = index;
+        update();
+        announce(this, "Left edge of " + band(index)->accessibleName());
+        return;
+    }
+}
+
+void BandBar::focusInEvent(QFocusEvent *)
+{
+    chooseGrip(-1, 1);
+}
+
+void BandBar::focusOutEvent(QFocusEvent *)
+{
+    Chosen = -1;
+    update();
 }
 
 bool BandBar::event(QEvent *event)

@@ -2,7 +2,8 @@
 // takes what is left of the bar, whatever its own width. No band is narrower than its content:
 // where the widths do not fit, bands give way from the last but one on, and get their widths back
 // with the room. In a bar too narrow even for the contents every band keeps at least its grip in
-// view.
+// view. While the bar has the focus, which no Tab gives it, Up and Down choose a grip, and Left and
+// Right pull it, Home and End as far as it goes.
 #pragma once
 
 #include "platform/Twips.h"
@@ -49,6 +50,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     bool event(QEvent *event) override;
 
 private:
@@ -65,6 +69,12 @@ private:
     int leastWidth(const Band &band) const;
     void arrange();
     void keepArrangement();
+    /// Pulls the grip of a band, which gripAt could give, to a pixel of the bar.
+    void pull(int index, int target);
+    bool canBePulled(int index) const { return isBandVisible(index) && visibleBefore(index) >= 0; }
+    /// Chooses the next grip that can be pulled in this direction, 1 or -1, as long as there is
+    /// one.
+    void chooseGrip(int from, int direction);
     /// The visible band whose grip is under a point, if it can be dragged (not the first); else -1.
     int gripAt(const QPoint &point) const;
     int visibleBefore(int index) const;
@@ -72,4 +82,5 @@ private:
     std::vector<Band> Bands;
     TwipScale Scale;
     int Dragged = -1;
+    int Chosen = -1; ///< the band whose grip the keys pull, while the bar has the focus
 };

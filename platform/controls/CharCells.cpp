@@ -1,10 +1,8 @@
 // Painting and hit-testing of the cells.
 #include "platform/controls/CharCells.h"
 
-#include "platform/controls/Accessibility.h"
 #include "platform/controls/DevicePixels.h"
 
-#include <QAccessible>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -29,7 +27,7 @@ void CharCells::setCaption(int index, const QString &caption)
         return;
     cell.Caption = caption;
     update(reached(cell));
-    announce(index, count() == 1 ? QAccessible::DescriptionChanged : QAccessible::NameChanged);
+    tellNewCaption(index);
 }
 
 void CharCells::setColors(int index, ColorValue fore, ColorValue back)
@@ -78,12 +76,7 @@ void CharCells::setSelectedCell(int index)
     for (const int changed : {before, index})
         if (changed >= 0)
             update(reached(at(changed)));
-    if (before >= 0)
-        announce(before, QAccessible::SelectionRemove);
-    if (index >= 0) {
-        announce(index, QAccessible::SelectionAdd);
-        announce(index, QAccessible::ActiveDescendantChanged);
-    }
+    tellCurrentCell(this, index);
 }
 
 void CharCells::setPlaces(const std::vector<TwipRect> &places)
@@ -125,20 +118,29 @@ void CharCells::setReading(int columns, std::function<QString(int)> textOf)
     TextOf = std::move(textOf);
 }
 
-void CharCells::setActiveCell(int index)
-{
-    if (std::exchange(Active, index) != index)
-        announce(index, QAccessible::ActiveDescendantChanged);
-}
-
-void CharCells::announce(int index, int event)
+/// No news: a tool that has kept the old one asks anew when it needs it.
+void CharCells::tellNewCaption(int index)
 {
     if (!QAccessible::isActive())
         return;
-    QAccessibleEvent change(this, static_cast<QAccessible::Event>(event));
+    QAccessibleEvent change(this, count() == 1 ? QAccessible::DescriptionChanged
+                                               : QAccessible::NameChanged);
     if (count() > 1)
         change.setChild(index);
     QAccessible::updateAccessibility(&change);
+}
+
+void CharCells::pressCell(int index)
+{
+    emit MouseDown(index, Qt::LeftButton, mapToGlobal(pixels(index).center()));
+}
+
+void CharCells::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    // Behind the toolkit's own word that this widget has the focus.
+    QMetaObject::invokeMethod(
+        this, [this] { tellCurrentCell(this, spokenCell()); }, Qt::QueuedConnection);
 }
 
 QSize CharCells::sizeHint() const

@@ -4,6 +4,7 @@
 
 #include "platform/ColorValue.h"
 #include "platform/Twips.h"
+#include "platform/controls/Accessibility.h"
 #include "platform/controls/CellGlyphs.h"
 
 #include <QString>
@@ -13,7 +14,7 @@
 
 class DevicePixels;
 
-class CharCells : public QWidget
+class CharCells : public QWidget, public SpokenCells
 {
     Q_OBJECT
 
@@ -71,10 +72,17 @@ public:
     int columns() const { return Columns; }
     QString reading(int index) const { return TextOf ? TextOf(index) : Caption(index); }
     /// The cell that the program is telling of just now; -1 for none. Nothing is painted.
-    void setActiveCell(int index);
+    void setActiveCell(int index) { Active = index; }
     int activeCell() const { return Active; }
-    /// The cell that assistive tools are told is selected: the selected one, else the active one.
-    int spokenCell() const { return Selected >= 0 ? Selected : Active; }
+    /// The selected cell, else the active one.
+    int spokenCell() const override { return Selected >= 0 ? Selected : Active; }
+    int spokenCount() const override { return count(); }
+    int spokenColumns() const override { return Columns; }
+    QString spokenName(int index) const override { return reading(index); }
+    QString spokenDescription(int index) const override { return toolTip(index); }
+    QRect spokenPlace(int index) const override { return pixels(index); }
+    int spokenAt(const QPoint &point) const override { return cellAt(point); }
+    void pressCell(int index) override;
 
     QSize sizeHint() const override;
 
@@ -88,6 +96,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     bool event(QEvent *event) override;
 
 private:
@@ -106,7 +115,7 @@ private:
     /// The pixels that a cell's character can touch.
     QRect reached(const Cell &cell) const;
     void paintCell(QPainter &painter, const DevicePixels &device, const Cell &cell, bool selected);
-    void announce(int index, int event);
+    void tellNewCaption(int index);
 
     std::vector<Cell> Cells;
     TwipScale Scale;

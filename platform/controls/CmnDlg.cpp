@@ -2,6 +2,7 @@
 // below. And the doors to the desktop's colour dialog and to the help window.
 #include "platform/controls/CmnDlg.h"
 
+#include "platform/controls/Accessibility.h"
 #include "platform/controls/HelpViewer.h"
 #include "platform/controls/NumberSlider.h"
 
@@ -104,6 +105,7 @@ void FontDialog::createControls(const ChosenFont &choice)
     Name = new QLineEdit(choice.Name);
     Names = new QListView;
     Found = new FoundFonts(Offer.Fonts, this);
+    Names->setAccessibleName("Fonts");
     Names->setModel(Found);
     Names->setUniformItemSizes(true);
     Names->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -182,6 +184,8 @@ void FontDialog::search(const QString &text)
     else
         Names->setCurrentIndex(Found->best(text));
     showSample(); // also where no font is left, of which the list tells nothing
+    if (!Ok->isEnabled())
+        announce(this, Sample->text());
 }
 
 void FontDialog::showSample()

@@ -1,7 +1,6 @@
 // Painting of the blocks and the mark, and the way from keys and clicks to a choice.
 #include "platform/controls/ColorBlocks.h"
 
-#include "platform/controls/Accessibility.h"
 #include "platform/controls/DevicePixels.h"
 #include "platform/controls/PlainToolTip.h"
 #include "platform/controls/Tones.h"
@@ -20,18 +19,23 @@ constexpr float FrameTone = 0.45F;
 
 } // namespace
 
-ColorBlocks::ColorBlocks(std::vector<Block> blocks, const TwipScale &scale, KeyRule rule,
-                         QWidget *parent)
-    : QWidget(parent), Blocks(std::move(blocks)), Scale(scale), Rule(std::move(rule))
+ColorBlocks::ColorBlocks(std::vector<Block> blocks, int columns, const TwipScale &scale,
+                         KeyRule rule, QWidget *parent)
+    : QWidget(parent)
+    , Blocks(std::move(blocks))
+    , Columns(columns)
+    , Scale(scale)
+    , Rule(std::move(rule))
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleRole(this, QAccessible::ColorChooser);
+    installAccessibility();
 }
 
 void ColorBlocks::setChosenBlock(int n)
 {
     Chosen = n;
     update();
+    tellCurrentCell(this, n - 1);
     emit Moved(n);
 }
 
@@ -39,6 +43,21 @@ void ColorBlocks::setColor(int n, ColorValue color)
 {
     at(n).Color = color;
     update(pixels(n));
+}
+
+QString ColorBlocks::spokenName(int index) const
+{
+    const Block &block = at(index + 1);
+    return block.Spoken.isEmpty() ? block.Label : block.Spoken;
+}
+
+QString ColorBlocks::spokenDescription(int index) const
+{
+    const QColor color = ToColor(at(index + 1).Color, QGuiApplication::palette());
+    return QString("Red %1, green %2, blue %3")
+        .arg(color.red())
+        .arg(color.green())
+        .arg(color.blue());
 }
 
 void ColorBlocks::setMarkSize(double width, double height)
@@ -99,6 +118,14 @@ void ColorBlocks::paintEvent(QPaintEvent *)
         fillInside(box, 0, frame);
         fillInside(box, 1, ToColor(block.Color, desktop));
     }
+}
+
+void ColorBlocks::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    // Behind the toolkit's own word that this widget has the focus.
+    QMetaObject::invokeMethod(
+        this, [this] { tellCurrentCell(this, spokenCell()); }, Qt::QueuedConnection);
 }
 
 void ColorBlocks::keyPressEvent(QKeyEvent *event)

@@ -4,13 +4,14 @@
 
 #include "platform/ColorValue.h"
 #include "platform/Twips.h"
+#include "platform/controls/Accessibility.h"
 
 #include <QString>
 #include <QWidget>
 #include <functional>
 #include <vector>
 
-class ColorBlocks : public QWidget
+class ColorBlocks : public QWidget, public SpokenCells
 {
     Q_OBJECT
 
@@ -19,13 +20,15 @@ public:
     {
         TwipRect Place; ///< within this widget
         ColorValue Color = 0;
-        QString Label; ///< also the tooltip; empty for none
+        QString Label;       ///< also the tooltip; empty for none
+        QString Spoken = {}; ///< for assistive tools; empty for the label
     };
     /// Where a key (Qt::Key) takes the choice from block n, counted from 1; n for a key without
     /// effect.
     using KeyRule = std::function<int(int n, int key)>;
 
-    ColorBlocks(std::vector<Block> blocks, const TwipScale &scale, KeyRule rule,
+    /// `columns` is the number of blocks in a row.
+    ColorBlocks(std::vector<Block> blocks, int columns, const TwipScale &scale, KeyRule rule,
                 QWidget *parent = nullptr);
 
     int ChosenBlock() const { return Chosen; }
@@ -42,6 +45,15 @@ public:
     void setToolTips(bool on) { ToolTips = on; }
     void setScale(const TwipScale &scale);
 
+    int spokenCount() const override { return static_cast<int>(Blocks.size()); }
+    int spokenColumns() const override { return Columns; }
+    QString spokenName(int index) const override;
+    QString spokenDescription(int index) const override;
+    QRect spokenPlace(int index) const override { return pixels(index + 1); }
+    int spokenAt(const QPoint &point) const override { return blockAt(point) - 1; }
+    int spokenCell() const override { return Chosen - 1; }
+    void pressCell(int index) override { setChosenBlock(index + 1); }
+
 signals:
     /// The mark moved, or was set again.
     void Moved(int n);
@@ -53,6 +65,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     bool event(QEvent *event) override;
 
 private:
@@ -62,6 +75,7 @@ private:
     QColor markColor() const;
 
     std::vector<Block> Blocks;
+    int Columns;
     TwipScale Scale;
     KeyRule Rule;
     int Chosen = 1;

@@ -3,6 +3,7 @@
 
 #include "platform/RegularFile.h"
 #include "platform/Shell.h"
+#include "platform/controls/Accessibility.h"
 #include "platform/controls/Icons.h"
 
 #include <QFileInfo>
@@ -195,7 +196,6 @@ void HelpViewer::createControls()
     Page->setObjectName("Page");
     Page->setAccessibleName(windowTitle());
     Page->setOpenLinks(false);
-    Page->setFrameShape(QFrame::NoFrame);
     Page->document()->setDocumentMargin(16);
 
     Back = makeButton("Back", "Back", "Back");
@@ -208,7 +208,7 @@ void HelpViewer::createControls()
     FindText->setAccessibleName("Find in the help");
     FindText->setPlaceholderText("Find in the help");
     FindText->setClearButtonEnabled(true);
-    FindText->addAction(Icons::icon("Find"), QLineEdit::LeadingPosition);
+    FindText->addAction(Icons::icon("Find"), QLineEdit::LeadingPosition)->setText("Find");
     constexpr int beside = 64; // pixels, of the picture, the clear button and the frame
     FindText->setMinimumWidth(fontMetrics().horizontalAdvance(FindText->placeholderText()) +
                               beside);
@@ -296,15 +296,16 @@ void HelpViewer::find(bool backward)
     const auto flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     FindResult->clear();
     if (Page->find(text, flags))
-        return;
+        return announce(this, Page->textCursor().block().text());
     const QTextCursor before = Page->textCursor();
     Page->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
     if (Page->find(text, flags)) {
         FindResult->setText(backward ? "Went on at the bottom" : "Went on at the top");
-        return;
+        return announce(this, FindResult->text() + ": " + Page->textCursor().block().text());
     }
     Page->setTextCursor(before);
     FindResult->setText("Not found");
+    announce(this, FindResult->text());
 }
 
 void HelpViewer::changeEvent(QEvent *event)

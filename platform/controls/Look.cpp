@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 
 namespace {
@@ -43,8 +44,21 @@ void drawFrame(const QStyleOption &option, QPainter &painter, const QWidget *wid
         box = device.between(option.rect.adjusted(width, width, -width, -width))
                   .adjusted(-line, -line, line, line);
     }
+    // A text that can be written shows its caret.
+    const bool showsFocus = option.state & QStyle::State_HasFocus &&
+                            qobject_cast<const QAbstractScrollArea *>(widget) &&
+                            !qobject_cast<const QPlainTextEdit *>(widget);
     drawRing(painter, box, line,
-             tone(option.palette, QPalette::Window, QPalette::WindowText, FrameTone));
+             showsFocus ? option.palette.color(QPalette::Highlight)
+                        : tone(option.palette, QPalette::Window, QPalette::WindowText, FrameTone));
+}
+
+/// On controls that the toolkit's styles paint with the focus as without it.
+void drawFocus(const QStyleOption &option, QPainter &painter, double inset)
+{
+    const DevicePixels device(painter.deviceTransform());
+    drawRing(painter, device.between(option.rect).adjusted(inset, inset, -inset, -inset),
+             device.line(), option.palette.color(QPalette::Highlight));
 }
 
 void drawLineEditFrame(const QStyleOption &option, QPainter &painter)
@@ -169,6 +183,12 @@ void Look::drawControl(ControlElement element, const QStyleOption *option, QPain
                 break;
             }
         }
+    } else if (element == CE_PushButton) {
+        constexpr double inset = 3; // pixels
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (option->state & State_HasFocus && option->state & State_KeyboardFocusChange)
+            drawFocus(*option, *painter, inset);
+        return;
     } else if (element == CE_MenuItem) {
         const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
         if (item && item->state & State_Selected && item->state & State_Enabled &&
@@ -182,4 +202,12 @@ void Look::drawControl(ControlElement element, const QStyleOption *option, QPain
         }
     }
     QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                              QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ScrollBar && option->state & State_HasFocus)
+        drawFocus(*option, *painter, 0);
 }

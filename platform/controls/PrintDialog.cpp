@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QToolButton>
 
 namespace {
 
@@ -25,6 +26,8 @@ void offerFile(const QPrintDialog &dialog, const QString &docName)
     const QDir folder(QFileInfo(documents).isDir() ? documents : QDir::homePath());
     const QString name = QFileInfo(docName).completeBaseName();
     file->setText(folder.filePath(name + ".pdf"));
+    if (auto *browse = dialog.findChild<QToolButton *>("fileBrowser"))
+        browse->setAccessibleName("Browse for the output file");
 }
 
 } // namespace

@@ -1,16 +1,18 @@
-// From the mouse on the bar or its grip to the place that is wanted, and the grip that goes along.
+// From the mouse on the bar or its grip, or the keys, to the place that is wanted, and the grip
+// that goes along.
 #include "platform/controls/SplitBar.h"
-
-#include "platform/controls/Accessibility.h"
 
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr int ReachBelow = 3; // pixels
+constexpr int KeyStep = 8;    // pixels
+constexpr int PageStep = 64;  // pixels
 
 struct Feel
 {
@@ -27,7 +29,7 @@ SplitBar::SplitBar(const TwipScale &scale, QWidget *parent, Qt::Orientation move
 {
     setFrameStyle((isVertical() ? QFrame::HLine : QFrame::VLine) | QFrame::Raised);
     setCursor(isVertical() ? Qt::SplitVCursor : Qt::SplitHCursor);
-    setAccessibleRole(this, QAccessible::Grip);
+    installAccessibility();
     Grip->setObjectName("SplitGrip");
     Grip->setCursor(cursor());
     Grip->installEventFilter(this);
@@ -55,7 +57,6 @@ void SplitBar::placeGrip()
     Grip->setVisible(!isHidden());
     Grip->setEnabled(isEnabled());
     Grip->setToolTip(toolTip());
-    Grip->setAccessibleName(accessibleName());
     Grip->raise();
 }
 
@@ -133,11 +134,63 @@ void SplitBar::drag(int at)
     const int by = at - feel.HeldAt;
     if (std::abs(by) <= feel.Jitter)
         return;
-    const double target = isVertical() ? (y() + by) * Scale.Y : (x() + by) * Scale.X;
+    const double target = (place() + by) * twips();
     if (LimitsNow) {
         const auto [first, last] = LimitsNow();
         if (target < first || target > last)
             return;
     }
     emit Dragged(target);
+}
+
+SpokenBar::Range SplitBar::spokenRange() const
+{
+    const Limits limits = LimitsNow ? LimitsNow() : Limits{};
+    return {.Least = static_cast<int>(std::ceil(limits.First / twips())),
+            .Most = static_cast<int>(std::floor(limits.Last / twips())),
+            .Now = place()};
+}
+
+void SplitBar::pullTo(int wanted)
+{
+    const Range range = spokenRange();
+    if (range.Least > range.Most)
+        return;
+    const int to = std::clamp(wanted, range.Least, range.Most);
+    if (to == place())
+        return;
+    emit Dragged(to * twips());
+    emit Released();
+    tellPlace(this);
+}
+
+void SplitBar::keyPressEvent(QKeyEvent *event)
+{
+    const Range range = spokenRange();
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+        return pullTo(range.Now - KeyStep);
+    case Qt::Key_Down:
+    case Qt::Key_Right:
+        return pullTo(range.Now + KeyStep);
+    case Qt::Key_PageUp:
+        return pullTo(range.Now - PageStep);
+    case Qt::Key_PageDown:
+        return pullTo(range.Now + PageStep);
+    case Qt::Key_Home:
+        return pullTo(range.Least);
+    case Qt::Key_End:
+        return pullTo(range.Most);
+    default:
+        QFrame::keyPressEvent(event);
+    }
+}
+
+void SplitBar::paintEvent(QPaintEvent *event)
+{
+    if (hasFocus())
+        QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight));
+    else
+        QFrame::paintEvent(event);
 }

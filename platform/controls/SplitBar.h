@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Twips.h"
+#include "platform/controls/Accessibility.h"
 
 #include <QFrame>
 #include <QPointer>
@@ -10,8 +11,10 @@
 #include <optional>
 
 /// An invisible grip lies over the bar, wider than it and in the same parent, for a bar of two
-/// pixels is hard to hit. It goes with the bar: place, visibility, tooltip, accessible name.
-class SplitBar : public QFrame
+/// pixels is hard to hit. It goes with the bar: place, visibility, tooltip. While
+/// the bar has the focus, which no Tab gives it, the arrow keys and Page Up and Down pull it, and
+/// Home and End take it as far as it goes.
+class SplitBar : public QFrame, public SpokenBar
 {
     Q_OBJECT
 
@@ -36,16 +39,21 @@ public:
     /// other side. 0 leaves what stands right there to the mouse.
     void setReachAbove(int pixels);
 
+    Range spokenRange() const override;
+    void pullTo(int place) override;
+
 signals:
     /// The bar is wanted with its top, or its left edge, there, in twips. Up and down, wishes of
     /// two pixels or less are not told, so that it does not jitter.
     void Dragged(double target);
-    /// The left button was let go, after a drag or without one.
+    /// The left button was let go, after a drag or without one; or a key was pressed.
     void Released();
     void DoubleClicked();
 
 protected:
     bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -54,6 +62,9 @@ private:
     void take(int at);
     void drag(int at);
     void placeGrip();
+    /// The bar's top or left edge in pixels.
+    int place() const { return isVertical() ? y() : x(); }
+    double twips() const { return isVertical() ? Scale.Y : Scale.X; }
     bool isVertical() const { return Moves == Qt::Vertical; }
 
     TwipScale Scale;

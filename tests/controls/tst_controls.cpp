@@ -296,7 +296,7 @@ private slots:
         // Two blocks of 20 pixels with 10 between them, the mark three pixels beyond each side.
         ColorBlocks blocks({{{150, 150, 300, 300}, RGBValue(255, 0, 0), "Red"},
                             {{600, 150, 300, 300}, RGBValue(0, 0, 255), ""}},
-                           Fifteen, [](int n, int) { return n; });
+                           2, Fifteen, [](int n, int) { return n; });
         blocks.resize(70, 40);
         blocks.setMarkSize(390, 390);
         const QSignalSpy taken(&blocks, &ColorBlocks::Taken);
