@@ -178,6 +178,10 @@ bool Desktop::close()
 void WindowTest::cleanup()
 {
     QVERIFY(desktop->Dialogs.allCame());
+    // Not every window system keeps an area painted that has become a window of its own.
+    if (window)
+        for (const QWidget *area : window->findChildren<QWidget *>())
+            QVERIFY2(area->isWindow() || !area->internalWinId(), qPrintable(area->objectName()));
     QGuiApplication::clipboard()->clear();
 }
 
