@@ -10,6 +10,7 @@
 #include "platform/UserCodePage.h"
 #include "platform/controls/AltCode.h"
 #include "platform/controls/Icons.h"
+#include "platform/controls/KeyRouting.h"
 #include "platform/controls/Look.h"
 
 #include <QApplication>
@@ -126,6 +127,8 @@ int main(int argc, char *argv[])
     QApplication::setStyle(new Look);
     AltCode altCode([](int code) { return CodePage::toUnicode(static_cast<quint8>(code)); });
     application.installEventFilter(&altCode);
+    KeyRouting keyRouting;
+    application.installEventFilter(&keyRouting);
     // All that stands behind the program's name is one path, blanks and all.
     return run(application, CommandLine::Path(argc, argv));
 }

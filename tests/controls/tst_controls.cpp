@@ -4,6 +4,7 @@
 #include "platform/controls/CharCells.h"
 #include "platform/controls/ColorBlocks.h"
 #include "platform/controls/FontCombo.h"
+#include "platform/controls/KeyRouting.h"
 #include "platform/controls/MoveInGrid.h"
 #include "platform/controls/NumberSlider.h"
 
@@ -167,6 +168,27 @@ private slots:
         QTest::mouseMove(bar.windowHandle(), {103, 10});
         QTRY_COMPARE(bar.cursor().shape(), Qt::SizeHorCursor);
         QCOMPARE(bar.band(1)->cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void keysAreForTheDialogInFront()
+    {
+        KeyRouting routing;
+        qApp->installEventFilter(&routing);
+        QWidget behind;
+        QDialog dialog(&behind);
+        QComboBox box(&dialog);
+        box.addItems({"one", "two"});
+        behind.show();
+        dialog.open();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        behind.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &dialog);
+        // As under Wayland, where the dialog's window gets the keys of the list too.
+        box.showPopup();
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+        QVERIFY(dialog.isVisible() && !box.view()->isVisible());
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
     }
 
     void bandsKeepTheirContents()
