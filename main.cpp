@@ -68,14 +68,17 @@ private:
     static void hold(QtMsgType type, const QMessageLogContext &context, const QString &message)
     {
         // The first that the part for the window system says is the cause, the rest what follows.
-        if (Cause.isEmpty() && QByteArrayView(context.category).startsWith("qt.qpa"))
+        const QByteArrayView category(context.category);
+        if (Cause.isEmpty() && category.startsWith("qt.qpa"))
             Cause = message.simplified();
         if (type == QtFatalMsg) {
             const QString told = Cause.isEmpty() ? message.section('\n', 0, 0) : Cause;
             std::fprintf(stderr, "zendova: no window can be shown: %s\n", qPrintable(told));
             std::_Exit(EXIT_FAILURE);
         }
-        Held += qFormatLogMessage(type, context, message);
+        // A window system that can't be used is of no account where another one was found.
+        if (category != "qt.qpa.plugin")
+            Held += qFormatLogMessage(type, context, message);
     }
 
     static inline QString Cause;
