@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(bar.band(1)->cursor().shape(), Qt::ArrowCursor);
     }
 
-    void keysAreForTheDialogInFront()
+    void keysOfAnOpenListAreItsOwn()
     {
         KeyRouting routing;
         qApp->installEventFilter(&routing);
@@ -181,8 +181,6 @@ private slots:
         behind.show();
         dialog.open();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        behind.activateWindow();
-        QTRY_COMPARE(QApplication::activeWindow(), &dialog);
         // As under Wayland, where the dialog's window gets the keys of the list too.
         box.showPopup();
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
