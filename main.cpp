@@ -11,6 +11,7 @@
 #include "platform/controls/AltCode.h"
 #include "platform/controls/DesktopKeys.h"
 #include "platform/controls/Icons.h"
+#include "platform/controls/KeyRouting.h"
 #include "platform/controls/Look.h"
 
 #include <QApplication>
@@ -68,14 +69,17 @@ private:
     static void hold(QtMsgType type, const QMessageLogContext &context, const QString &message)
     {
         // The first that the part for the window system says is the cause, the rest what follows.
-        if (Cause.isEmpty() && QByteArrayView(context.category).startsWith("qt.qpa"))
+        const QByteArrayView category(context.category);
+        if (Cause.isEmpty() && category.startsWith("qt.qpa"))
             Cause = message.simplified();
         if (type == QtFatalMsg) {
             const QString told = Cause.isEmpty() ? message.section('\n', 0, 0) : Cause;
             std::fprintf(stderr, "zendova: no window can be shown: %s\n", qPrintable(told));
             std::_Exit(EXIT_FAILURE);
         }
-        Held += qFormatLogMessage(type, context, message);
+        // A window system that can't be used is of no account where another one was found.
+        if (category != "qt.qpa.plugin")
+            Held += qFormatLogMessage(type, context, message);
     }
 
     static inline QString Cause;
@@ -132,6 +136,8 @@ int main(int argc, char *argv[])
     application.installEventFilter(&altCode);
     DesktopKeys desktopKeys;
     application.installEventFilter(&desktopKeys);
+    KeyRouting keyRouting;
+    application.installEventFilter(&keyRouting);
     // All that stands behind the program's name is one path, blanks and all.
     return run(application, CommandLine::Path(argc, argv));
 }

@@ -46,19 +46,25 @@ void Zendova::SetFormSize(double Width, double Height)
         Form_Resize();
 }
 
+QPoint Zendova::FormPlace() const
+{
+    return SysInfo::current().PlacesWindows() ? pos() : AskedPlace;
+}
+
 double Zendova::FormLeft() const
 {
-    return pos().x() * Form.scale().X;
+    return FormPlace().x() * Form.scale().X;
 }
 
 double Zendova::FormTop() const
 {
-    return pos().y() * Form.scale().Y;
+    return FormPlace().y() * Form.scale().Y;
 }
 
 void Zendova::SetFormPosition(double Left, double Top)
 {
-    move(Form.scale().across(Left), Form.scale().down(Top));
+    AskedPlace = {Form.scale().across(Left), Form.scale().down(Top)};
+    move(AskedPlace);
 }
 
 void Zendova::KeepInView()

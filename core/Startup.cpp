@@ -83,7 +83,7 @@ void Zendova::Start()
 {
     Form_Initialize();
     Form_Load();
-    winId(); // the window system's window, by which its screen is known
+    create(); // the window system's window, by which its screen is known
     SysInfo::current().follow(windowHandle());
     KeepInView();
     show();

@@ -135,7 +135,8 @@ public:
     double FormWidth() const { return OuterWidth; }
     double FormHeight() const { return OuterHeight; }
     void SetFormSize(double Width, double Height);
-    /// Place of the window with its frame on the desktop, in twips.
+    /// Place of the window with its frame on the desktop, in twips. Where the desktop keeps that to
+    /// itself it is the place last asked for, so that the settings keep it for another desktop.
     double FormLeft() const;
     double FormTop() const;
     void SetFormPosition(double Left, double Top);
@@ -418,11 +419,13 @@ private:
     void RenewColorToolTip();
     void ColorSampleText();
     void EnableSizing(bool on);
+    QPoint FormPlace() const;
     QToolButton *StyleButton(int style) const;
 
     QString CommandTail;
     bool Unloaded = false;
     bool Activating = false;
+    QPoint AskedPlace;                             ///< pixels
     bool FirstPaint = true;                        ///< is still to come
     bool ClipboardDue = true;                      ///< to be asked what it offers
     double OuterWidth = 11700, OuterHeight = 8880; ///< twips; the design size

@@ -86,8 +86,10 @@ void FMColorPalette::PickColor(const QString &caption, const QWidget &owner)
     }
     setWindowTitle(caption);
     Form_Activate();
-    // The owner may be a dialog, and this not disappear behind it.
-    winId();
+    // The owner may be a dialog, and this not disappear behind it. Asking for the window's number
+    // instead would give each area of the main window a window of its own, which not every window
+    // system keeps painted.
+    create();
     windowHandle()->setTransientParent(owner.window()->windowHandle());
     exec();
 }

@@ -62,7 +62,8 @@ void SysInfo::compare()
     else if (Watched && !Watched->size().isEmpty())
         now = {.Pixels = Watched->size(),
                .WorkArea = Watched->availableGeometry(),
-               .DotsPerInch = Watched->logicalDotsPerInchX()};
+               .DotsPerInch = Watched->logicalDotsPerInchX(),
+               .PlacesWindows = !QGuiApplication::platformName().startsWith("wayland")};
     if (now.WorkArea.isEmpty())
         now.WorkArea = QRect(QPoint(0, 0), now.Pixels);
     // A panel that comes or goes changes the work area, but it is no change of the display.
@@ -107,6 +108,11 @@ TwipScale SysInfo::scale() const
     const double dotsPerInch = look().DotsPerInch;
     const double twips = dotsPerInch > 0 ? 1440 / dotsPerInch : 15;
     return {.X = twips, .Y = twips};
+}
+
+bool SysInfo::PlacesWindows() const
+{
+    return look().PlacesWindows;
 }
 
 QString SysInfo::userName()

@@ -25,6 +25,7 @@ public:
         QSize Pixels{1024, 768}; ///< device-independent pixels
         QRect WorkArea;          ///< pixels; empty means the whole screen
         double DotsPerInch = 96;
+        bool PlacesWindows = true; ///< see SysInfo::PlacesWindows
     };
 
     SysInfo();
@@ -50,6 +51,9 @@ public:
     double WorkAreaHeight() const;
     /// Twips of one device-independent pixel.
     TwipScale scale() const;
+    /// Whether a program says where on the screen its windows stand, and can ask. Under Wayland
+    /// both are the desktop's affair alone, and the work area is the whole screen.
+    bool PlacesWindows() const;
 
     /// Log-in name from the system's user data base; the empty string if there is no entry.
     static QString userName();

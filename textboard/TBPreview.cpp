@@ -58,18 +58,29 @@ void TBPreview::createControls()
     connect(CloseButton, &QPushButton::clicked, this, &TBPreview::CloseButton_Click);
 }
 
-/// Moves the window over the work area, and the controls to their places in it.
+/// Moves the window over the work area; where that is not the program's affair, the desktop lays it
+/// over the whole screen.
 void TBPreview::coverWorkArea()
 {
     const SysInfo &screen = SysInfo::current();
-    const double width = screen.WorkAreaWidth();
-    const double height = screen.WorkAreaHeight();
     Form.setScale(screen.scale());
-    const QRect area =
-        Form.scale().toPixels({screen.WorkAreaLeft(), screen.WorkAreaTop(), width, height});
-    setFixedSize(area.size());
-    move(area.topLeft());
+    const QRect area = Form.scale().toPixels({screen.WorkAreaLeft(), screen.WorkAreaTop(),
+                                              screen.WorkAreaWidth(), screen.WorkAreaHeight()});
+    if (screen.PlacesWindows()) {
+        setFixedSize(area.size());
+        move(area.topLeft());
+    } else {
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        setWindowState(Qt::WindowFullScreen);
+    }
+    placeControls();
+}
 
+void TBPreview::placeControls()
+{
+    const double width = this->width() * Form.TwipsX();
+    const double height = this->height() * Form.TwipsY();
     const double closeWidth = Form.width(CloseButton);
     const double closeLeft = width - 60 - closeWidth;
     Form.place(Heading, {180, 75, closeLeft - 180 - 60, Form.height(Heading)});
@@ -100,6 +111,12 @@ void TBPreview::showEvent(QShowEvent *event)
 {
     FormDialog::showEvent(event);
     PreviewTB->ensureCursorVisible(); // now that its height is known
+}
+
+void TBPreview::resizeEvent(QResizeEvent *event)
+{
+    FormDialog::resizeEvent(event);
+    placeControls();
 }
 
 bool TBPreview::eventFilter(QObject *watched, QEvent *event)

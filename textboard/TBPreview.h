@@ -27,10 +27,12 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void createControls();
     void coverWorkArea();
+    void placeControls();
     void showBoard(const TextBoard &board);
     void PreviewTB_GotFocus();
     bool takeKey(QKeyEvent &key);

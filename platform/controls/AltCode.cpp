@@ -20,12 +20,20 @@ constexpr std::array PadKeys = {Qt::Key_Insert, Qt::Key_End,   Qt::Key_Down,  Qt
                                 Qt::Key_Left,   Qt::Key_Clear, Qt::Key_Right, Qt::Key_Home,
                                 Qt::Key_Up,     Qt::Key_PageUp};
 
+/// True for a key of the number pad; one that moves the caret is told by its symbol alone under
+/// Wayland (X keyboard symbols, KP_Home to KP_Delete).
+bool isOnPad(const QKeyEvent &event)
+{
+    const quint32 symbol = event.nativeVirtualKey();
+    return event.modifiers().testFlag(Qt::KeypadModifier) || (symbol >= 0xFF95 && symbol <= 0xFF9F);
+}
+
 std::optional<char16_t> digitOf(const QKeyEvent &event)
 {
     if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
         return static_cast<char16_t>(u'0' + event.key() - Qt::Key_0);
     const auto *const pad = std::find(PadKeys.begin(), PadKeys.end(), event.key());
-    if (pad != PadKeys.end() && event.modifiers().testFlag(Qt::KeypadModifier))
+    if (pad != PadKeys.end() && isOnPad(event))
         return static_cast<char16_t>(u'0' + std::distance(PadKeys.begin(), pad));
     return std::nullopt;
 }

@@ -5,6 +5,7 @@
 
 #include "platform/controls/ColorBlocks.h"
 #include "platform/controls/Icons.h"
+#include "platform/controls/KeyRouting.h"
 #include "platform/controls/MoveInGrid.h"
 #include "platform/controls/Tones.h"
 
@@ -247,6 +248,25 @@ private slots:
         QTest::mouseMove(bar.windowHandle(), {103, 10});
         QTRY_COMPARE(bar.cursor().shape(), Qt::SizeHorCursor);
         QCOMPARE(bar.band(1)->cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void keysOfAnOpenListAreItsOwn()
+    {
+        KeyRouting routing;
+        qApp->installEventFilter(&routing);
+        QWidget behind;
+        QDialog dialog(&behind);
+        QComboBox box(&dialog);
+        box.addItems({"one", "two"});
+        behind.show();
+        dialog.open();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        // As under Wayland, where the dialog's window gets the keys of the list too.
+        box.showPopup();
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+        QVERIFY(dialog.isVisible() && !box.view()->isVisible());
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
     }
 
     void bandsKeepTheirContents()

@@ -331,6 +331,12 @@ private slots:
         QVERIFY(desktop->close());
         QCOMPARE(desktop->setting("Last", "FormLeft"), QString::number(15 * 7));
         QCOMPARE(desktop->setting("Last", "FormWidth"), QString::number(15 * (780 + 28)));
+        // A desktop that alone places windows leaves the place that another one had given.
+        desktop->Screen->pretend(SysInfo::Screen{{1280, 1024}, {}, 96, false});
+        start();
+        window->move(0, 0);
+        QVERIFY(desktop->close());
+        QCOMPARE(desktop->setting("Last", "FormTop"), QString::number(15 * 11));
     }
 
     void displayChange()

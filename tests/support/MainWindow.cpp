@@ -166,6 +166,10 @@ Zendova *Desktop::startAsItIs(const QString &commandTail)
 void WindowTest::cleanup()
 {
     QVERIFY(desktop->Dialogs.allCame());
+    // Not every window system keeps an area painted that has become a window of its own.
+    if (window)
+        for (const QWidget *area : window->findChildren<QWidget *>())
+            QVERIFY2(area->isWindow() || !area->internalWinId(), qPrintable(area->objectName()));
     QGuiApplication::clipboard()->clear();
 }
 

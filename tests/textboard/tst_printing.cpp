@@ -128,6 +128,15 @@ private slots:
             QCOMPARE(board()->SelStart() == 5000, !closed);
             QCOMPARE(board()->SelLength(), 0);
         }
+        // Where the desktop alone places windows the preview fills what it gets.
+        desktop->Screen->pretend(SysInfo::Screen{{1280, 1024}, {}, 96, false});
+        desktop->Dialogs.dialog("Zendova TextBoard Full Screen Preview", [](QDialog *dialog) {
+            const auto *close = dialog->findChild<QPushButton *>("CloseButton");
+            QVERIFY(dialog->isFullScreen());
+            QCOMPARE(close->geometry().right() + 1, dialog->width() - 4);
+            dialog->reject();
+        });
+        press("FullScreen");
     }
 
 private:
