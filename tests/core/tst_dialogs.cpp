@@ -60,7 +60,7 @@ struct Opened
         , Names(Dialog.findChild<QListView *>())
     {
         Dialog.show();
-        QApplication::setActiveWindow(&Dialog);
+        activate(&Dialog);
     }
     /// The name that is chosen once this is typed.
     QString type(const QString &text) const
@@ -147,7 +147,7 @@ private slots:
     {
         for (const int defaultButton : {1, 2}) {
             const auto use = [=](Message &dialog) {
-                QApplication::setActiveWindow(&dialog);
+                activate(&dialog);
                 QList<QWidget *> order{dialog.Button1, dialog.Button2, dialog.Button1};
                 for (const QWidget *next : order.mid(defaultButton - 1)) {
                     QCOMPARE(dialog.focusWidget(), next);

@@ -60,7 +60,7 @@ private slots:
         QTest::newRow("wrong numbers of blank records")
             << QByteArray("9,\"\"\nx,\n-1,\n4,D\n") << 4 << QStringList{"", "", "", "D"};
         QTest::newRow("undefined codes")
-            << QByteArray("1,\"\x81\"\n2,\x9D\n") << 2 << QStringList{u"\u0081"_qs, u"\u009D"_qs};
+            << QByteArray("1,\"\x81\"\n2,\x9D\n") << 2 << QStringList{QChar(0x81), QChar(0x9D)};
         QTest::newRow("two characters")
             << QByteArray("1,Q9\n2,\"xxx\"\n") << 2 << QStringList{"Q9", "xxx"};
         QTest::newRow("quote") << QByteArray("1,xx\n2,x\n") << 2 << QStringList{"\"", "x"};

@@ -70,11 +70,21 @@ void clickCell(Zendova *window, int cell, Qt::MouseButton button)
                       window->FMapContainer->CharButton->pixels(cell).center());
 }
 
+void activate(QWidget *window)
+{
+    // What the toolkit advises instead comes into force in the event loop only, which must not run
+    // within the handler of a dialog: it would come upon the next dialog.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(window);
+    QT_WARNING_POP
+}
+
 void typeFileName(QDialog *dialog, const QString &path)
 {
     auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
     edit->setCompleter(nullptr); // whose list would take the key below
-    QApplication::setActiveWindow(dialog);
+    activate(dialog);
     edit->setFocus(); // without it what is typed follows the list instead
     edit->selectAll();
     QTest::keyClicks(edit, path);

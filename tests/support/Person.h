@@ -27,6 +27,9 @@ constexpr int cellOf(int code)
     return code - FirstCode;
 }
 
+/// Makes a window the active one at once, as a window manager does after a while.
+void activate(QWidget *window);
+
 /// Types the name into a file dialog and enters it; closes a dialog that does not take it.
 void typeFileName(QDialog *dialog, const QString &path);
 
