@@ -142,12 +142,18 @@ QAction *menuItem(const Zendova *window, const char *name)
     return item;
 }
 
+void clickItem(QMenu *opened, QAction *item)
+{
+    const QPoint place = opened->actionGeometry(item).center();
+    QTest::mouseMove(opened, place); // a menu takes no click of a mouse that never moved over it
+    QTest::mouseClick(opened, Qt::LeftButton, {}, place);
+}
+
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item)
 {
     auto *opened = window->findChild<QMenu *>(menu);
     opened->popup({});
-    QTest::mouseClick(opened, Qt::LeftButton, {},
-                      opened->actionGeometry(menuItem(window, item)).center());
+    clickItem(opened, menuItem(window, item));
     opened->close();
 }
 

@@ -50,6 +50,8 @@ GlyphPicture firstGlyph(Zendova *window, const QString &text);
 void select(const Zendova *window, int start, int length);
 
 QAction *menuItem(const Zendova *window, const char *name);
+/// Clicks an item of a menu that is open.
+void clickItem(QMenu *opened, QAction *item);
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item);
 /// Opens the menu, so that its items take the states of now, and closes it.
 void lookAtMenu(const Zendova *window, const char *menu);
