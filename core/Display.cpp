@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-int Display()
+int DisplayMode::Display()
 {
     return static_cast<std::int16_t>(SysInfo::current().screenWidth());
 }

@@ -102,8 +102,8 @@ void Zendova::AdoptScale()
 
 void Zendova::Form_Resize()
 {
-    if (ScreenWidth != Display()) {
-        ScreenWidth = Display();
+    if (ScreenWidth != DisplayMode::Display()) {
+        ScreenWidth = DisplayMode::Display();
         FMapContainer->FitScreen();
         if (SplitIsDown())
             ResetSplit(FMapContainer->SizeIndex - 1);

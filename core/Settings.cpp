@@ -100,7 +100,7 @@ void Zendova::LoadSettings()
         ReadLastSettings();
     if (!RegistryError) {
         FontMap &map = *FMapContainer;
-        map.MaxMapSize = MapSize::Largest(Display(), Form.TwipsX());
+        map.MaxMapSize = MapSize::Largest(DisplayMode::Display(), Form.TwipsX());
         if (map.SizeIndex > map.MaxMapSize) {
             ZndvMsg("\rYour screen resolution may have changed\rfrom the last time " + ProductName +
                         " was run.\r\rThe last used FontMap size cannot be\r"
@@ -171,7 +171,7 @@ void Zendova::InitSettings(const QString &Mode)
     // is.
     FontMap &map = *FMapContainer;
     map.SizeIndex = 0;
-    if (const auto sizes = DefaultsForScreenWidth(Display())) {
+    if (const auto sizes = DefaultsForScreenWidth(DisplayMode::Display())) {
         map.SizeIndex = sizes->SizeIndex;
         // The limit may be that of a reading which broke off; the screen's is set later on.
         map.sldSetFMapSize->setMost(

@@ -138,7 +138,7 @@ void Zendova::Form_Load()
 
 void Zendova::CheckScreen()
 {
-    if (Display() < LeastScreenWidth) {
+    if (DisplayMode::Display() < LeastScreenWidth) {
         // Not as a request to close: that would wait for an open dialog, and this does not.
         if (!FirstActivate && Form_QueryUnload())
             Form_Unload();
@@ -154,7 +154,7 @@ void Zendova::CaptureDesignLayout()
     TextFile.TextChanged = false;
     DefaultsApplied = false;
     EdgeMargin = Form.left(SplitBar);
-    ScreenWidth = Display();
+    ScreenWidth = DisplayMode::Display();
     FontMap &map = *FMapContainer;
     map.Fore.Color = ViewsContainer->TextZoom->ForeColor(0);
     map.Back.Color = ViewsContainer->TextZoom->BackColor(0);

@@ -86,7 +86,7 @@ void FontMap::wheelEvent(QWheelEvent *event)
 
 void FontMap::ComputeMaxMapSize()
 {
-    MaxMapSize = MapSize::Largest(Display(), Form.TwipsX());
+    MaxMapSize = MapSize::Largest(DisplayMode::Display(), Form.TwipsX());
     pbxSetFMapSize->setEnabled(MaxMapSize > 1 && Sizable);
     // A narrow screen gives 0 or less, and size 1 stands on every screen.
     sldSetFMapSize->setMost(std::max(MaxMapSize, 1));

@@ -20,7 +20,7 @@
 void Zendova::InitFontMapSizing()
 {
     AdoptScale();
-    const MapSize::Sizing sizing = MapSize::SizingFor(Display(), Form.TwipsX());
+    const MapSize::Sizing sizing = MapSize::SizingFor(DisplayMode::Display(), Form.TwipsX());
     if (sizing != MapSize::Sizing::AsItIs) {
         FMapContainer->EnableSizing(sizing == MapSize::Sizing::On);
         SplitBar->setVisible(sizing == MapSize::Sizing::On);

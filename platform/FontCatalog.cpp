@@ -298,8 +298,7 @@ void FontCatalog::useLeanConfiguration()
     FcConfigBuildFonts(lean);
     FcFontSet *fonts = FcConfigGetFonts(lean, FcSetSystem);
     std::ranges::sort(chosen);
-    const auto repeated = std::ranges::unique(chosen);
-    chosen.erase(repeated.begin(), repeated.end());
+    chosen.erase(std::unique(chosen.begin(), chosen.end()), chosen.end());
     // The row itself, not its file: a file would be opened and all its characters counted.
     for (const int row : chosen)
         if (fonts)

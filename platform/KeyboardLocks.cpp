@@ -10,9 +10,12 @@
 
 #include <xcb/xcb.h>
 // The header names a field by a word that this language keeps for itself.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_CLANG("-Wkeyword-macro")
 #define explicit explicitModifiers
 #include <xcb/xkb.h>
 #undef explicit
+QT_WARNING_POP
 
 namespace {
 

@@ -118,7 +118,7 @@ private:
 
     void visit(QWidget *shown)
     {
-        QApplication::setActiveWindow(shown);
+        activate(shown);
         shown->setAttribute(Qt::WA_KeyboardFocusChange); // as once a key has moved the focus
         const auto *tabs = shown->findChild<QTabWidget *>();
         const int pages = tabs && shown->inherits("FormDialog") ? tabs->count() : 1;

@@ -80,7 +80,7 @@ private slots:
     {
         for (const int defaultButton : {1, 2}) {
             const auto use = [=](Message &dialog) {
-                QApplication::setActiveWindow(&dialog);
+                activate(&dialog);
                 QList<QWidget *> order{dialog.Button1, dialog.Button2, dialog.Button1};
                 for (const QWidget *next : order.mid(defaultButton - 1)) {
                     QCOMPARE(dialog.focusWidget(), next);
@@ -147,7 +147,7 @@ private slots:
             desktop->Dialogs.dialog("Font", [&row](QDialog *dialog) {
                 auto *name = dialog->findChild<QLineEdit *>({}, Qt::FindDirectChildrenOnly);
                 const auto *names = dialog->findChild<QListView *>();
-                QApplication::setActiveWindow(dialog);
+                activate(dialog);
                 for (const QString &text : std::get<0>(row)) {
                     name->selectAll();
                     QTest::keyClick(name, Qt::Key_Delete);

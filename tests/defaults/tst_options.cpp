@@ -273,7 +273,7 @@ private:
     void use(const std::function<void(Options &)> &what)
     {
         desktop->Dialogs.dialog("Default Options", [&](QDialog *dialog) {
-            QApplication::setActiveWindow(dialog);
+            activate(dialog);
             what(static_cast<Options &>(*dialog));
             dialog->reject();
         });
@@ -306,11 +306,11 @@ private:
                 const std::function<void(QDialog *)> &how)
     {
         desktop->Dialogs.dialog(title, [how](QDialog *dialog) {
-            QApplication::setActiveWindow(dialog);
+            activate(dialog);
             how(dialog);
         });
         click(o, button);
-        QApplication::setActiveWindow(&o);
+        activate(&o);
     }
     void chooseFontName(Options &o, const char *name)
     {

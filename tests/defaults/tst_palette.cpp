@@ -14,7 +14,7 @@ class TestPalette : public WindowTest
     {
         const QString what = qstrcmp(key, "FMapFC") == 0 ? "Font" : "Background";
         desktop->Dialogs.dialog("Select A " + what + " Color", [&](QDialog *dialog) {
-            QApplication::setActiveWindow(dialog);
+            activate(dialog);
             work(*window->FMColorPalette);
         });
         window->FontNameCombo->setFocus();
@@ -115,7 +115,7 @@ private slots:
             palette.SSTabColor->setCurrentIndex(2);
             desktop->Dialogs.message(ResetTitle, "There is nothing to Reset.", "Ok");
             click(palette.ResetButton);
-            QApplication::setActiveWindow(&palette);
+            activate(&palette);
             for (const auto &[key, name] :
                  {std::pair(Qt::Key_Escape, "Medium Blue"), {Qt::Key_Return, "Mine"}}) {
                 click(palette.TextButton);

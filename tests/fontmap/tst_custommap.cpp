@@ -268,7 +268,7 @@ private:
         bool shown = false;
         desktop->Dialogs.dialog(editor->windowTitle(), [&](QDialog *) { shown = true; });
         editor->show();
-        QApplication::setActiveWindow(editor.get());
+        activate(editor.get());
         QVERIFY(QTest::qWaitFor([&] { return shown; }));
     }
     QString path(const char *name) const { return desktop->Folder.filePath(name); }

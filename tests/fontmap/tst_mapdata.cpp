@@ -58,7 +58,7 @@ private slots:
                         Captions{"A", "B ", "C", "D", "E"}),
               {"1\n\"A\"\r\n2\r\nB\n3,\n4,\n5,\n", {"A", "B"}},  // over lines
               {"9,\"\"\nx,\n-1,\n4,D\n5,\n", {"", "", "", "D"}}, // wrong numbers of blank records
-              {"1,\"\x81\"\n2,\x9D\n3,\n4,\n5,\n", {u"\u0081"_qs, u"\u009D"_qs}},
+              {"1,\"\x81\"\n2,\x9D\n3,\n4,\n5,\n", {QChar(0x81), QChar(0x9D)}},
               {"1,Q9\n2,\"xxx\"\n3,\n4,\n5,\n", {"Q9", "xxx"}},
               {"1,xx\n2,x\n3,\n4,\n5,\n", {"\"", "x"}}}) {
             const auto read = CustomMapFile::read(withRecords(first, 5));

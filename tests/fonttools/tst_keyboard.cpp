@@ -68,7 +68,7 @@ private slots:
         }
         // One that comes up over another window.
         QCOMPARE(send(QEvent::KeyPress, Qt::Key_Shift, {}), Shifted);
-        QApplication::setActiveWindow(window);
+        activate(window);
         QCOMPARE(shown(), Plain);
     }
 
@@ -198,7 +198,7 @@ private:
         QVERIFY(window->FindFontItem(font));
         keyboard->SetupKeyboard(window->Format.TBFontIndex, font, size);
         keyboard->show();
-        QApplication::setActiveWindow(keyboard.get());
+        activate(keyboard.get());
         QVERIFY(QTest::qWaitForWindowExposed(keyboard.get()));
     }
     void click(const QPoint &at)

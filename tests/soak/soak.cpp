@@ -117,7 +117,7 @@ private:
         } catch (const ProgramEnd &) { // the first question was answered with No
             return start();
         }
-        QApplication::setActiveWindow(Window.get());
+        activate(Window.get());
     }
 
     void step()

@@ -156,7 +156,7 @@ Zendova *Desktop::startAsItIs(const QString &commandTail)
     Window = std::make_unique<Zendova>(commandTail);
     Window->Start();
     Started = true;
-    QApplication::setActiveWindow(Window.get());
+    activate(Window.get());
     if (!QTest::qWaitForWindowExposed(Window.get()) ||
         !QTest::qWaitFor([this] { return !Window->FirstActivate; }))
         qWarning("The window never showed or never became active.");

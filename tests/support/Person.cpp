@@ -58,11 +58,21 @@ void clickCell(Zendova *window, int cell, Qt::MouseButton button)
                       window->FMapContainer->CharButton->pixels(cell).center());
 }
 
+void activate(QWidget *window)
+{
+    // What the toolkit advises instead comes into force in the event loop only, which must not run
+    // within the handler of a dialog: it would come upon the next dialog.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(window);
+    QT_WARNING_POP
+}
+
 void typeFileName(QDialog *dialog, const QString &path)
 {
     auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
     edit->setCompleter(nullptr); // whose list would take the key below
-    QApplication::setActiveWindow(dialog);
+    activate(dialog);
     edit->setFocus(); // without it what is typed follows the list instead
     edit->selectAll();
     QTest::keyClicks(edit, path);
@@ -134,12 +144,18 @@ QAction *menuItem(const Zendova *window, const char *name)
     return item;
 }
 
+void clickItem(QMenu *opened, QAction *item)
+{
+    const QPoint place = opened->actionGeometry(item).center();
+    QTest::mouseMove(opened, place); // a menu takes no click of a mouse that never moved over it
+    QTest::mouseClick(opened, Qt::LeftButton, {}, place);
+}
+
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item)
 {
     auto *opened = window->findChild<QMenu *>(menu);
     opened->popup({});
-    QTest::mouseClick(opened, Qt::LeftButton, {},
-                      opened->actionGeometry(menuItem(window, item)).center());
+    clickItem(opened, menuItem(window, item));
     opened->close();
 }
 

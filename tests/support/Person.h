@@ -27,6 +27,9 @@ constexpr int cellOf(int code)
     return code - FirstCode;
 }
 
+/// Makes a window the active one at once, as a window manager does after a while.
+void activate(QWidget *window);
+
 /// Types the name into a file dialog and enters it; closes a dialog that does not take it.
 void typeFileName(QDialog *dialog, const QString &path);
 
@@ -50,6 +53,8 @@ void select(const Zendova *window, int start, int length);
 QWidgetList controlsBelow(const QWidget *parent);
 
 QAction *menuItem(const Zendova *window, const char *name);
+/// Clicks an item of a menu that is open.
+void clickItem(QMenu *opened, QAction *item);
 void chooseFromMenu(const Zendova *window, const char *menu, const char *item);
 /// Opens the menu, so that its items take the states of now, and closes it.
 void lookAtMenu(const Zendova *window, const char *menu);

@@ -195,7 +195,7 @@ private slots:
         keys("Return");
         clickCell(window, cellOf('c'));
         QCOMPARE(board()->Text(), QString("abc"));
-        QApplication::setActiveWindow(window); // as a window manager does once the message is gone
+        activate(window); // as a window manager does once the message is gone
         box()->setFocus();
         clickCell(window, cellOf('d'), Qt::RightButton);
         QApplication::activePopupWidget()->close();

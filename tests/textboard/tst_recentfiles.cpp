@@ -171,8 +171,7 @@ private:
                 return;
             texts = textsOf(menu);
             if (click > 0 && click <= menu->actions().size())
-                QTest::mouseClick(menu, Qt::LeftButton, {},
-                                  menu->actionGeometry(menu->actions().at(click - 1)).center());
+                clickItem(menu, menu->actions().at(click - 1));
             menu->close();
         });
         QTest::mouseClick(load, Qt::LeftButton, {}, QPoint(load->width() - 4, 11));

@@ -332,7 +332,7 @@ private:
     void click(const char *key) const
     {
         QTest::mouseClick(button(key), Qt::LeftButton, {}, QPoint(8, 8));
-        QApplication::setActiveWindow(window); // no window system gives the focus back here
+        activate(window); // no window system gives the focus back here
     }
     /// Loads by the dialog, behind which this is said.
     void load(const QString &name, const ExpectedMessage &said = {}, const QString &answer = "Ok",
