@@ -75,8 +75,9 @@ private:
     template<class Object>
     Object *oneOf(const QList<Object *> &list)
     {
+        // The toolkit's own hashes are other ones in each run.
         return *std::ranges::min_element(list, {}, [chance = Random()](const Object *object) {
-            return qHash(nameOf(object), chance);
+            return std::hash<std::string>{}(std::to_string(chance) + nameOf(object).toStdString());
         });
     }
 
