@@ -11,6 +11,7 @@
 #include "platform/controls/Look.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -21,6 +22,17 @@ inline void paint()
 {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// The proportional set size of the process in MiB; 0 if the system doesn't tell.
+inline int proportionalMiB()
+{
+    QFile memory("/proc/self/smaps_rollup");
+    if (memory.open(QIODevice::ReadOnly))
+        for (const QByteArray &line : memory.readAll().split('\n'))
+            if (line.startsWith("Pss:"))
+                return line.mid(4).simplified().split(' ').front().toInt() / 1024;
+    return 0;
 }
 
 /// What main() of these benchmarks does.

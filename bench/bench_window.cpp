@@ -12,7 +12,6 @@
 #include "textboard/TextBoard.h"
 
 #include <QAction>
-#include <QFile>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
@@ -178,11 +177,7 @@ void browse(benchmark::State &state, bool known)
         browser.FontListView->setCurrentIndex(items.index(row, 0));
         paint();
     }
-    QFile memory("/proc/self/smaps_rollup");
-    if (memory.open(QIODevice::ReadOnly))
-        for (const QByteArray &line : memory.readAll().split('\n'))
-            if (line.startsWith("Pss:"))
-                state.counters["MiB"] = line.mid(4).simplified().split(' ').front().toInt() / 1024;
+    state.counters["MiB"] = proportionalMiB();
 }
 
 } // namespace
