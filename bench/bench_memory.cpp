@@ -12,16 +12,20 @@
 
 namespace {
 
-/// Closes every window that comes up as soon as it has been painted.
+/// Paints every dialog that comes up, and closes it.
 class Closer : public QObject
 {
 public:
     Closer() { qApp->installEventFilter(this); }
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        auto *other = event->type() == QEvent::Paint ? qobject_cast<QWidget *>(watched) : nullptr;
-        if (other && other->isWindow() && other != window)
-            QTimer::singleShot(0, other, [this, other] { Closed += other->close() ? 1 : 0; });
+        auto *dialog = event->type() == QEvent::Show ? qobject_cast<QDialog *>(watched) : nullptr;
+        if (dialog)
+            QTimer::singleShot(0, dialog, [this, dialog] {
+                dialog->repaint();
+                ++Closed;
+                dialog->reject();
+            });
         return false;
     }
 
@@ -87,7 +91,7 @@ void opens(benchmark::State &state, const char *command)
         paint();
     });
     if (closer.Closed < state.max_iterations)
-        state.SkipWithError("The window did not come up.");
+        state.SkipWithError("Not every time there was a dialog.");
 }
 
 } // namespace
