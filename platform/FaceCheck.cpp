@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ft2build.h>
+#include <set>
 #include FT_FREETYPE_H
 #include FT_OUTLINE_H
 
@@ -49,16 +50,20 @@ bool glyphIsSound(FT_Face face, FT_UInt glyph)
 template<typename Test>
 bool allGlyphs(FT_Face face, const Test &isSound)
 {
-    if (!isSound(face, 0))
-        return false;
-    for (int code = 32; code < 256; ++code) {
-        const char16_t character = CodePage::toUnicode(static_cast<quint8>(code)).unicode();
-        for (const FT_ULong mapped : {FT_ULong{character}, 0xF000 + static_cast<FT_ULong>(code)})
-            if (const FT_UInt glyph = FT_Get_Char_Index(face, mapped);
-                glyph != 0 && !isSound(face, glyph))
-                return false;
+    std::set<FT_UInt> glyphs{0};
+    // In each of the face's tables: FreeType chooses none for a face without Unicode, the toolkit
+    // does.
+    for (int table = 0; table < face->num_charmaps; ++table) {
+        if (FT_Set_Charmap(face, face->charmaps[table]) != 0)
+            continue;
+        for (int code = 32; code < 256; ++code) {
+            const char16_t character = CodePage::toUnicode(static_cast<quint8>(code)).unicode();
+            for (const FT_ULong mapped :
+                 {FT_ULong{character}, 0xF000 + static_cast<FT_ULong>(code)})
+                glyphs.insert(FT_Get_Char_Index(face, mapped));
+        }
     }
-    return true;
+    return std::ranges::all_of(glyphs, [&](FT_UInt glyph) { return isSound(face, glyph); });
 }
 
 bool outlineIsSound(FT_Face face, FT_UInt glyph)

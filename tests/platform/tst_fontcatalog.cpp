@@ -84,7 +84,7 @@ private slots:
             "Zt Bold Only 4 4 700 always bold, Zt Cyrillic 4 0, Zt Dense 1 0, Zt First 4 17, "
             "Zt Four 4 8, Zt Gaps 4 2, Zt Gone 24 4 0, Zt Italic Only 4 13 italic always italic, "
             "Zt Latin 4 1, Zt Liar 4 12 symbol, Zt Maker [Foundry] 4 14, Zt Mixed 2 19, "
-            "Zt Old Light 4 28 300, Zt Outline 2 6, Zt Second 4 18, Zt Steep 1 0, "
+            "Zt Old Light 4 28 300, Zt Outline 2 6, Zt Roam 4 0, Zt Second 4 18, Zt Steep 1 0, "
             "Zt Symbol 4 3 symbol, Zt Tall 1 0, Zt Test 24 4 5, Zt Twin 4 22, Zt Variable 4 32, "
             "Zt Variable Light 4 16 300, Zt Vast 4 0, Zt Wide 4 23, Zt Wide Condensed 4 24, "
             "Zt Wide Extra Light 4 27 200, Zt Wide Light 4 26 300, torn 4 0";
@@ -117,7 +117,8 @@ private slots:
     /// One and the same box for every code, whatever the size and style: no other font's glyphs.
     void cannotBeDrawn()
     {
-        for (const char *family : {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Steep", "Zt Vast"})
+        for (const char *family :
+             {"Zt Gone 24", "Zt Dense", "Zt Tall", "Zt Steep", "Zt Vast", "Zt Roam"})
             for (const int pixels : {11, 16, 32})
                 for (const int style : {0, 1, 2, 3}) {
                     const QFont font = fontOf(family, style & 1, style & 2);
@@ -174,6 +175,11 @@ int main(int argc, char *argv[])
     writeFile(folder.filePath("dense.bdf"), bitmap("Dense").replace("SIZE 16", "SIZE 0 16"));
     writeFile(folder.filePath("tall.bdf"), bitmap("Tall").replace("BBX 16 16", "BBX 16 300"));
     writeFile(folder.filePath("steep.bdf"), bitmap("Steep").replace("ASCENT 16", "ASCENT 20000"));
+    // Too wide, and with tables of codes for the Macintosh alone.
+    const QByteArray unicode("\0\0\0\3\0\0\0\x14\0\3\0\1", 12);
+    const QByteArray macintosh("\0\1\0\0\0\0\0\x14\0\1\0\0", 12);
+    writeFile(folder.filePath("roam.ttf"),
+              renamed("vast.ttf", "Vast", "Roam").replace(unicode, macintosh));
     writeFile(folder.filePath("absurd.bdf"),
               bitmap("Absurd")
                   .replace("FONTBOUNDINGBOX 16 16", "FONTBOUNDINGBOX 32767 32767")
