@@ -19,6 +19,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTextDocument>
+#include <QToolButton>
 #include <QToolTip>
 
 namespace {
@@ -232,7 +233,9 @@ void Options::createControls()
     createFontControls();
     Form.Make<QWidget>("TabBack");
     SSTabOption = Form.Make<QTabWidget>("SSTabOption");
-    SSTabOption->setUsesScrollButtons(false);
+    SSTabOption->setUsesScrollButtons(true); // where the font is wide; the keys need none of them
+    for (auto *scroll : SSTabOption->tabBar()->findChildren<QToolButton *>())
+        scroll->setFocusPolicy(Qt::NoFocus);
     for (const auto &[name, caption] : Pages)
         SSTabOption->addTab(Form.Make<QWidget>(name), caption);
     for (const auto &[name, caption] : Frames)

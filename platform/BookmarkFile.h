@@ -1,5 +1,5 @@
 // The desktop's list of recently used documents as text: an XBEL file by the Desktop Bookmark
-// Specification of freedesktop.org. Knows no file.
+// standard of freedesktop.org. Knows no file.
 #pragma once
 
 #include <QByteArray>

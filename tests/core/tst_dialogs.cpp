@@ -101,7 +101,7 @@ private slots:
         // way, nothing has to be scrolled.
         for (const QString &text : {QString("One more line\r").repeated(60), QString(2000, 'W'),
                                     QString("\r\r<b>no markup</b> & no entity"),
-                                    "\r\r\r\r" + QString(250, 'W') + "\rdoes not exist."}) {
+                                    "\r\r\r\r" + QString(180, 'W') + "\rdoes not exist."}) {
             const auto use = [text](Message &dialog) {
                 QCOMPARE(dialog.MessageArea->textFormat(), Qt::PlainText);
                 // Long words and folders have invisible places to break a line.
