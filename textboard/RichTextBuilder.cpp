@@ -25,8 +25,9 @@ void RichTextBuilder::append(QString characters, const RichTextLook &look)
         dropLast();
     }
     const QString fitting = CodePage::fit(characters);
+    constexpr auto composed = QString::NormalizationForm_C;
     Text.IsFitted |=
-        fitting != characters && fitting != characters.normalized(QString::NormalizationForm_C);
+        fitting != characters && fitting.normalized(composed) != characters.normalized(composed);
     const QByteArray codes = CodePage::toBytes(fitting);
     append(codes.constData(), codes.size(), look);
 }

@@ -1,6 +1,7 @@
 // The dialog of default options as a person uses it: what is set in it, seen at the next start; its
 // samples, its rules, and what it makes of damaged settings.
 #include "tests/support/MainWindow.h"
+#include "tests/support/OtherProgram.h"
 
 #include "core/Message.h"
 #include "defaults/FMColorPalette.h"
@@ -229,6 +230,19 @@ private slots:
             const auto *right = o.findChild<QAbstractButton *>("OAlign1");
             QCOMPARE(right->toolTip(), "Select to center text");
             QCOMPARE(right->accessibleName(), "Right");
+        });
+    }
+
+    void whatCanNotBeSaved()
+    {
+        use([this](Options &o) {
+            click(o, "OVCOnR");
+            {
+                OtherProgram other(desktop->settingsFile());
+                QVERIFY(other.run("BEGIN EXCLUSIVE"));
+                set(o, {" Default Settings Error", "The changes could not be saved"});
+            }
+            set(o); // the dialog is still there, with all that was chosen
         });
     }
 

@@ -45,6 +45,7 @@ constexpr Said ForeignColor{" File Load Error", "does not match the 16 predefine
 constexpr Said SizeTooSmall{" File Load Error", "smaller than the minimum TextBoard font Size"};
 constexpr Said SizeTooLarge{" File Load Error", "exceeds the maximum TextBoard font Size of 36"};
 constexpr Said UnknownError{" Unknown Error", "write to feedback@zendova.example"};
+constexpr Said TextReplaced{" File Save Warning", "some were replaced or left out"};
 constexpr Said SettingsReplaced{" File Save Warning", "will overwrite it's original font"};
 constexpr Said NotSaved{" File Save Error", "It is still on the TextBoard. %1"};
 

@@ -95,7 +95,39 @@ private slots:
             const auto contents = readRichText(document);
             QVERIFY(contents);
             QCOMPARE(CodePage::fromBytes(contents->Codes), shown);
+            const auto composed = [](const char *letters) {
+                return QString(letters).normalized(QString::NormalizationForm_C);
+            };
+            QCOMPARE(contents->IsFitted, composed(text) != composed(shown));
         }
+    }
+
+    void searches()
+    {
+        constexpr int wholeWord = TextBoardRTF::WholeWord;
+        for (const auto &[page, text, wanted, options, place] :
+             {std::tuple(1253, "a ΛΟΓΟΣ", "λογος", 0, 2),
+              {1253, "a λογος", "ΛΟΓΟΣ", 0, 2},
+              {1254, "a ILIK", "ılık", 0, 2},
+              {1254, "a İZMİR", "izmir", 0, 2},
+              {1254, "aıİ", "I", TextBoardRTF::MatchCase, -1},
+              {874, "กี่", "ก", wholeWord, -1},
+              {1258, "cấu", "câ", wholeWord, -1},
+              {1258, "cấu câ", "câ", wholeWord, 5}}) {
+            QVERIFY(CodePage::use(page));
+            TextBoardRTF board;
+            board.setText(text);
+            QCOMPARE(board.Find(wanted, 0, {}, options), qsizetype(place));
+        }
+    }
+
+    void longRunsAreNotCut()
+    {
+        QVERIFY(CodePage::use(874));
+        const auto contents = readRichText(R"({\rtf1\ansi\ansicpg65001 )" +
+                                           QByteArray(R"(\'e0\'b8\'81)").repeated(5000) + '}');
+        QVERIFY(contents);
+        QCOMPARE(CodePage::fromBytes(contents->Codes), QString("ก").repeated(5000));
     }
 
     void whatIsTypedOrPasted()

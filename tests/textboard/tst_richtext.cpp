@@ -88,6 +88,8 @@ private slots:
         row("escaped substitutes", R"(\uc2 \u8364\{\'31a\u8220\ldblquote x b)", "€a“ b");
         row("the document's own", R"(\u1046*\u8209-\uc2\u1046zha{\u1046}/\uc0\u1046 b)",
             "*-zha?/?b");
+        row("those of characters outside 16 bits", R"( \u119964 X\u65601 X\u128512:\u-70000 x)",
+            "AX:x");
         row("missing substitutes", R"({\u8364}a{\u8364}{b}\u8364\par \u8220\u97\u8221\b x)",
             "€a€b€|“a”x");
         row("surrogates", R"( \u-10179?\u-8704?a\u128512?\u-10179?b\u-8704?\u1114112?\u0?c)",

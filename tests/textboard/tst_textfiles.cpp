@@ -127,6 +127,22 @@ private slots:
         save("b.zuf");
     }
 
+    void lettersOfOtherPages()
+    {
+        window->DisplayOW->setChecked(false);
+        const QByteArray content = document("a\\u1078?b");
+        write("a.zuf", content);
+        load("a.zuf");
+        QCOMPARE(text(), QString("a?b"));
+        save("a.zuf", TextReplaced, "No");
+        QCOMPARE(contentOf(path("a.zuf")), content);
+        save("b.zuf"); // which has all that the board has
+        save("b.zuf");
+        load("a.zuf");
+        save("a.zuf", TextReplaced, "Yes");
+        save("a.zuf");
+    }
+
     void guards()
     {
         write("a.txt", "loaded");
