@@ -277,7 +277,10 @@ private slots:
             buffer.Truncate(length);
             QCOMPARE(buffer.Text(), text);
             QCOMPARE(buffer.SelLength(), 0);
-            QCOMPARE(attributesOf(buffer), "Arial 12 - #000000 right");
+            for (const qsizetype place : {buffer.TextLength(), qsizetype(0)}) {
+                buffer.setSelStart(place); // of what stands there, or would at the end
+                QCOMPARE(attributesOf(buffer), "Arial 12 - #000000 right");
+            }
             QCOMPARE(readRichText(buffer.TextRTF())->Codes, text);
         }
     }
