@@ -280,6 +280,9 @@ private slots:
                      keys("Down");
                  }),
                  "");
+        QCOMPARE(news([&] { keys("F8, F8"); }),
+                 "Left edge of " + window->CoolBarCM->band(1)->accessibleName());
+        keys("Esc");
         QCOMPARE(news([&] { clickCell(window, cellOf('z')); }), "z inserted");
         board()->setSelStart(0);
         window->EditFind_Click();

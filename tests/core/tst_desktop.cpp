@@ -102,6 +102,7 @@ private slots:
         panel.CharButton_MouseMove(cellOf(233));
         QCOMPARE(map->focusChild(), accented);
         QVERIFY(accented->state().active && !letter->state().active);
+        QVERIFY(accented->state().selectable);
         panel.CharButton->setCaption(cellOf(233), {});
         panel.CharInfo.at(cellOf(233)) = {};
         QCOMPARE(accented->text(QAccessible::Name), QString("Empty"));

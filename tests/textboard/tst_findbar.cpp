@@ -25,9 +25,10 @@ private slots:
                 press("Find");
             else if (way == "Close")
                 QTest::mouseClick(bar()->CloseFindButton, Qt::LeftButton);
-            else if (way == "Esc on the board")
-                QTest::keyClick(board(), Qt::Key_Escape);
-            else
+            else if (way == "Esc on the board") {
+                board()->setFocus();
+                keys("Esc");
+            } else
                 keys(way);
         };
         const auto isMarked = [this] {
