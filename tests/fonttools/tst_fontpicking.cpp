@@ -96,6 +96,25 @@ private slots:
         }
     }
 
+    void walksThroughAllFonts()
+    {
+        makeGlyphsReadable(window);
+        const FontCatalog &catalog = FontCatalog::current();
+        const QString kept = fontFaceName(window->FontList.entry(2));
+        FontCatalog::current().keep(kept);
+        for (int round = 0; round < 2; ++round)
+            for (int row = 0; row < window->FontList.count(); ++row)
+                QVERIFY(chooseFont(window, fontFaceName(window->FontList.entry(row))));
+        int loaded = 0;
+        for (int row = 0; row < window->FontList.count(); ++row)
+            loaded += catalog.isLoaded(fontFaceName(window->FontList.entry(row)));
+        QVERIFY2(loaded <= 22, qPrintable(QString::number(loaded))); // those of late, and the kept
+        QVERIFY(window->FontList.count() > 25);
+        QVERIFY(catalog.isLoaded(kept));
+        QVERIFY(chooseFont(window, "Zt Second"));
+        QCOMPARE(firstGlyph(window, "A"), (GlyphPicture{.code = 'A', .font = 18}));
+    }
+
     void listGivesTheFocusBack()
     {
         FontCombo *fonts = window->FontNameCombo;
